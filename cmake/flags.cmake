@@ -1,0 +1,26 @@
+# What every binary of the project is compiled and linked with.
+add_library(project_flags INTERFACE)
+
+target_compile_definitions(project_flags INTERFACE
+  WINVER=0x0501 _WIN32_WINNT=0x0501 _WIN32_IE=0x0600  # Windows XP and its common controls
+  NOMINMAX STRICT)
+
+target_compile_options(project_flags INTERFACE
+  $<$<COMPILE_LANGUAGE:CXX>:
+    -Wall -Wextra -Werror
+    -march=pentium4 -mfpmath=sse
+    # The system calls back with a stack aligned to 4 bytes; SSE code needs 16.
+    -mstackrealign
+    # No path of the building machine in a binary.
+    -ffile-prefix-map=${CMAKE_SOURCE_DIR}/=
+  >)
+
+# Exceptions cross the borders of the libraries, so all of them share one C++ runtime.
+target_link_options(project_flags INTERFACE
+  -shared-libgcc LINKER:--large-address-aware LINKER:--dynamicbase LINKER:--nxcompat)
+
+if(ORVANE_CHECKED)
+  target_compile_definitions(project_flags INTERFACE ORVANE_CHECKED _GLIBCXX_ASSERTIONS)
+  target_compile_options(project_flags INTERFACE
+    $<$<COMPILE_LANGUAGE:CXX>:-fsanitize=undefined -fsanitize-undefined-trap-on-error -fno-sanitize=vptr>)
+endif()

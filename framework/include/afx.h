@@ -1,0 +1,3 @@
+// The framework's foundation. (Being written.)
+#pragma once
+#include <windows.h>

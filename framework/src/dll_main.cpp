@@ -1,0 +1,3 @@
+#include <afxwin.h>
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD, LPVOID) { return TRUE; }

@@ -1,0 +1,3 @@
+#include <afxwin.h>
+
+int main() { return 0; }
