@@ -2,7 +2,7 @@
 add_library(project_flags INTERFACE)
 
 target_compile_definitions(project_flags INTERFACE
-  WINVER=0x0501 _WIN32_WINNT=0x0501 _WIN32_IE=0x0600  # Windows XP and its common controls
+  WINVER=0x0601 _WIN32_WINNT=0x0601 _WIN32_IE=0x0800  # Windows 7 and later
   NOMINMAX STRICT)
 
 target_compile_options(project_flags INTERFACE

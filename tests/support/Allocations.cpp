@@ -1,0 +1,370 @@
+#include "support/Allocations.h"
+
+#include <windows.h>
+#include <psapi.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "support/ImportTable.h"
+
+namespace allocations {
+namespace {
+
+constexpr size_t kTail = 16;  // bytes behind a block that show whether it was written past its end
+constexpr unsigned char kTailByte = 0xFD;
+constexpr unsigned char kNewByte = 0xCD;
+constexpr unsigned char kFreedByte = 0xDD;
+constexpr size_t kPage = 4096;
+
+#ifdef ORVANE_CHECKED
+constexpr bool kFill = true;
+#else
+constexpr bool kFill = false;
+#endif
+
+struct Block {
+  unsigned char* address;  // null: a free place; kErased: a place that was used
+  size_t size;
+  unsigned number;
+  bool guarded;
+};
+
+unsigned char* const kErased = reinterpret_cast<unsigned char*>(1);
+
+// The live blocks: a hash table with open addressing in memory of its own, since it must not
+// allocate through what it counts.
+class Registry {
+ public:
+  void Add(const Block& block) {
+    if ((m_used + 1) * 2 > m_capacity) Grow();
+    if (Place(block.address)->address == nullptr) ++m_used;
+    *Place(block.address) = block;
+    ++m_live.blocks;
+    m_live.bytes += block.size;
+    if (m_live.bytes > m_peak) m_peak = m_live.bytes;
+  }
+
+  bool Take(void* address, Block* block) {
+    if (m_capacity == 0) return false;
+    Block* place = Place(static_cast<unsigned char*>(address));
+    if (place->address != address) return false;
+    *block = *place;
+    place->address = kErased;
+    --m_live.blocks;
+    m_live.bytes -= block->size;
+    return true;
+  }
+
+  template <class Visit>
+  void ForEach(Visit visit) const {
+    for (size_t i = 0; i < m_capacity; ++i) {
+      if (m_table[i].address > kErased) visit(m_table[i]);
+    }
+  }
+
+  Live live() const { return m_live; }
+  size_t peak() const { return m_peak; }
+  void ResetPeak() { m_peak = m_live.bytes; }
+
+ private:
+  // Where an address stands, or would be put.
+  Block* Place(const unsigned char* address) const {
+    size_t i = (reinterpret_cast<size_t>(address) >> 3) * 2654435761u;
+    for (;; ++i) {
+      Block* place = &m_table[i & (m_capacity - 1)];
+      if (place->address == address || place->address == nullptr) return place;
+    }
+  }
+
+  void Grow() {
+    Block* const old = m_table;
+    const size_t oldCapacity = m_capacity;
+    size_t capacity = 1 << 12;
+    while (capacity < m_live.blocks * 4) capacity *= 2;
+    m_table = static_cast<Block*>(
+        VirtualAlloc(nullptr, capacity * sizeof(Block), MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE));
+    if (m_table == nullptr) {
+      fputs("allocations: no memory for the table of blocks\n", stderr);
+      abort();
+    }
+    m_capacity = capacity;
+    m_used = 0;
+    for (size_t i = 0; i < oldCapacity; ++i) {
+      if (old[i].address <= kErased) continue;
+      *Place(old[i].address) = old[i];
+      ++m_used;
+    }
+    if (old != nullptr) VirtualFree(old, 0, MEM_RELEASE);
+  }
+
+  Block* m_table = nullptr;
+  size_t m_capacity = 0;
+  size_t m_used = 0;  // live and erased places
+  Live m_live = {0, 0};
+  size_t m_peak = 0;
+};
+
+struct State {
+  State() { InitializeCriticalSection(&lock); }
+  CRITICAL_SECTION lock;
+  Registry blocks;
+  unsigned number = 0;
+  unsigned failAt = 0;  // the number of the allocation that fails
+  bool failed = false;
+  int guardPages = 0;
+  char damage[200] = "";
+
+  decltype(&malloc) realMalloc = nullptr;
+  decltype(&calloc) realCalloc = nullptr;
+  decltype(&realloc) realRealloc = nullptr;
+  decltype(&free) realFree = nullptr;
+};
+
+State& state() {
+  static State state;
+  return state;
+}
+
+class Lock {
+ public:
+  Lock() { EnterCriticalSection(&state().lock); }
+  ~Lock() { LeaveCriticalSection(&state().lock); }
+};
+
+size_t GuardedRegion(size_t size) { return (size + kPage - 1) / kPage * kPage + kPage; }
+
+unsigned char* AllocateGuarded(size_t size) {
+  const size_t region = GuardedRegion(size);
+  auto* base =
+      static_cast<unsigned char*>(VirtualAlloc(nullptr, region, MEM_RESERVE, PAGE_NOACCESS));
+  if (base == nullptr) return nullptr;
+  if (region > kPage && VirtualAlloc(base, region - kPage, MEM_COMMIT, PAGE_READWRITE) == nullptr) {
+    VirtualFree(base, 0, MEM_RELEASE);
+    return nullptr;
+  }
+  return base + region - kPage - size;
+}
+
+void FreeGuarded(unsigned char* address, size_t size) {
+  VirtualFree(address + size + kPage - GuardedRegion(size), 0, MEM_RELEASE);
+}
+
+extern "C" void* __cdecl countedMalloc(size_t size) {
+  Lock lock;
+  State& s = state();
+  const unsigned number = ++s.number;
+  if (number == s.failAt) {
+    s.failed = true;
+    return nullptr;
+  }
+  const bool guarded = s.guardPages > 0;
+  const size_t rounded = (size + 3) / 4 * 4;
+  auto* block = guarded ? AllocateGuarded(rounded)
+                        : static_cast<unsigned char*>(s.realMalloc(size + (kFill ? kTail : 0)));
+  if (block == nullptr) return nullptr;
+  if (kFill) {
+    memset(block, kNewByte, size);
+    if (!guarded) memset(block + size, kTailByte, kTail);
+  }
+  s.blocks.Add({block, guarded ? rounded : size, number, guarded});
+  return block;
+}
+
+extern "C" void __cdecl countedFree(void* address) {
+  if (address == nullptr) return;
+  Lock lock;
+  State& s = state();
+  Block block;
+  if (!s.blocks.Take(address, &block)) {
+    s.realFree(address);
+    return;
+  }
+  if (block.guarded) {
+    FreeGuarded(block.address, block.size);
+    return;
+  }
+  if (kFill) {
+    for (size_t i = 0; i < kTail; ++i) {
+      if (block.address[block.size + i] == kTailByte) continue;
+      snprintf(s.damage, sizeof s.damage,
+               "a block of %u bytes (allocation %u) was written %u bytes past its end",
+               static_cast<unsigned>(block.size), block.number, static_cast<unsigned>(i + 1));
+    }
+    memset(block.address, kFreedByte, block.size);
+  }
+  s.realFree(address);
+}
+
+extern "C" void* __cdecl countedCalloc(size_t count, size_t size) {
+  if (size != 0 && count > static_cast<size_t>(-1) / size) return nullptr;
+  void* block = countedMalloc(count * size);
+  if (block != nullptr) memset(block, 0, count * size);
+  return block;
+}
+
+extern "C" void* __cdecl countedRealloc(void* address, size_t size) {
+  if (address == nullptr) return countedMalloc(size);
+  Lock lock;
+  State& s = state();
+  Block old;
+  if (!s.blocks.Take(address, &old)) return s.realRealloc(address, size);
+  s.blocks.Add(old);
+  if (size == 0) {
+    countedFree(address);
+    return nullptr;
+  }
+  void* block = countedMalloc(size);
+  if (block == nullptr) return nullptr;
+  memcpy(block, address, old.size < size ? old.size : size);
+  countedFree(address);
+  return block;
+}
+
+struct Hook {
+  const char* name;
+  void* function;
+  void** real;
+};
+
+void HookModule(HMODULE module) {
+  State& s = state();
+  const Hook hooks[] = {
+      {"malloc", reinterpret_cast<void*>(countedMalloc), reinterpret_cast<void**>(&s.realMalloc)},
+      {"calloc", reinterpret_cast<void*>(countedCalloc), reinterpret_cast<void**>(&s.realCalloc)},
+      {"realloc", reinterpret_cast<void*>(countedRealloc),
+       reinterpret_cast<void**>(&s.realRealloc)},
+      {"free", reinterpret_cast<void*>(countedFree), reinterpret_cast<void**>(&s.realFree)},
+  };
+  ForEachImport(module, [&](const char* name, void** place) {
+    for (const Hook& hook : hooks) {
+      if (strcmp(name, hook.name) == 0 && *place != hook.function) {
+        ReplaceImport(place, hook.function);
+      }
+    }
+  });
+}
+
+std::string FolderOf(HMODULE module) {
+  char path[MAX_PATH] = "";
+  GetModuleFileNameA(module, path, MAX_PATH);
+  const std::string text = path;
+  return text.substr(0, text.find_last_of('\\') + 1);
+}
+
+}  // namespace
+
+void Install() {
+  State& s = state();
+  const HMODULE runtime = GetModuleHandleA("msvcrt.dll");
+  const auto real = [runtime](const char* name) {
+    return reinterpret_cast<void*>(GetProcAddress(runtime, name));
+  };
+  s.realMalloc = reinterpret_cast<decltype(&malloc)>(real("malloc"));
+  s.realCalloc = reinterpret_cast<decltype(&calloc)>(real("calloc"));
+  s.realRealloc = reinterpret_cast<decltype(&realloc)>(real("realloc"));
+  s.realFree = reinterpret_cast<decltype(&free)>(real("free"));
+
+  HMODULE modules[256];
+  DWORD size = 0;
+  EnumProcessModules(GetCurrentProcess(), modules, sizeof modules, &size);
+  const std::string ours = FolderOf(nullptr);
+  for (DWORD i = 0; i < size / sizeof(HMODULE) && i < 256; ++i) {
+    char path[MAX_PATH] = "";
+    GetModuleFileNameA(modules[i], path, MAX_PATH);
+    // The thread library keeps a block for every thread it has seen, so it is left out.
+    if (FolderOf(modules[i]) == ours && strstr(path, "libwinpthread") == nullptr) {
+      HookModule(modules[i]);
+    }
+  }
+}
+
+Live Count() {
+  Lock lock;
+  return state().blocks.live();
+}
+
+unsigned Mark() {
+  Lock lock;
+  return state().number;
+}
+
+std::string DescribeSince(unsigned mark) {
+  Lock lock;
+  std::string text;
+  int lines = 0;
+  state().blocks.ForEach([&](const Block& block) {
+    if (block.number <= mark || ++lines > 10) return;
+    char line[120];
+    snprintf(line, sizeof line, "  allocation %u: %u bytes \"", block.number - mark,
+             static_cast<unsigned>(block.size));
+    text += line;
+    for (size_t i = 0; i < block.size && i < 32; ++i) {
+      const unsigned char c = block.address[i];
+      text += c >= 0x20 && c < 0x7F ? static_cast<char>(c) : '.';
+    }
+    text += "\"\n";
+  });
+  return text;
+}
+
+void ResetPeak() {
+  Lock lock;
+  state().blocks.ResetPeak();
+}
+
+size_t Peak() {
+  Lock lock;
+  return state().blocks.peak();
+}
+
+std::string TakeDamage() {
+  Lock lock;
+  std::string damage = state().damage;
+  state().damage[0] = 0;
+  return damage;
+}
+
+GuardPages::GuardPages() {
+  Lock lock;
+  ++state().guardPages;
+}
+
+GuardPages::~GuardPages() {
+  Lock lock;
+  --state().guardPages;
+}
+
+FailNth::FailNth(unsigned n) {
+  Lock lock;
+  state().failed = false;
+  state().failAt = state().number + n;
+}
+
+FailNth::~FailNth() {
+  Lock lock;
+  state().failAt = 0;
+}
+
+bool FailNth::Happened() const {
+  Lock lock;
+  return state().failed;
+}
+
+GuardedBytes::GuardedBytes(const void* bytes, size_t size) : m_size(size) {
+  const size_t pages = (size + kPage - 1) / kPage * kPage;
+  m_region = static_cast<unsigned char*>(
+      VirtualAlloc(nullptr, pages + 2 * kPage, MEM_RESERVE, PAGE_NOACCESS));
+  if (m_region == nullptr ||
+      (pages > 0 && VirtualAlloc(m_region + kPage, pages, MEM_COMMIT, PAGE_READWRITE) == nullptr)) {
+    fputs("allocations: no memory for a guarded block\n", stderr);
+    abort();
+  }
+  m_data = m_region + kPage + pages - size;
+  if (size > 0) memcpy(m_data, bytes, size);
+}
+
+GuardedBytes::~GuardedBytes() { VirtualFree(m_region, 0, MEM_RELEASE); }
+
+}  // namespace allocations

@@ -1,0 +1,151 @@
+#include "support/Watchdog.h"
+
+#include <windows.h>
+
+#include <atomic>
+#include <cstdio>
+
+namespace watchdog {
+namespace {
+
+constexpr DWORD kPollMilliseconds = 50;
+constexpr unsigned kHangExitCode = 99;
+
+struct State {
+  State() { InitializeCriticalSection(&lock); }
+  CRITICAL_SECTION lock;
+  const char* test = nullptr;
+  ULONGLONG deadline = 0;
+  char windows[1024] = "";  // a plain buffer: the tests' allocations are counted
+
+  std::atomic<int> expected{0};
+  unsigned seconds = 0;
+  DWORD mainThread = 0;
+};
+
+State& state() {
+  static State state;
+  return state;
+}
+
+void Append(char* text, size_t size, const char* more) {
+  const size_t length = strlen(text);
+  snprintf(text + length, size - length, "%s", more);
+}
+
+BOOL CALLBACK DescribeChild(HWND window, LPARAM text) {
+  char title[200] = "";
+  SendMessageTimeoutA(window, WM_GETTEXT, sizeof title, reinterpret_cast<LPARAM>(title),
+                      SMTO_ABORTIFHUNG, 200, nullptr);
+  if (title[0] != 0) {
+    Append(reinterpret_cast<char*>(text), 1024, " / ");
+    Append(reinterpret_cast<char*>(text), 1024, title);
+  }
+  return TRUE;
+}
+
+// A window's class, title and the texts of its controls.
+void Describe(HWND window, char* text) {
+  char part[200] = "";
+  GetClassNameA(window, part, sizeof part);
+  Append(text, 1024, "  [");
+  Append(text, 1024, part);
+  Append(text, 1024, "] ");
+  GetWindowTextA(window, part, sizeof part);
+  Append(text, 1024, part);
+  EnumChildWindows(window, DescribeChild, reinterpret_cast<LPARAM>(text));
+  Append(text, 1024, "\n");
+}
+
+bool IsOurs(HWND window) {
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  return process == GetCurrentProcessId() && IsWindowVisible(window);
+}
+
+BOOL CALLBACK CloseStray(HWND window, LPARAM) {
+  if (!IsOurs(window) || state().expected > 0) return TRUE;
+  char text[1024] = "";
+  Describe(window, text);
+  EnterCriticalSection(&state().lock);
+  Append(state().windows, sizeof state().windows, text);
+  LeaveCriticalSection(&state().lock);
+  PostMessageA(window, WM_CLOSE, 0, 0);
+  return TRUE;
+}
+
+BOOL CALLBACK PrintWindow(HWND window, LPARAM) {
+  if (!IsOurs(window)) return TRUE;
+  char text[1024] = "";
+  Describe(window, text);
+  fputs(text, stderr);
+  return TRUE;
+}
+
+// Where the main thread is, as an offset in its module, for a debugger.
+void PrintPlace() {
+  const HANDLE thread =
+      OpenThread(THREAD_SUSPEND_RESUME | THREAD_GET_CONTEXT, FALSE, state().mainThread);
+  if (thread == nullptr) return;
+  SuspendThread(thread);
+  CONTEXT context = {};
+  context.ContextFlags = CONTEXT_CONTROL;
+  if (GetThreadContext(thread, &context)) {
+    const auto* place = reinterpret_cast<const char*>(context.Eip);
+    HMODULE module = nullptr;
+    GetModuleHandleExA(
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+        place, &module);
+    char name[MAX_PATH] = "?";
+    if (module != nullptr) GetModuleFileNameA(module, name, MAX_PATH);
+    fprintf(stderr, "  the main thread is in %s + 0x%x\n", name,
+            static_cast<unsigned>(place - reinterpret_cast<const char*>(module)));
+  }
+}
+
+DWORD WINAPI Run(void*) {
+  for (;;) {
+    Sleep(kPollMilliseconds);
+    EnterCriticalSection(&state().lock);
+    const char* test = state().test;
+    const bool late = test != nullptr && GetTickCount64() > state().deadline;
+    LeaveCriticalSection(&state().lock);
+    if (test == nullptr) continue;
+    EnumWindows(CloseStray, 0);
+    if (!late) continue;
+    fprintf(stderr, "\n[  HANGS   ] %s: not done after %u seconds. Its windows:\n", test,
+            state().seconds);
+    EnumWindows(PrintWindow, 0);
+    PrintPlace();
+    fflush(stderr);
+    TerminateProcess(GetCurrentProcess(), kHangExitCode);
+  }
+}
+
+}  // namespace
+
+void Start(unsigned seconds) {
+  state().seconds = seconds;
+  state().mainThread = GetCurrentThreadId();
+  CloseHandle(CreateThread(nullptr, 0, Run, nullptr, 0, nullptr));
+}
+
+void Watch(const char* test) {
+  EnterCriticalSection(&state().lock);
+  state().test = test;
+  state().deadline = GetTickCount64() + state().seconds * 1000ull;
+  LeaveCriticalSection(&state().lock);
+}
+
+std::string TakeStrayWindows() {
+  EnterCriticalSection(&state().lock);
+  std::string windows = state().windows;
+  state().windows[0] = 0;
+  LeaveCriticalSection(&state().lock);
+  return windows;
+}
+
+ExpectWindows::ExpectWindows() { ++state().expected; }
+ExpectWindows::~ExpectWindows() { --state().expected; }
+
+}  // namespace watchdog
