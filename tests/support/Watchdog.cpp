@@ -103,7 +103,10 @@ void PrintPlace() {
   }
 }
 
-DWORD WINAPI Run(void*) {
+DWORD WINAPI Run(void* started) {
+  // The first look at the windows opens handles that stay: not while a test's are counted.
+  EnumWindows(CloseStray, 0);
+  SetEvent(started);
   for (;;) {
     Sleep(kPollMilliseconds);
     EnterCriticalSection(&state().lock);
@@ -127,7 +130,10 @@ DWORD WINAPI Run(void*) {
 void Start(unsigned seconds) {
   state().seconds = seconds;
   state().mainThread = GetCurrentThreadId();
-  CloseHandle(CreateThread(nullptr, 0, Run, nullptr, 0, nullptr));
+  const HANDLE started = CreateEventA(nullptr, TRUE, FALSE, nullptr);
+  CloseHandle(CreateThread(nullptr, 0, Run, started, 0, nullptr));
+  WaitForSingleObject(started, INFINITE);
+  CloseHandle(started);
 }
 
 void Watch(const char* test) {
