@@ -1,5 +1,5 @@
+// The collection templates.
 #pragma once
-#include <afxwin.h>
-template <class T, class A>
-class CArray;
-class CString;
+
+#include "afx.h"
+#include "afxarray_.h"

@@ -1,0 +1,5 @@
+// Extensions of the framework.
+#pragma once
+
+#include "afxwin.h"
+#include "afxdll_.h"

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <afxver_.h>
+
+// Copies a text into a caller's buffer of nMaxError characters; what does not fit is cut off.
+void copyText(LPCSTR text, LPTSTR lpszError, UINT nMaxError);
