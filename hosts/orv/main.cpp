@@ -1,3 +1,74 @@
+// orv: the library from a command line, for developers who try it and for scripts.
 #include <afxwin.h>
 
-int main() { return 0; }
+#include <cstdio>
+#include <cstring>
+
+#include "commands.h"
+
+// Arguments such as *.txt are patterns of the commands: the runtime is not to expand them.
+extern "C" int _CRT_glob;
+int _CRT_glob = 0;
+
+namespace {
+
+struct Command {
+  const char* name;
+  const char* arguments;
+  const char* purpose;
+  int fewest;
+  int most;
+  int (*run)(int count, char** arguments);
+};
+
+constexpr Command kCommands[] = {
+    {"zip", "ARCHIVE FOLDER [PATTERN]", "writes a folder tree into an archive (-: to stdout)", 2, 3,
+     ZipCommand},
+    {"unzip", "ARCHIVE FOLDER", "extracts an archive into a folder", 2, 2, UnzipCommand},
+    {"list", "ARCHIVE", "prints size, packed size, attributes, time (UTC), name", 1, 1,
+     ListCommand},
+    {"test", "ARCHIVE", "reads every entry and checks its CRC", 1, 1, TestCommand},
+};
+
+void PrintHelp(FILE* out) {
+  fputs("usage: orv COMMAND ARGUMENTS\n\n", out);
+  for (const Command& command : kCommands) {
+    fprintf(out, "  %-6s %-26s %s\n", command.name, command.arguments, command.purpose);
+  }
+  fputs(
+      "\n  --version  prints the version\n"
+      "  --help     prints this text\n"
+      "\nExit status: 0 done, 1 failed, 2 wrong usage.\n",
+      out);
+}
+
+int Run(const Command& command, int count, char** arguments) {
+  if (count < command.fewest || count > command.most) {
+    fprintf(stderr, "usage: orv %s %s\n", command.name, command.arguments);
+    return kWrongUsage;
+  }
+  return command.run(count, arguments);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc < 2) {
+    PrintHelp(stderr);
+    return kWrongUsage;
+  }
+  const char* const name = argv[1];
+  if (strcmp(name, "--help") == 0) {
+    PrintHelp(stdout);
+    return kDone;
+  }
+  if (strcmp(name, "--version") == 0) {
+    puts("orv " ORVANE_VERSION);
+    return kDone;
+  }
+  for (const Command& command : kCommands) {
+    if (strcmp(name, command.name) == 0) return Run(command, argc - 2, argv + 2);
+  }
+  fprintf(stderr, "orv: there is no command %s; orv --help lists them\n", name);
+  return kWrongUsage;
+}

@@ -1,13 +1,13 @@
 // Reads zip archives from a file, an open handle or memory: lists and finds entries, and extracts
 // them one at a time.
 //
-// Format: PKWARE APPNOTE 4.x, stored and deflated entries. Entries that need more (encryption, other
-// methods, several disks, 64-bit fields) give kZipCorrupt when they are opened, and so do entries
-// whose data overlap another's or the directory. The archive is not trusted: whatever it holds, the
-// functions give a result code and touch nothing but their target.
+// Format: PKWARE APPNOTE 4.x, stored and deflated entries. Entries that need more (encryption,
+// other methods, several disks, 64-bit fields) give kZipCorrupt when they are opened, and so do
+// entries whose data overlap another's or the directory. The archive is not trusted: whatever it
+// holds, the functions give a result code and touch nothing but their target.
 //
-// Every function sets the reader's last result, whose text FormatZipMessageU(kZipRecent, ...) gives;
-// the writer keeps its own. One thread at a time.
+// Every function sets the reader's last result, whose text FormatZipMessageU(kZipRecent, ...)
+// gives; the writer keeps its own. One thread at a time.
 #pragma once
 
 #include "zip/ZipTypes.h"
@@ -38,8 +38,8 @@ struct ZIPENTRYW : ZIPENTRY {};
 // rootFolder is where UnzipItem creates the folders of relative destinations; null: the current
 // directory. At most 259 characters with its closing "\".
 //
-// Returns the handle, or null: kZipNoDuplicate, kZipNoFile, kZipNoSeek, kZipBadArguments, kZipNoMemory,
-// or kZipCorrupt when no end record with a directory is found.
+// Returns the handle, or null: kZipNoDuplicate, kZipNoFile, kZipNoSeek, kZipBadArguments,
+// kZipNoMemory, or kZipCorrupt when no end record with a directory is found.
 ORVANE_API HZIP OpenZipU(void* source, unsigned int length, unsigned long kind,
                          const char* rootFolder);
 
@@ -59,7 +59,8 @@ ORVANE_API unsigned long FindZipItemW(HZIP archive, const char* name, bool ignor
 // Extracts an entry.
 //
 //   kZipHandle    destination is an open HANDLE, which stays the caller's; length is not used.
-//   kZipFileName  destination is the path of the file, which is created or replaced with the entry's
+//   kZipFileName  destination is the path of the file, which is created or replaced with the
+//   entry's
 //                 attributes and times. Folders of a relative destination without ".." are made
 //                 below the root folder of OpenZipU; the path itself is used as it is given.
 //   kZipMemory    destination is a block of length bytes, filled with the next bytes of the entry:

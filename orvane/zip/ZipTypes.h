@@ -19,7 +19,8 @@ enum ZipKind : unsigned long {
   kZipFolder = 4,    // sources only: an empty folder, the pointer argument is not used
 };
 
-// Result codes of the zip functions. The texts are those of FormatZipMessageZ and FormatZipMessageU.
+// Result codes of the zip functions. The texts are those of FormatZipMessageZ and
+// FormatZipMessageU.
 enum ZipResult : unsigned long {
   kZipOk = 0,
   kZipRecent = 1,  // not a result: asks FormatZipMessage for the text of the last one

@@ -1,0 +1,10 @@
+# Gives a binary its version record: add_version_record(TARGET FILE "DESCRIPTION").
+function(add_version_record target version_file version_description)
+  set(version_file_type VFT_APP)
+  if(version_file MATCHES "\\.dll$")
+    set(version_file_type VFT_DLL)
+  endif()
+  set(record ${CMAKE_CURRENT_BINARY_DIR}/${target}_version.rc)
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/version.rc.in ${record})
+  target_sources(${target} PRIVATE ${record})
+endfunction()

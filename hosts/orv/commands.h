@@ -1,0 +1,10 @@
+// The commands of the console host. Each takes the arguments that follow its name and returns the
+// exit status; results go to stdout, messages to stderr.
+#pragma once
+
+enum ExitStatus { kDone = 0, kFailed = 1, kWrongUsage = 2 };
+
+int ZipCommand(int count, char** arguments);
+int UnzipCommand(int count, char** arguments);
+int ListCommand(int count, char** arguments);
+int TestCommand(int count, char** arguments);

@@ -1,0 +1,5 @@
+// The ids of the library's resources.
+#pragma once
+
+// Texts.
+#define IDS_SCANNING_FOLDERS 23255

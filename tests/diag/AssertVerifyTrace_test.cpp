@@ -1,0 +1,88 @@
+#include "diag/AssertVerifyTrace.h"
+
+#include <gtest/gtest.h>
+
+#include "support/AssertionLog.h"
+
+TEST(AssertionLog, InactiveItEvaluatesNoConditionAndWritesNothing) {
+  int evaluated = 0;
+  ASSERT(++evaluated == 0);
+  EXPECT_EQ(evaluated, 0);
+  VERIFY(++evaluated == 0);
+  EXPECT_EQ(evaluated, 1);
+  EXPECT_EQ(AssertVerifyTrace::IsActive(), 0);
+  AssertVerifyTrace::FailedLine("source", 1);
+  EXPECT_EQ(AssertVerifyTrace::TraceEvent("t", "x"), 0);
+  EXPECT_EQ(AssertVerifyTrace::TraceOutput("file"), 0);
+}
+
+TEST(AssertionLog, FailuresNameSourceAndLineAndGoOn) {
+  const AssertionLog log;
+  int evaluated = 0;
+  ASSERT(++evaluated == 1);
+  VERIFY(++evaluated == 2);
+  EXPECT_TRUE(log.Empty());
+  const int line = __LINE__;
+  ASSERT(evaluated == 0);
+  VERIFY(evaluated == 0);
+  const auto event = [](int number) {
+    return "ASSERT: File: AssertVerifyTrace_test (" + std::to_string(number) + ")";
+  };
+  EXPECT_NE(log.Text().find("   " + event(line + 1)), std::string::npos) << log.Text();
+  EXPECT_NE(log.Text().find("   " + event(line + 2)), std::string::npos) << log.Text();
+}
+
+TEST(AssertionLog, ActiveAsSoonAsItHasAName) {
+  const TempFolder folder;
+  EXPECT_EQ(AssertVerifyTrace::InitTrace((folder / "x?y" / "log").c_str(), 0, 0), 0);
+  EXPECT_EQ(AssertVerifyTrace::IsActive(), 1);
+  EXPECT_EQ(AssertVerifyTrace::traceOutput, 0);
+  EXPECT_EQ(AssertVerifyTrace::TraceOutput("file"), 1);
+  EXPECT_EQ(AssertVerifyTrace::InitTrace("", 0, 1), 0);
+  EXPECT_EQ(AssertVerifyTrace::IsActive(), 0);
+}
+
+namespace {
+
+// Runs this program again, only the child test below, with more words on its command line.
+DWORD RunChild(const std::string& words) {
+  char self[MAX_PATH] = "";
+  GetModuleFileNameA(nullptr, self, MAX_PATH);
+  std::string command = "\"" + std::string(self) +
+                        "\" --gtest_also_run_disabled_tests "
+                        "--gtest_filter=ServerHost.DISABLED_Child " +
+                        words;
+  STARTUPINFOA startup = {};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION process = {};
+  if (!CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                      &startup, &process)) {
+    return 99;
+  }
+  WaitForSingleObject(process.hProcess, INFINITE);
+  DWORD status = 99;
+  GetExitCodeProcess(process.hProcess, &status);
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  return status;
+}
+
+}  // namespace
+
+// Not a test of its own: what the test below starts.
+TEST(ServerHost, DISABLED_Child) {
+  EXPECT_EQ(AssertVerifyTrace::InvokedFromIis(), 1);
+  EXPECT_EQ(AssertVerifyTrace::BlockGui(), 1);
+  AssertVerifyTrace::BlockGuiMessages(0);
+  EXPECT_EQ(AssertVerifyTrace::BlockGui(), 0);
+}
+
+TEST(ServerHost, IsKnownByItsCommandLine) {
+  EXPECT_EQ(AssertVerifyTrace::InvokedFromIis(), 0);
+  EXPECT_EQ(AssertVerifyTrace::BlockGui(), 0);
+  for (const char* host : {"C:\\WINDOWS\\SYSTEM32\\DLLHOST.EXE", "w3wp.exe", "aspnet_wp.exe",
+                           "xWebServer.exe.config", "vb6.exe", "INETINFO.exe"}) {
+    EXPECT_EQ(RunChild(host), 0u) << host;
+  }
+  EXPECT_NE(RunChild("apache.exe"), 0u);
+}

@@ -1,0 +1,55 @@
+#include "entry/strutils.h"
+
+#include <gtest/gtest.h>
+
+#include "support/AssertionLog.h"
+
+TEST(SplitAtLastBackslash, Table) {
+  const struct {
+    const char* text;
+    const char* left;
+    const char* right;
+  } kCases[] = {
+      {"name.log", "name.log", ""}, {"C:\\dir\\name.log", "C:\\dir", "name.log"},
+      {"C:\\dir\\", "C:\\dir", ""}, {"\\name", "", "name"},
+      {"a/b", "a/b", ""},
+  };
+  for (const auto& c : kCases) {
+    CString left("old");
+    CString right("old");
+    SplitAtLastBackslash(c.text, left, right);
+    EXPECT_STREQ(left, c.left) << c.text;
+    EXPECT_STREQ(right, c.right) << c.text;
+  }
+}
+
+TEST(SplitAtLastBackslash, ResultMayBeTheTextItself) {
+  CString path("C:\\dir\\name");
+  CString right;
+  SplitAtLastBackslash(path, path, right);
+  EXPECT_STREQ(path, "C:\\dir");
+  EXPECT_STREQ(right, "name");
+}
+
+TEST(SplitAtLastBackslash, EmptyTextIsAnAssertion) {
+  const AssertionLog log;
+  CString left, right;
+  SplitAtLastBackslash("", left, right);
+  EXPECT_STREQ(left, "");
+  EXPECT_TRUE(log.Names("strutils")) << log.Text();
+}
+
+TEST(TextAfter, FindsTheFirst) {
+  const AssertionLog log;
+  const char* const text = "a=1;a=2";
+  EXPECT_EQ(TextAfter(text, "a="), text + 2);
+  EXPECT_EQ(TextAfter("", "a"), nullptr);
+  EXPECT_EQ(TextAfter(nullptr, "a"), nullptr);
+  EXPECT_TRUE(log.Empty()) << log.Text();
+}
+
+TEST(TextAfter, MissingPrefixIsAnAssertion) {
+  const AssertionLog log;
+  EXPECT_EQ(TextAfter("abc", "x"), nullptr);
+  EXPECT_TRUE(log.Names("strutils")) << log.Text();
+}
