@@ -12,7 +12,7 @@ namespace {
 constexpr uint32_t kUnixFolder = 1u << 30;
 constexpr uint32_t kUnixWritable = 1u << 23;
 
-unsigned long windowsAttributesOf(uint32_t external) {
+unsigned long WindowsAttributesOf(uint32_t external) {
   unsigned long attributes = FILE_ATTRIBUTE_NORMAL;
   if (external & (kUnixFolder | FILE_ATTRIBUTE_DIRECTORY)) attributes |= FILE_ATTRIBUTE_DIRECTORY;
   attributes |= external & (FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
@@ -23,12 +23,12 @@ unsigned long windowsAttributesOf(uint32_t external) {
 }
 
 // Takes the times of an extended time stamp, the fields behind its id and length.
-void useTimes(const uint8_t* at, const uint8_t* end, ZIPENTRY& entry) {
+void UseTimes(const uint8_t* at, const uint8_t* end, ZIPENTRY& entry) {
   if (at == end) return;
   const uint8_t flags = *at++;
   const auto next = [&](uint8_t flag, FILETIME& time) {
     if (!(flags & flag) || end - at < 4) return;
-    time = fromUnixTime(static_cast<int32_t>(getLe32(at)));
+    time = FromUnixTime(static_cast<int32_t>(GetLe32(at)));
     at += 4;
   };
   next(kZipTimesModified, entry.mtime);
@@ -38,54 +38,54 @@ void useTimes(const uint8_t* at, const uint8_t* end, ZIPENTRY& entry) {
 
 // By design the walk steps by the low byte of a block's length. A block of 256 bytes or more
 // misleads it, and the times of the directory stand; it never leaves the field.
-void useExtraField(const uint8_t* at, size_t size, ZIPENTRY& entry) {
+void UseExtraField(const uint8_t* at, size_t size, ZIPENTRY& entry) {
   const uint8_t* const end = at + size;
   while (end - at >= 4) {
-    const uint16_t id = getLe16(at);
+    const uint16_t id = GetLe16(at);
     const size_t length = at[2];
     at += 4;
     const uint8_t* const blockEnd = at + std::min<size_t>(length, end - at);
-    if (id == kZipTimesId) return useTimes(at, blockEnd, entry);
+    if (id == kZipTimesId) return UseTimes(at, blockEnd, entry);
     at = blockEnd;
   }
 }
 
 }  // namespace
 
-ZipResult readLocalHeader(ZipInput& input, const ZipDirectory& directory,
+ZipResult ReadLocalHeader(ZipInput& input, const ZipDirectory& directory,
                           const ZipCentralRecord& record, ZipLocalHeader& header) {
   const uint64_t position = directory.Base() + record.offset;
   const uint8_t* bytes;
   size_t size;
   if (const ZipResult result = input.Show(position, kZipLocalSize, bytes, size); result != kZipOk)
     return result;
-  if (getLe32(bytes) != kZipLocalSignature) return kZipCorrupt;
-  header.extra = position + kZipLocalSize + getLe16(bytes + 26);
-  header.extraSize = getLe16(bytes + 28);
+  if (GetLe32(bytes) != kZipLocalSignature) return kZipCorrupt;
+  header.extra = position + kZipLocalSize + GetLe16(bytes + 26);
+  header.extraSize = GetLe16(bytes + 28);
   header.data = header.extra + header.extraSize;
   return input.Holds(header.data, 0) ? kZipOk : kZipCorrupt;
 }
 
-ZipResult readZipEntry(ZipInput& input, const ZipDirectory& directory, int index, ZIPENTRY& entry) {
+ZipResult ReadZipEntry(ZipInput& input, const ZipDirectory& directory, int index, ZIPENTRY& entry) {
   if (!directory.IsReadable(index)) return kZipCorrupt;
   const ZipCentralRecord record = directory.Record(index);
   ZipLocalHeader header;
-  if (const ZipResult result = readLocalHeader(input, directory, record, header); result != kZipOk)
+  if (const ZipResult result = ReadLocalHeader(input, directory, record, header); result != kZipOk)
     return result;
 
   entry = {};
   entry.index = index;
   std::memcpy(entry.name, record.name.data(), std::min(record.name.size(), sizeof entry.name - 1));
-  entry.attr = windowsAttributesOf(record.attributes);
+  entry.attr = WindowsAttributesOf(record.attributes);
   entry.comp_size = static_cast<int>(record.compressedSize);
   entry.unc_size = static_cast<int>(record.size);
-  entry.mtime = fromDosTime({record.time, record.date});
+  entry.mtime = FromDosTime({record.time, record.date});
   entry.atime = entry.ctime = entry.mtime;
   const uint8_t* extra;
   size_t shown;
   if (const ZipResult result = input.Show(header.extra, header.extraSize, extra, shown);
       result != kZipOk)
     return result;
-  useExtraField(extra, header.extraSize, entry);
+  UseExtraField(extra, header.extraSize, entry);
   return kZipOk;
 }

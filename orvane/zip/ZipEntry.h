@@ -13,8 +13,8 @@ struct ZipLocalHeader {
 };
 
 // kZipCorrupt when there is no local header, or it reaches beyond the archive; kZipReadError.
-ZipResult readLocalHeader(ZipInput& input, const ZipDirectory& directory,
+ZipResult ReadLocalHeader(ZipInput& input, const ZipDirectory& directory,
                           const ZipCentralRecord& record, ZipLocalHeader& header);
 
 // Fills the public record of an entry. The same failures, and kZipCorrupt when it isn't readable.
-ZipResult readZipEntry(ZipInput& input, const ZipDirectory& directory, int index, ZIPENTRY& entry);
+ZipResult ReadZipEntry(ZipInput& input, const ZipDirectory& directory, int index, ZIPENTRY& entry);

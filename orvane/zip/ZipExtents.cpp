@@ -11,7 +11,7 @@ namespace {
 constexpr uint64_t kMostAdded = 2 * 0xFFFF;
 
 // Unknown where it is in a 64-bit field; such an entry is never extracted.
-uint64_t knownDataSize(const ZipCentralRecord& record) {
+uint64_t KnownDataSize(const ZipCentralRecord& record) {
   const bool isUnknown = record.compressedSize == kZipMaxSize && record.Needs64Bits();
   return isUnknown ? 0 : record.compressedSize;
 }
@@ -24,7 +24,7 @@ ZipExtents::ZipExtents(ZipInput& input, const ZipDirectory& directory)
   for (int i = 0; i < directory.Count() && directory.IsReadable(i); ++i) {
     const ZipCentralRecord record = directory.Record(i);
     const uint64_t start = directory.Base() + record.offset;
-    m_extents.push_back({i, start, start + kZipLocalSize + knownDataSize(record), 0, 0, 0});
+    m_extents.push_back({i, start, start + kZipLocalSize + KnownDataSize(record), 0, 0, 0});
     if (record.offset == kZipMaxSize && record.Needs64Bits()) m_extents.back().leastEnd = start;
   }
   m_places.resize(m_extents.size());
@@ -40,7 +40,7 @@ ZipExtents::ZipExtents(ZipInput& input, const ZipDirectory& directory)
 bool ZipExtents::IsClear(int index, uint64_t dataPosition) {
   const size_t place = m_places[index];
   Extent& extent = m_extents[place];
-  extent.end = dataPosition + knownDataSize(m_directory.Record(index));
+  extent.end = dataPosition + KnownDataSize(m_directory.Record(index));
   if (extent.end > m_directory.Start()) return false;
   if (place + 1 < m_extents.size() && m_extents[place + 1].start < extent.end) return false;
   if (place == 0) return true;
@@ -52,8 +52,8 @@ uint64_t ZipExtents::EndOf(Extent& extent) {
     const ZipCentralRecord record = m_directory.Record(extent.entry);
     ZipLocalHeader header;
     // An entry without a local header can't be extracted, whatever it claims.
-    extent.end = readLocalHeader(m_input, m_directory, record, header) == kZipOk
-                     ? header.data + knownDataSize(record)
+    extent.end = ReadLocalHeader(m_input, m_directory, record, header) == kZipOk
+                     ? header.data + KnownDataSize(record)
                      : extent.leastEnd;
   }
   return extent.end;

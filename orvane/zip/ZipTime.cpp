@@ -13,7 +13,7 @@ constexpr ZipDosTime kLastDosTime = {0xBF7D, 0xFF9F};   // 2107-12-31 23:59:58
 
 }  // namespace
 
-ZipDosTime toDosTime(const FILETIME& fileTime) {
+ZipDosTime ToDosTime(const FILETIME& fileTime) {
   SYSTEMTIME utc, local;
   FILETIME localTime;
   if (!FileTimeToSystemTime(&fileTime, &utc) ||
@@ -27,7 +27,7 @@ ZipDosTime toDosTime(const FILETIME& fileTime) {
   return result;
 }
 
-FILETIME fromDosTime(ZipDosTime dosTime) {
+FILETIME FromDosTime(ZipDosTime dosTime) {
   SYSTEMTIME local = {};
   local.wYear = static_cast<WORD>(1980 + (dosTime.date >> 9));
   local.wMonth = dosTime.date >> 5 & 15;
@@ -45,7 +45,7 @@ FILETIME fromDosTime(ZipDosTime dosTime) {
   return result;
 }
 
-int32_t toUnixTime(const FILETIME& fileTime) {
+int32_t ToUnixTime(const FILETIME& fileTime) {
   const int64_t units =
       static_cast<int64_t>(fileTime.dwHighDateTime) << 32 | fileTime.dwLowDateTime;
   const int64_t seconds = units / kUnitsPerSecond - kSecondsTo1970;
@@ -53,7 +53,7 @@ int32_t toUnixTime(const FILETIME& fileTime) {
                                                   std::numeric_limits<int32_t>::max()));
 }
 
-FILETIME fromUnixTime(int32_t seconds) {
+FILETIME FromUnixTime(int32_t seconds) {
   const int64_t units = (seconds + kSecondsTo1970) * kUnitsPerSecond;
   return {static_cast<DWORD>(units), static_cast<DWORD>(units >> 32)};
 }

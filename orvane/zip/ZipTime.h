@@ -14,11 +14,11 @@ struct ZipDosTime {
 
 // In the system's time zone, with the daylight saving of the date itself; times outside the range
 // become its first or last.
-ZipDosTime toDosTime(const FILETIME& fileTime);
+ZipDosTime ToDosTime(const FILETIME& fileTime);
 
 // A zero file time for what is no date.
-FILETIME fromDosTime(ZipDosTime dosTime);
+FILETIME FromDosTime(ZipDosTime dosTime);
 
 // Seconds since 1970; times outside the range become its first or last.
-int32_t toUnixTime(const FILETIME& fileTime);
-FILETIME fromUnixTime(int32_t seconds);
+int32_t ToUnixTime(const FILETIME& fileTime);
+FILETIME FromUnixTime(int32_t seconds);
