@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 #include <string>
 #include <vector>
@@ -203,6 +204,42 @@ TEST(Map, IteratesByBucketAndFromTheNewestInEach) {
   std::string order;
   for (const auto& [key, value] : entries<decltype(map), int, char>(map)) order += value;
   EXPECT_EQ(order, "bdcae");
+}
+
+// Against the documented order, kept apart, while the map grows past what its buckets hold well.
+TEST(Map, KeepsItsOrderHoweverManyEntries) {
+  CMap<int, int, int, int> map;
+  std::vector<std::vector<int>> buckets(17);
+  unsigned random = 1;
+  for (int step = 0; step < 20000; ++step) {
+    random = random * 1664525 + 1013904223;
+    const int key = static_cast<int>(random >> 16 & 0xFFF);
+    std::vector<int>& bucket = buckets[(key >> 4) % 17];
+    const auto known = std::find(bucket.begin(), bucket.end(), key);
+    if (random >> 31 || step < 5000) {
+      if (known == bucket.end()) bucket.insert(bucket.begin(), key);
+      map[key] = step;
+    } else {
+      EXPECT_EQ(map.RemoveKey(key), known != bucket.end());
+      if (known != bucket.end()) bucket.erase(known);
+    }
+  }
+  std::vector<int> expected, found;
+  for (const auto& bucket : buckets) expected.insert(expected.end(), bucket.begin(), bucket.end());
+  for (const auto& [key, value] : entries<decltype(map), int, int>(map)) found.push_back(key);
+  EXPECT_EQ(found, expected);
+  EXPECT_EQ(map.GetCount(), static_cast<int>(expected.size()));
+  EXPECT_EQ(map.GetHashTableSize(), 17u);
+}
+
+TEST(Map, ManyEntriesAreFoundInConstantTime) {
+  CMap<int, int, int, int> map;
+  for (int i = 0; i < 1'000'000; ++i) map[i] = i;  // in quadratic time this takes many minutes
+  int value = 0;
+  EXPECT_TRUE(map.Lookup(777'777, value));
+  EXPECT_EQ(value, 777'777);
+  for (int i = 0; i < 1'000'000; ++i) ASSERT_TRUE(map.RemoveKey(i));
+  EXPECT_TRUE(map.IsEmpty());
 }
 
 TEST(Map, TheEntryJustReturnedMayBeRemoved) {

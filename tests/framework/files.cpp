@@ -129,6 +129,17 @@ TEST_F(Files, RangesAreLockedForOthers) {
   other.UnlockRange(4, 1);
 }
 
+TEST_F(Files, PositionsPastFourGigabytesAreAnErrorNotAWrongNumber) {
+  CFile file(m_name, CFile::modeCreate | CFile::modeReadWrite);
+  file.SetLength(3'000'000'000);
+  EXPECT_EQ(file.GetLength(), 3'000'000'000);
+  EXPECT_EQ(file.SeekToEnd(), 3'000'000'000);
+  EXPECT_EQ(file.GetPosition(), 3'000'000'000);
+  EXPECT_EQ(causeOf([&] { file.Seek(2'000'000'000, CFile::current); }),
+            CFileException::genericException);
+  EXPECT_EQ(causeOf([&] { file.GetPosition(); }), CFileException::genericException);
+}
+
 TEST_F(Files, NamesComeFromTheAbsolutePath) {
   CFile file(m_name, CFile::modeCreate | CFile::modeWrite);
   EXPECT_STREQ(file.GetFilePath(), m_name);
