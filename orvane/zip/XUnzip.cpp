@@ -12,7 +12,7 @@ ZipResult g_lastResult = kZipOk;
 
 HZIP OpenZipU(void* source, unsigned int length, unsigned long kind, const char* rootFolder) {
   HZIP archive = nullptr;
-  runZipCall(g_lastResult, [&] {
+  RunZipCall(g_lastResult, [&] {
     auto reader = std::make_unique<ZipReader>();
     const ZipResult result = reader->Open(source, length, kind, rootFolder);
     if (result == kZipOk) archive = reader.release();
@@ -22,7 +22,7 @@ HZIP OpenZipU(void* source, unsigned int length, unsigned long kind, const char*
 }
 
 unsigned long GetZipItemA(HZIP archive, int index, ZIPENTRY* entry) {
-  return runZipCall<ZipReader>(g_lastResult, archive, [&](ZipReader& reader) {
+  return RunZipCall<ZipReader>(g_lastResult, archive, [&](ZipReader& reader) {
     return entry != nullptr ? reader.GetItem(index, *entry) : kZipBadArguments;
   });
 }
@@ -33,7 +33,7 @@ unsigned long GetZipItemW(HZIP archive, int index, ZIPENTRYW* entry) {
 
 unsigned long FindZipItemA(HZIP archive, const char* name, bool ignoreCase, int* index,
                            ZIPENTRY* entry) {
-  return runZipCall<ZipReader>(g_lastResult, archive, [&](ZipReader& reader) {
+  return RunZipCall<ZipReader>(g_lastResult, archive, [&](ZipReader& reader) {
     return reader.FindItem(name, ignoreCase, index, entry);
   });
 }
@@ -45,20 +45,20 @@ unsigned long FindZipItemW(HZIP archive, const char* name, bool ignoreCase, int*
 
 unsigned long UnzipItem(HZIP archive, int index, void* destination, unsigned int length,
                         unsigned long kind) {
-  return runZipCall<ZipReader>(g_lastResult, archive, [&](ZipReader& reader) {
+  return RunZipCall<ZipReader>(g_lastResult, archive, [&](ZipReader& reader) {
     return reader.Unzip(index, destination, length, kind);
   });
 }
 
 unsigned long CloseZipU(HZIP archive) {
-  return runZipCall<ZipReader>(g_lastResult, archive, [&](ZipReader& reader) {
+  return RunZipCall<ZipReader>(g_lastResult, archive, [&](ZipReader& reader) {
     delete &reader;
     return kZipOk;
   });
 }
 
-bool IsZipHandleU(HZIP archive) { return isZipArchiveOf(archive, ZipArchiveKind::kReader); }
+bool IsZipHandleU(HZIP archive) { return IsZipArchiveOf(archive, ZipArchiveKind::kReader); }
 
 unsigned int FormatZipMessageU(unsigned long code, char* buffer, unsigned int size) {
-  return formatZipMessage(code == kZipRecent ? g_lastResult : code, buffer, size);
+  return FormatZipMessage(code == kZipRecent ? g_lastResult : code, buffer, size);
 }

@@ -17,14 +17,14 @@ struct ZipArchive {
 };
 
 // Whether a handle is of a kind; null counts as any, as the public functions promise.
-inline bool isZipArchiveOf(const ZipArchive* archive, ZipArchiveKind kind) {
+inline bool IsZipArchiveOf(const ZipArchive* archive, ZipArchiveKind kind) {
   return archive == nullptr || archive->kind == kind;
 }
 
 // Runs the body of a public function, keeps its result as the last one and lets no exception out:
 // the only ones that can arise here are failed allocations.
 template <class Body>
-ZipResult runZipCall(ZipResult& lastResult, Body&& body) noexcept {
+ZipResult RunZipCall(ZipResult& lastResult, Body&& body) noexcept {
   try {
     lastResult = body();
   } catch (const std::exception&) {
@@ -35,8 +35,8 @@ ZipResult runZipCall(ZipResult& lastResult, Body&& body) noexcept {
 
 // The same for functions that take a handle: checks it and gives it as what it is.
 template <class Archive, class Body>
-ZipResult runZipCall(ZipResult& lastResult, HZIP handle, Body&& body) noexcept {
-  return runZipCall(lastResult, [&]() -> ZipResult {
+ZipResult RunZipCall(ZipResult& lastResult, HZIP handle, Body&& body) noexcept {
+  return RunZipCall(lastResult, [&]() -> ZipResult {
     if (handle == nullptr) return kZipBadArguments;
     if (handle->kind != Archive::kArchiveKind) return kZipWrongKind;
     return body(static_cast<Archive&>(*handle));

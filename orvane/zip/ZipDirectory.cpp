@@ -13,7 +13,7 @@ constexpr uint64_t kSearchLimit = 0xFFFF;
 
 constexpr size_t kFirstCopy = 64 * 1024;
 
-std::string_view viewOf(const uint8_t* bytes, size_t size) {
+std::string_view ViewOf(const uint8_t* bytes, size_t size) {
   return {reinterpret_cast<const char*>(bytes), size};
 }
 
@@ -34,8 +34,8 @@ struct ZipDirectory::EndRecord {
 bool ZipCentralRecord::Needs64Bits() const {
   if (size != kZipMaxSize && compressedSize != kZipMaxSize && offset != kZipMaxSize) return false;
   const auto bytes = reinterpret_cast<const uint8_t*>(extra.data());
-  for (size_t at = 0; at + 4 <= extra.size(); at += 4 + getLe16(bytes + at + 2))
-    if (getLe16(bytes + at) == kZip64Id) return true;
+  for (size_t at = 0; at + 4 <= extra.size(); at += 4 + GetLe16(bytes + at + 2))
+    if (GetLe16(bytes + at) == kZip64Id) return true;
   return false;
 }
 
@@ -56,10 +56,10 @@ ZipResult ZipDirectory::FindEndRecord(ZipInput& input, EndRecord& found) const {
   while (blockEnd > limit + kSearchOverlap) {
     const uint64_t blockStart = std::max(limit, blockEnd - std::min(blockEnd, kSearchBlock));
     const auto blockSize = static_cast<size_t>(blockEnd - blockStart);
-    if (const ZipResult result = input.Read(blockStart, block, blockSize); result != kZipOk)
+    if (const ZipResult result = input.ReadData(blockStart, block, blockSize); result != kZipOk)
       return result;
     for (size_t i = blockSize - kSearchOverlap; i-- > 0;) {
-      if (getLe32(block + i) != kZipEndSignature) continue;
+      if (GetLe32(block + i) != kZipEndSignature) continue;
       EndRecord candidate;
       if (const ZipResult result = JudgeEndRecord(input, blockStart + i, candidate);
           result != kZipOk)
@@ -76,23 +76,23 @@ ZipResult ZipDirectory::JudgeEndRecord(ZipInput& input, uint64_t position,
                                        EndRecord& record) const {
   uint8_t bytes[kZipEndSize];
   if (!input.Holds(position, sizeof bytes)) return kZipOk;
-  if (const ZipResult result = input.Read(position, bytes, sizeof bytes); result != kZipOk)
+  if (const ZipResult result = input.ReadHeader(position, bytes, sizeof bytes); result != kZipOk)
     return result;
-  const uint64_t disk = getLe16(bytes + 4);
-  const uint64_t directoryDisk = getLe16(bytes + 6);
-  const uint64_t size = getLe32(bytes + 12);
-  const uint64_t offset = getLe32(bytes + 16);
-  const uint64_t commentEnd = position + kZipEndSize + getLe16(bytes + 20);
+  const uint64_t disk = GetLe16(bytes + 4);
+  const uint64_t directoryDisk = GetLe16(bytes + 6);
+  const uint64_t size = GetLe32(bytes + 12);
+  const uint64_t offset = GetLe32(bytes + 16);
+  const uint64_t commentEnd = position + kZipEndSize + GetLe16(bytes + 20);
   if (disk != 0 || directoryDisk != 0 || commentEnd > input.Size() || offset + size > position)
     return kZipOk;
 
   record.position = position;
-  record.count = getLe16(bytes + 10);
+  record.count = GetLe16(bytes + 10);
   const auto isDirectory = [&](uint64_t start) {
     uint8_t signature[4];
     return position - start >= kZipCentralSize &&
-           input.Read(start, signature, sizeof signature) == kZipOk &&
-           getLe32(signature) == kZipCentralSignature;
+           input.ReadHeader(start, signature, sizeof signature) == kZipOk &&
+           GetLe32(signature) == kZipCentralSignature;
   };
   if (record.count == 0) {
     // Nothing confirms an empty archive, so it is one only when there is no better record.
@@ -123,7 +123,7 @@ ZipResult ZipDirectory::Index(ZipInput& input, uint64_t end) {
     const size_t old = m_bytes.size();
     const uint64_t grown = std::max<uint64_t>(size, old == 0 ? kFirstCopy : old * 2ull);
     m_bytes.resize(static_cast<size_t>(std::min(grown, most)));
-    return input.Read(m_start + old, m_bytes.data() + old, m_bytes.size() - old);
+    return input.ReadData(m_start + old, m_bytes.data() + old, m_bytes.size() - old);
   };
 
   m_records.reserve(m_count);
@@ -131,9 +131,9 @@ ZipResult ZipDirectory::Index(ZipInput& input, uint64_t end) {
   while (static_cast<int>(m_records.size()) < m_count) {
     ZipResult result = copy(at + kZipCentralSize);
     if (result == kZipReadError) return result;
-    if (result != kZipOk || getLe32(&m_bytes[at]) != kZipCentralSignature) break;
-    const uint64_t next = at + kZipCentralSize + getLe16(&m_bytes[at + 28]) +
-                          getLe16(&m_bytes[at + 30]) + getLe16(&m_bytes[at + 32]);
+    if (result != kZipOk || GetLe32(&m_bytes[at]) != kZipCentralSignature) break;
+    const uint64_t next = at + kZipCentralSize + GetLe16(&m_bytes[at + 28]) +
+                          GetLe16(&m_bytes[at + 30]) + GetLe16(&m_bytes[at + 32]);
     result = copy(next);
     if (result == kZipReadError) return result;
     if (result != kZipOk) break;
@@ -146,22 +146,22 @@ ZipResult ZipDirectory::Index(ZipInput& input, uint64_t end) {
 ZipCentralRecord ZipDirectory::Record(int index) const {
   const uint8_t* at = &m_bytes[m_records[index]];
   ZipCentralRecord record;
-  record.flags = getLe16(at + 8);
-  record.method = getLe16(at + 10);
-  record.time = getLe16(at + 12);
-  record.date = getLe16(at + 14);
-  record.crc = getLe32(at + 16);
-  record.compressedSize = getLe32(at + 20);
-  record.size = getLe32(at + 24);
-  record.disk = getLe16(at + 34);
-  record.attributes = getLe32(at + 38);
-  record.offset = getLe32(at + 42);
-  record.name = viewOf(at + kZipCentralSize, getLe16(at + 28));
-  record.extra = viewOf(at + kZipCentralSize + record.name.size(), getLe16(at + 30));
+  record.flags = GetLe16(at + 8);
+  record.method = GetLe16(at + 10);
+  record.time = GetLe16(at + 12);
+  record.date = GetLe16(at + 14);
+  record.crc = GetLe32(at + 16);
+  record.compressedSize = GetLe32(at + 20);
+  record.size = GetLe32(at + 24);
+  record.disk = GetLe16(at + 34);
+  record.attributes = GetLe32(at + 38);
+  record.offset = GetLe32(at + 42);
+  record.name = ViewOf(at + kZipCentralSize, GetLe16(at + 28));
+  record.extra = ViewOf(at + kZipCentralSize + record.name.size(), GetLe16(at + 30));
   return record;
 }
 
 std::string_view ZipDirectory::Name(int index) const {
   const uint8_t* at = &m_bytes[m_records[index]];
-  return viewOf(at + kZipCentralSize, getLe16(at + 28));
+  return ViewOf(at + kZipCentralSize, GetLe16(at + 28));
 }

@@ -40,10 +40,10 @@ constexpr uint8_t kZipTimesCreated = 4;
 
 constexpr uint16_t kZip64Id = 0x0001;
 
-inline uint16_t getLe16(const uint8_t* at) { return static_cast<uint16_t>(at[0] | at[1] << 8); }
+inline uint16_t GetLe16(const uint8_t* at) { return static_cast<uint16_t>(at[0] | at[1] << 8); }
 
-inline uint32_t getLe32(const uint8_t* at) {
-  return getLe16(at) | static_cast<uint32_t>(getLe16(at + 2)) << 16;
+inline uint32_t GetLe32(const uint8_t* at) {
+  return GetLe16(at) | static_cast<uint32_t>(GetLe16(at + 2)) << 16;
 }
 
 // Puts one field after another into a record whose size the caller has provided for.

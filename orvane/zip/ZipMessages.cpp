@@ -8,7 +8,7 @@
 namespace {
 
 // The spellings are kept: hosts and their log readers look for these texts.
-const char* messageOf(unsigned long code) {
+const char* MessageOf(unsigned long code) {
   switch (code) {
     case kZipOk:
       return "Success";
@@ -59,8 +59,8 @@ const char* messageOf(unsigned long code) {
 
 }  // namespace
 
-unsigned int formatZipMessage(unsigned long code, char* buffer, unsigned int size) {
-  const char* text = messageOf(code);
+unsigned int FormatZipMessage(unsigned long code, char* buffer, unsigned int size) {
+  const char* text = MessageOf(code);
   const auto length = static_cast<unsigned int>(std::strlen(text));
   if (buffer != nullptr && size > 0) {
     const unsigned int copied = std::min(length, size - 1);

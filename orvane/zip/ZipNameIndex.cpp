@@ -1,5 +1,6 @@
 #include "zip/ZipNameIndex.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 
@@ -7,7 +8,7 @@ namespace {
 
 // Another number in every process and every index: the names of an archive can't be chosen so that
 // all of them collide.
-uint64_t newSeed(const void* place) {
+uint64_t NewSeed(const void* place) {
   LARGE_INTEGER counter;
   QueryPerformanceCounter(&counter);
   return counter.QuadPart * 0x9E3779B97F4A7C15 ^ reinterpret_cast<uintptr_t>(place) ^
@@ -17,7 +18,7 @@ uint64_t newSeed(const void* place) {
 }  // namespace
 
 ZipNameIndex::ZipNameIndex(const ZipDirectory& directory, bool ignoreCase)
-    : m_directory(directory), m_ignoreCase(ignoreCase), m_seed(newSeed(this)) {
+    : m_directory(directory), m_ignoreCase(ignoreCase), m_seed(NewSeed(this)) {
   m_slots.assign(std::bit_ceil(static_cast<size_t>(directory.Count()) * 2 + 1), {0, -1});
   std::vector<char> folded;
   for (int i = 0; i < directory.Count() && directory.IsReadable(i); ++i) {

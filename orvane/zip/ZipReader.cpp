@@ -10,7 +10,7 @@ namespace {
 constexpr size_t kPieceSize = 256 * 1024;
 
 // The length of the folder part of a path, without the slash behind it; npos: none.
-size_t folderLength(const char* path) {
+size_t FolderLength(const char* path) {
   size_t result = std::string::npos;
   for (size_t i = 0; path[i] != 0; ++i) {
     if (IsDBCSLeadByte(path[i]) && path[i + 1] != 0)
@@ -22,7 +22,7 @@ size_t folderLength(const char* path) {
 }
 
 // Whether the folder part of a destination is to be made below the root folder.
-bool isBelowRoot(const char* path) {
+bool IsBelowRoot(const char* path) {
   const bool isAbsolute = path[0] == '/' || path[0] == '\\' || (path[0] != 0 && path[1] == ':');
   return !isAbsolute && strstr(path, "..\\") == nullptr && strstr(path, "../") == nullptr;
 }
@@ -52,7 +52,7 @@ ZipResult ZipReader::SetRootFolder(const char* folder) {
     if (length >= sizeof current) return kZipBadArguments;
     m_rootFolder.assign(current, length);
   }
-  if (folderLength(m_rootFolder.c_str()) != m_rootFolder.size() - 1) m_rootFolder += '\\';
+  if (FolderLength(m_rootFolder.c_str()) != m_rootFolder.size() - 1) m_rootFolder += '\\';
   return m_rootFolder.size() < MAX_PATH ? kZipOk : kZipBadArguments;
 }
 
@@ -66,7 +66,7 @@ ZipResult ZipReader::GetItem(int index, ZIPENTRY& entry) {
   }
   if (!m_hasLast || m_last.index != index) {
     m_hasLast = false;
-    if (const ZipResult result = readZipEntry(m_input, m_directory, index, m_last);
+    if (const ZipResult result = ReadZipEntry(m_input, m_directory, m_timeZone, index, m_last);
         result != kZipOk)
       return result;
     m_hasLast = true;
@@ -103,7 +103,7 @@ ZipResult ZipReader::StartExtraction(int index) {
   if (!m_directory.IsReadable(index)) return kZipCorrupt;
   const ZipCentralRecord record = m_directory.Record(index);
   ZipLocalHeader header;
-  if (const ZipResult result = readLocalHeader(m_input, m_directory, record, header);
+  if (const ZipResult result = ReadLocalHeader(m_input, m_directory, record, header);
       result != kZipOk)
     return result;
   if (const ZipResult result = m_extraction.Start(record, header.data); result != kZipOk)
@@ -146,7 +146,7 @@ ZipResult ZipReader::UnzipToFile(int index, void* destination, unsigned long kin
   unique_file created;
   const auto path = static_cast<const char*>(destination);
   if (kind == kZipFileName) {
-    const size_t folder = folderLength(path);
+    const size_t folder = FolderLength(path);
     if (path[folder == std::string::npos ? 0 : folder + 1] == 0) return kZipOk;
   }
   // Before the file is created: an entry that can't be extracted replaces nothing.
@@ -191,8 +191,8 @@ ZipResult ZipReader::CopyTo(HANDLE file) {
 
 // Level by level. What can't be made shows when the file is created.
 void ZipReader::CreateFolderOf(const char* path) {
-  const size_t length = folderLength(path);
-  if (length == std::string::npos || !isBelowRoot(path)) return;
+  const size_t length = FolderLength(path);
+  if (length == std::string::npos || !IsBelowRoot(path)) return;
   const std::string folder(path, length);
   for (size_t i = 0; i < folder.size(); ++i) {
     if (IsDBCSLeadByte(folder[i]))

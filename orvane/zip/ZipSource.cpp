@@ -18,7 +18,7 @@ constexpr uint32_t kWindowsAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE
                                         FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_DIRECTORY |
                                         FILE_ATTRIBUTE_ARCHIVE;
 
-bool isZero(const FILETIME& time) { return time.dwLowDateTime == 0 && time.dwHighDateTime == 0; }
+bool IsZero(const FILETIME& time) { return time.dwLowDateTime == 0 && time.dwHighDateTime == 0; }
 
 }  // namespace
 
@@ -66,8 +66,8 @@ ZipResult ZipSource::OpenDiskFile() {
   m_size = static_cast<uint64_t>(facts.nFileSizeHigh) << 32 | facts.nFileSizeLow;
   m_modified = facts.ftLastWriteTime;
   // File systems that keep fewer times give zeros.
-  m_accessed = isZero(facts.ftLastAccessTime) ? m_modified : facts.ftLastAccessTime;
-  m_created = isZero(facts.ftCreationTime) ? m_modified : facts.ftCreationTime;
+  m_accessed = IsZero(facts.ftLastAccessTime) ? m_modified : facts.ftLastAccessTime;
+  m_created = IsZero(facts.ftCreationTime) ? m_modified : facts.ftCreationTime;
 
   m_attributes = facts.dwFileAttributes & kWindowsAttributes;
   m_attributes |= facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY ? kUnixFolder : kUnixFile;
@@ -114,8 +114,8 @@ ZipResult ZipSource::ReadPiece(size_t& size) {
 // 0x54AD, so that hardly any file is marked: extractors on Unix then leave the programs of Windows
 // not runnable.
 ZipResult ZipSource::MarkProgram() {
-  if (*m_size <= 40 || m_firstPiece < 40 || getLe16(m_buffer) != 0x54AD) return kZipOk;
-  const uint64_t offset = getLe32(m_buffer + 36);
+  if (*m_size <= 40 || m_firstPiece < 40 || GetLe16(m_buffer) != 0x54AD) return kZipOk;
+  const uint64_t offset = GetLe32(m_buffer + 36);
   if (*m_size <= offset + 52) return kZipOk;
 
   uint8_t signature[4];
@@ -127,7 +127,7 @@ ZipResult ZipSource::MarkProgram() {
       !ReadFile(m_file, signature, sizeof signature, &got, nullptr) || got != sizeof signature ||
       !SetFilePointerEx(m_file, next, nullptr, FILE_BEGIN))
     return kZipReadError;
-  switch (getLe32(signature)) {
+  switch (GetLe32(signature)) {
     case 0x5A4D:  // "MZ"
     case 0x454E:  // "NE"
     case 0x454C:  // "LE"

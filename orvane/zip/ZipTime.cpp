@@ -13,11 +13,15 @@ constexpr ZipDosTime kLastDosTime = {0xBF7D, 0xFF9F};   // 2107-12-31 23:59:58
 
 }  // namespace
 
-ZipDosTime toDosTime(const FILETIME& fileTime) {
+ZipTimeZone::ZipTimeZone() {
+  if (GetTimeZoneInformation(&m_zone) == TIME_ZONE_ID_INVALID) m_zone = {};
+}
+
+ZipDosTime ZipTimeZone::ToDosTime(const FILETIME& fileTime) const {
   SYSTEMTIME utc, local;
   FILETIME localTime;
   if (!FileTimeToSystemTime(&fileTime, &utc) ||
-      !SystemTimeToTzSpecificLocalTime(nullptr, &utc, &local) ||
+      !SystemTimeToTzSpecificLocalTime(&m_zone, &utc, &local) ||
       !SystemTimeToFileTime(&local, &localTime))
     return kFirstDosTime;
   if (local.wYear < 1980) return kFirstDosTime;
@@ -27,7 +31,7 @@ ZipDosTime toDosTime(const FILETIME& fileTime) {
   return result;
 }
 
-FILETIME fromDosTime(ZipDosTime dosTime) {
+FILETIME ZipTimeZone::FromDosTime(ZipDosTime dosTime) const {
   SYSTEMTIME local = {};
   local.wYear = static_cast<WORD>(1980 + (dosTime.date >> 9));
   local.wMonth = dosTime.date >> 5 & 15;
@@ -39,13 +43,13 @@ FILETIME fromDosTime(ZipDosTime dosTime) {
   FILETIME result;
   // The first conversion refuses what is no date; the others take it for one.
   if (!SystemTimeToFileTime(&local, &result) ||
-      !TzSpecificLocalTimeToSystemTime(nullptr, &local, &utc) ||
+      !TzSpecificLocalTimeToSystemTime(&m_zone, &local, &utc) ||
       !SystemTimeToFileTime(&utc, &result))
     return {};
   return result;
 }
 
-int32_t toUnixTime(const FILETIME& fileTime) {
+int32_t ToUnixTime(const FILETIME& fileTime) {
   const int64_t units =
       static_cast<int64_t>(fileTime.dwHighDateTime) << 32 | fileTime.dwLowDateTime;
   const int64_t seconds = units / kUnitsPerSecond - kSecondsTo1970;
@@ -53,7 +57,7 @@ int32_t toUnixTime(const FILETIME& fileTime) {
                                                   std::numeric_limits<int32_t>::max()));
 }
 
-FILETIME fromUnixTime(int32_t seconds) {
+FILETIME FromUnixTime(int32_t seconds) {
   const int64_t units = (seconds + kSecondsTo1970) * kUnitsPerSecond;
   return {static_cast<DWORD>(units), static_cast<DWORD>(units >> 32)};
 }

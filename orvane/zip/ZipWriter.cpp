@@ -42,7 +42,7 @@ struct NewEntry {
 };
 
 // The name as archives hold it: "/" for every "\" that isn't the second half of a character.
-std::string entryNameOf(const char* name, bool isFolder) {
+std::string EntryNameOf(const char* name, bool isFolder) {
   std::string result(name);
   for (size_t i = 0; i < result.size(); ++i) {
     if (IsDBCSLeadByte(result[i]))
@@ -55,7 +55,7 @@ std::string entryNameOf(const char* name, bool isFolder) {
 }
 
 // Whether a name says that its bytes are packed already.
-bool isPackedName(const std::string& name) {
+bool IsPackedName(const std::string& name) {
   const size_t dot = name.rfind('.');
   if (dot == std::string::npos) return false;
   for (const char* extension : {".Z", ".zip", ".zoo", ".arc", ".lzh", ".arj", ".gz", ".tgz"})
@@ -64,7 +64,7 @@ bool isPackedName(const std::string& name) {
 }
 
 // The most that deflate makes of size bytes in the worst case (zlib's deflateBound in 64 bits).
-uint64_t worstDeflatedSize(uint64_t size) {
+uint64_t WorstDeflatedSize(uint64_t size) {
   return size + (size >> 12) + (size >> 14) + (size >> 25) + 7;
 }
 
@@ -92,6 +92,7 @@ class ZipWriter : public ZipArchive {
   void AppendToDirectory(const NewEntry& entry);
 
   ZipTarget m_target;
+  const ZipTimeZone m_timeZone;
   ZipDeflater m_deflater;
   std::unique_ptr<uint8_t[]> m_piece;  // of a source that is a file
   std::vector<uint8_t> m_directory;    // the central records of the entries so far
@@ -121,9 +122,9 @@ ZipResult ZipWriter::Add(const char* name, void* source, unsigned int length, un
   if (name == nullptr || *name == 0 || m_count == kZipMaxCount) return kZipBadArguments;
 
   NewEntry entry;
-  entry.name = entryNameOf(name, kind == kZipFolder);
+  entry.name = EntryNameOf(name, kind == kZipFolder);
   if (entry.name.size() > kZipMaxCount) return kZipBadArguments;
-  if (kind != kZipFolder && !isPackedName(entry.name)) entry.method = kZipDeflated;
+  if (kind != kZipFolder && !IsPackedName(entry.name)) entry.method = kZipDeflated;
 
   ZipSource input(m_piece.get(), kPieceSize);
   if (const ZipResult result = input.Open(source, length, kind); result != kZipOk) return result;
@@ -155,7 +156,7 @@ bool ZipWriter::HasRoomFor(const NewEntry& entry, const ZipSource& source) {
   const uint64_t header = kZipLocalSize + entry.name.size() + kLocalTimesSize;
   const uint64_t size = source.Size().value_or(0);
   uint64_t data = size;
-  if (entry.method == kZipDeflated) data = m_target.CanSeek() ? 0 : worstDeflatedSize(size);
+  if (entry.method == kZipDeflated) data = m_target.CanSeek() ? 0 : WorstDeflatedSize(size);
   if (size > kZipMaxSize || m_target.Position() + header + data + after > kZipMaxSize) return false;
   m_limit = kZipMaxSize - after;
   return true;
@@ -163,10 +164,10 @@ bool ZipWriter::HasRoomFor(const NewEntry& entry, const ZipSource& source) {
 
 ZipResult ZipWriter::WriteEntry(NewEntry& entry, ZipSource& source) {
   entry.offset = static_cast<uint32_t>(m_target.Position());
-  entry.dosTime = toDosTime(source.Modified());
-  entry.modified = toUnixTime(source.Modified());
-  entry.accessed = toUnixTime(source.Accessed());
-  entry.created = toUnixTime(source.Created());
+  entry.dosTime = m_timeZone.ToDosTime(source.Modified());
+  entry.modified = ToUnixTime(source.Modified());
+  entry.accessed = ToUnixTime(source.Accessed());
+  entry.created = ToUnixTime(source.Created());
   entry.attributes = source.Attributes();
 
   uint8_t header[kZipLocalSize];
@@ -319,7 +320,7 @@ ZipResult ZipWriter::End() {
 
 HZIP CreateZipZ(void* target, unsigned int length, unsigned long kind) {
   HZIP archive = nullptr;
-  runZipCall(g_lastResult, [&] {
+  RunZipCall(g_lastResult, [&] {
     auto writer = std::make_unique<ZipWriter>();
     const ZipResult result = writer->Open(target, length, kind);
     if (result == kZipOk) archive = writer.release();
@@ -330,7 +331,7 @@ HZIP CreateZipZ(void* target, unsigned int length, unsigned long kind) {
 
 unsigned long ZipAdd(HZIP archive, const char* name, void* source, unsigned int length,
                      unsigned long kind) {
-  return runZipCall<ZipWriter>(g_lastResult, archive, [&](ZipWriter& writer) {
+  return RunZipCall<ZipWriter>(g_lastResult, archive, [&](ZipWriter& writer) {
     return writer.Add(name, source, length, kind);
   });
 }
@@ -338,7 +339,7 @@ unsigned long ZipAdd(HZIP archive, const char* name, void* source, unsigned int 
 unsigned long ZipAdd(HZIP archive, const char* name, void* source, unsigned int length,
                      unsigned long kind, unsigned long& bytesWritten) {
   bytesWritten = 0;
-  return runZipCall<ZipWriter>(g_lastResult, archive, [&](ZipWriter& writer) {
+  return RunZipCall<ZipWriter>(g_lastResult, archive, [&](ZipWriter& writer) {
     const ZipResult result = writer.Add(name, source, length, kind);
     bytesWritten = static_cast<unsigned long>(writer.Target().Position());
     return result;
@@ -348,7 +349,7 @@ unsigned long ZipAdd(HZIP archive, const char* name, void* source, unsigned int 
 unsigned long ZipGetMemory(HZIP archive, void** memory, unsigned long* length) {
   if (memory != nullptr) *memory = nullptr;
   if (length != nullptr) *length = 0;
-  return runZipCall<ZipWriter>(g_lastResult, archive, [&](ZipWriter& writer) {
+  return RunZipCall<ZipWriter>(g_lastResult, archive, [&](ZipWriter& writer) {
     if (!writer.Target().IsMemory()) return kZipNotMemory;
     const ZipResult result = writer.End();
     if (result != kZipOk) return result;
@@ -359,14 +360,14 @@ unsigned long ZipGetMemory(HZIP archive, void** memory, unsigned long* length) {
 }
 
 unsigned long CloseZipZ(HZIP archive) {
-  return runZipCall<ZipWriter>(g_lastResult, archive, [&](ZipWriter& writer) {
+  return RunZipCall<ZipWriter>(g_lastResult, archive, [&](ZipWriter& writer) {
     const std::unique_ptr<ZipWriter> owner(&writer);
     return writer.End();
   });
 }
 
-bool IsZipHandleZ(HZIP archive) { return isZipArchiveOf(archive, ZipArchiveKind::kWriter); }
+bool IsZipHandleZ(HZIP archive) { return IsZipArchiveOf(archive, ZipArchiveKind::kWriter); }
 
 unsigned int FormatZipMessageZ(unsigned long code, char* buffer, unsigned int size) {
-  return formatZipMessage(code == kZipRecent ? g_lastResult : code, buffer, size);
+  return FormatZipMessage(code == kZipRecent ? g_lastResult : code, buffer, size);
 }

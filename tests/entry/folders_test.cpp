@@ -37,7 +37,9 @@ TEST(CreateDirectory, MakesWhatIsMissing) {
   };
   for (const auto& c : kCases) {
     EXPECT_EQ(CreateDirectoryA((folder / c.path).c_str()), c.result) << c.path;
-    if (c.made != nullptr) EXPECT_TRUE(folder.Has(c.made)) << c.path;
+    if (c.made != nullptr) {
+      EXPECT_TRUE(folder.Has(c.made)) << c.path;
+    }
   }
   EXPECT_EQ(CreateDirectoryA(""), 0);
   EXPECT_EQ(CreateDirectoryA("C:\\"), 1);

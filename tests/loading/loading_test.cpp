@@ -92,6 +92,6 @@ TEST(Loading, TraceGoesOnInTheSameLogAfterUnloading) {
   const std::string text = folder.Read("sub\\trace.log");
   const std::string line = "\r\nhh:mm:ss:mmm:   round: one";
   ASSERT_EQ(text.size(), 2 * line.size());
-  EXPECT_EQ(text.substr(14, line.size() - 14), line.substr(14));
-  EXPECT_EQ(text.substr(line.size() + 14), "   round: two");
+  EXPECT_EQ(text.substr(15, line.size() - 15), line.substr(15));
+  EXPECT_EQ(text.substr(line.size() + 15), "   round: two");
 }

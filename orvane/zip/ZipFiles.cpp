@@ -1,0 +1,177 @@
+#include "zip/ZipFiles.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cstring>
+#include <exception>
+
+#include "diag/trace.h"
+#include "entry/Handles.h"
+#include "entry/PathUtils.h"
+#include "entry/SetGetCurrentDir.h"
+#include "entry/strutils.h"
+#include "zip/EntryPath.h"
+
+namespace {
+
+// Runs the body of a public function: what fails inside, an allocation too, is its result 0.
+template <class Body>
+int Guarded(Body&& body) {
+  try {
+    return body();
+  } catch (CException* exception) {
+    exception->Delete();
+  } catch (const std::exception&) {
+  }
+  return 0;
+}
+
+const char* OrEmpty(const char* text) { return text != nullptr ? text : ""; }
+
+// The functions of the archive take texts through their untyped source and target arguments.
+void* AsArgument(const char* text) { return const_cast<char*>(text); }
+
+// An archive that is written, closed at the end of the scope.
+class NewArchive {
+ public:
+  explicit NewArchive(const char* name) : m_handle(CreateZipZ(AsArgument(name), 0, kZipFileName)) {}
+  ~NewArchive() {
+    if (m_handle != nullptr) CloseZipZ(m_handle);
+  }
+  NewArchive(const NewArchive&) = delete;
+  NewArchive& operator=(const NewArchive&) = delete;
+
+  HZIP get() const { return m_handle; }
+
+ private:
+  HZIP m_handle;
+};
+
+// An archive that is read, closed at the end of the scope.
+class OpenArchive {
+ public:
+  OpenArchive(const char* name, const char* rootFolder)
+      : m_handle(OpenZipU(AsArgument(name), 0, kZipFileName, rootFolder)) {}
+  ~OpenArchive() {
+    if (m_handle != nullptr) CloseZipU(m_handle);
+  }
+  OpenArchive(const OpenArchive&) = delete;
+  OpenArchive& operator=(const OpenArchive&) = delete;
+
+  HZIP get() const { return m_handle; }
+
+  int Count() const {
+    ZIPENTRY entry;
+    return GetZipItemA(m_handle, -1, &entry) == kZipOk ? entry.index : 0;
+  }
+
+ private:
+  HZIP m_handle;
+};
+
+// Entry and source are both what follows the prefix of the path.
+void AddWithoutPrefix(HZIP archive, const char* path, size_t prefixLength) {
+  const char* const name = path + std::min(prefixLength, std::strlen(path));
+  ZipAdd(archive, name, AsArgument(name), 0, kZipFileName);
+}
+
+// Absolute, so that UnzipItem doesn't make the folders of a relative path once more below its root.
+CString FullPathOf(const char* path) {
+  char full[MAX_PATH];
+  const DWORD length = GetFullPathNameA(path, sizeof full, full, nullptr);
+  return length > 0 && length < sizeof full ? full : path;
+}
+
+}  // namespace
+
+int ZipDir(const char* archive, const char* folder, const char* pattern) {
+  return Guarded([&] {
+    const SetGetCurrentDir guard(folder);
+    const NewArchive target(archive);
+    return DoZipDir(target.get(), folder, pattern,
+                    static_cast<int>(std::strlen(OrEmpty(folder))) + 1);
+  });
+}
+
+int DoZipDir(HZIP archive, const char* folder, const char* pattern, int prefixLength) {
+  return Guarded([&] {
+    const CString begin = CString(OrEmpty(folder)) + "\\";
+    WIN32_FIND_DATAA found;
+    const unique_find search(FindFirstFileA(begin + OrEmpty(pattern), &found));
+    if (!search) return 0;
+    do {
+      const CString path = begin + found.cFileName;
+      if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
+        AddWithoutPrefix(archive, path, static_cast<size_t>(std::max(prefixLength, 0)));
+      else if (std::strcmp(found.cFileName, ".") != 0 && std::strcmp(found.cFileName, "..") != 0)
+        DoZipDir(archive, path, pattern, prefixLength);
+    } while (FindNextFileA(search.get(), &found));
+    return 1;
+  });
+}
+
+int ZipFiles(const char* archive, const char* folder, const CArray<CString, const char*>& files) {
+  return Guarded([&] {
+    const SetGetCurrentDir guard(folder);
+    const CString archivePath = WithBackslashes(OrEmpty(archive));
+    if (!archivePath.IsEmpty()) EnsureFileFolder(archivePath);
+    const NewArchive target(archivePath);
+    if (target.get() == nullptr) return 0;
+    const size_t prefixLength = std::strlen(OrEmpty(folder)) + 1;
+    for (int i = 0; i < files.GetSize(); ++i)
+      AddWithoutPrefix(target.get(), files[i], prefixLength);
+    return 1;
+  });
+}
+
+int ZipFile(const char* archive, const char* file) {
+  return Guarded([&] {
+    CString folder, name;
+    SplitAtLastBackslash(file, folder, name);
+    if (name.IsEmpty()) folder.Empty();
+    CArray<CString, const char*> files;
+    files.Add(file);
+    return ZipFiles(archive, folder, files);
+  });
+}
+
+int OpenZipFile(const char* archive, const char* folder, CString& lastPath) {
+  return Guarded([&] {
+    const OpenArchive source(archive, folder);
+    if (source.get() == nullptr) return 0;
+    CString begin = OrEmpty(folder);
+    if (!begin.IsEmpty()) begin += "\\";
+    const int count = source.Count();
+    for (int i = 0; i < count; ++i) {
+      ZIPENTRY entry;
+      if (GetZipItemA(source.get(), i, &entry) != kZipOk) continue;
+      if (!StaysBelowTarget(entry.name)) {
+        ReportSkippedEntry(entry.name);
+        continue;
+      }
+      lastPath = begin + entry.name;
+      struct _stat status;
+      if (_stat(lastPath, &status) != 0)
+        EnsureFileFolder(lastPath);
+      else
+        ForceDeleteFile(lastPath);
+      UnzipItem(source.get(), i, AsArgument(FullPathOf(lastPath)), 0, kZipFileName);
+    }
+    return 1;
+  });
+}
+
+int UnZipFileList(const char* archive, const char* folder, CArray<CString, const char*>& files) {
+  return Guarded([&] {
+    const OpenArchive source(archive, folder);
+    if (source.get() == nullptr) return 0;
+    const CString begin = CString(OrEmpty(folder)) + "\\";
+    const int count = source.Count();
+    for (int i = 0; i < count; ++i) {
+      ZIPENTRY entry;
+      if (GetZipItemA(source.get(), i, &entry) == kZipOk) files.Add(begin + entry.name);
+    }
+    return 1;
+  });
+}
