@@ -111,6 +111,12 @@ std::string LocalPart(const Entry& entry) {
   return assembler.layout().bytes;
 }
 
+std::string CentralPart(const Entry& entry, size_t offset) {
+  Assembler assembler;
+  assembler.PutCentral(entry, static_cast<uint32_t>(offset));
+  return assembler.layout().bytes;
+}
+
 Layout Archive::LayOut() const {
   Assembler assembler;
   std::vector<size_t> offsets;

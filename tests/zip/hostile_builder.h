@@ -79,6 +79,9 @@ Entry Folder(const std::string& name);
 // The local header, data and descriptor of an entry.
 std::string LocalPart(const Entry& entry);
 
+// The central record of an entry whose local header is at an offset.
+std::string CentralPart(const Entry& entry, size_t offset);
+
 // The place of a number in a laid-out archive.
 struct Number {
   size_t at;

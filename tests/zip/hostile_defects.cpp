@@ -86,12 +86,16 @@ const Case kDirectories[] = {
 };
 
 const Case kLocalHeaders[] = {
-    {"Missing", "gfgggg", [](Archive& a) { a.entries[kNoise].hasLocal = false; }},
+    {"Missing", "gfgggg",
+     [](Archive& a) {
+       a.entries[kNoise].hasLocal = false;
+       a.entries[kFolder].before = Noise(400, 13);
+     }},
     {"SignatureBroken", "gfgggg",
      [](Archive& a) { a.entries[kNoise].local.signature ^= 0x00010000; }},
     {"NameRunsPastEnd", "gggggf", [](Archive& a) { a.entries[5].local.nameLength = 65535; }},
     {"ExtraRunsPastEnd", "gggggf", [](Archive& a) { a.entries[5].local.extraLength = 65535; }},
-    {"ExtraRunsIntoData", "gfgggg", [](Archive& a) { a.entries[kNoise].local.extraLength = 9; }},
+    {"ExtraRunsIntoData", "gc.ggg", [](Archive& a) { a.entries[kNoise].local.extraLength = 9; }},
     {"OtherName", ".ggggg", [](Archive& a) { a.entries[kText].local.name = "../x.txt"; }},
     {"OtherMethod", ".ggggg", [](Archive& a) { a.entries[kText].local.method = kStored; }},
     {"OtherSizes", ".ggggg",

@@ -75,8 +75,9 @@ class Reading {
     } else {
       m_outcome.message = LastMessage();
     }
-    Check(allocations::Peak() - before <= kMemoryPerByte * m_size + kMemoryFixed,
-          "more memory than the archive's size warrants");
+    const size_t peak = allocations::Peak() - before;
+    Check(peak <= kMemoryPerByte * m_size + kMemoryFixed, "more memory than the archive warrants",
+          -1, static_cast<unsigned long>(peak));
     Check(GetTickCount64() - start < kMilliseconds, "more time than any archive warrants");
     return std::move(m_outcome);
   }
