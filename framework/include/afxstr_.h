@@ -54,7 +54,7 @@ class AFX_CORE_DATA CString {
   operator LPCTSTR() const { return m_pchData; }
 
   const CString& operator=(const CString& stringSrc);
-  const CString& operator=(CString&& stringSrc) noexcept;
+  const CString& operator=(CString&& stringSrc);
   const CString& operator=(TCHAR ch);
   const CString& operator=(LPCSTR lpsz);
   const CString& operator=(LPCWSTR lpsz);

@@ -31,7 +31,7 @@ CObject* AFXAPI AfxDynamicDownCast(CRuntimeClass* pClass, CObject* pObject) {
 
 AFX_CLASSINIT::AFX_CLASSINIT(CRuntimeClass* pNewClass) {
   ModuleLock lock;
-  AFX_MODULE_STATE* state = AfxGetModuleState();
+  AFX_MODULE_STATE* state = AfxGetStaticModuleState();
   pNewClass->m_pNextClass = state->m_classList;
   state->m_classList = pNewClass;
 }
@@ -61,7 +61,7 @@ static CRuntimeClass* findIn(CRuntimeClass* list, LPCSTR name) {
 CRuntimeClass* PASCAL CRuntimeClass::FromName(LPCSTR lpszClassName) {
   if (lpszClassName == nullptr) return nullptr;
   ModuleLock lock;
-  const AFX_MODULE_STATE* state = AfxGetModuleState();
+  const AFX_MODULE_STATE* state = AfxGetStaticModuleState();
   CRuntimeClass* found = findIn(state->m_classList, lpszClassName);
   for (CDynLinkLibrary* library = state->m_libraryList; library != nullptr && found == nullptr;
        library = library->m_pNextDLL)
