@@ -36,11 +36,11 @@ def windows_path(path):
 
 
 class Result:
-    def __init__(self, command, finished):
+    def __init__(self, command, status, stdout, stderr):
         self.command = " ".join(str(part) for part in command)
-        self.status = finished.returncode
-        self.stdout = finished.stdout or b""
-        self.stderr = finished.stderr.decode(errors="replace")
+        self.status = status
+        self.stdout = stdout
+        self.stderr = stderr.decode(errors="replace")
 
     def expect(self, status=0):
         check(
@@ -51,14 +51,23 @@ class Result:
         return self
 
 
-def run(*command, **options):
-    """Runs a program of this machine; zone= sets its time zone."""
-    environment = dict(os.environ, LC_ALL="C.UTF-8", TZ=options.pop("zone", "UTC"))
-    options.setdefault("stdout", subprocess.PIPE)
-    finished = subprocess.run(
-        [str(part) for part in command], stderr=subprocess.PIPE, env=environment, **options
-    )
-    return Result(command, finished)
+def run(*command, zone="UTC", stdout=None, **options):
+    """Runs a program of this machine, in a time zone; gives what it printed, unless stdout goes
+    elsewhere."""
+    environment = dict(os.environ, LC_ALL="C.UTF-8", TZ=zone)
+    # Into files: the services that Wine starts in the background inherit the streams, and the end of
+    # a pipe would come only with theirs, a second later.
+    with tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as messages:
+        finished = subprocess.run(
+            [str(part) for part in command],
+            stdout=stdout or output,
+            stderr=messages,
+            env=environment,
+            **options,
+        )
+        output.seek(0)
+        messages.seek(0)
+        return Result(command, finished.returncode, output.read(), messages.read())
 
 
 class Orv:
@@ -95,7 +104,6 @@ def main(tests, summary):
     start = time.monotonic()
     for test in tests:
         name = test.__name__
-        print(name, time.monotonic()-start)
         try:
             with Folder() as folder:
                 test(orv, folder)

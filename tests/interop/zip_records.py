@@ -45,7 +45,7 @@ class Archive:
         while at < self.end.offset + self.end.size:
             record, at = self._central(at)
             self.records.append(record)
-        check_equal(at, self.end_offset, f"end of the directory of {path}")
+        self.directory_end = at
 
     def _central(self, at):
         fields = _CENTRAL.unpack_from(self.data, at)
