@@ -6,11 +6,10 @@
 
 // Entries hold a KEY and a VALUE, one entry a key; arguments are of ARG_KEY, for which HashKey and
 // CompareElements must work, and ARG_VALUE. Entries come from blocks of nBlockSize and go to a free
-// list when removed. The table has 17 buckets unless InitHashTable says otherwise and never grows
-// by itself: a map of many entries should get about as many buckets.
+// list when removed. The table has 17 buckets unless InitHashTable says otherwise, and keeps them.
 //
-// Iteration goes through the buckets in their order, and in each from the newest entry to the
-// oldest. The entry just returned may be removed meanwhile.
+// Iteration goes through the buckets in their order, in each from the newest entry to the oldest.
+// The entry just returned may be removed meanwhile.
 //
 // Members that need memory throw CMemoryException when there is none.
 template <class KEY, class ARG_KEY, class VALUE, class ARG_VALUE>
@@ -45,13 +44,17 @@ class CMap : public CObject {
 
  private:
   struct CAssoc {
-    CAssoc* pNext;
+    CAssoc* pNext;  // in the bucket, or the free list
+    CAssoc* pPrev;
+    CAssoc* pNextInIndex;
     UINT nHashValue;
     KEY key;
     VALUE value;
   };
 
-  void AllocTable();
+  static CAssoc** NewTable(UINT nSize);
+  void SeeToIndex();
+  CAssoc*& IndexAt(UINT nHashValue) const { return m_pIndex[nHashValue * kMix >> m_nIndexShift]; }
   CAssoc* NewAssoc(ARG_KEY key);
   void FreeAssoc(CAssoc* pAssoc);
   CAssoc* GetAssocAt(ARG_KEY key, UINT nHashValue) const;
@@ -59,6 +62,11 @@ class CMap : public CObject {
 
   CAssoc** m_pHashTable = nullptr;  // null as long as the map is empty, unless asked for
   UINT m_nHashTableSize = 17;
+  // The buckets give the order of iteration, and keep their number even when they become long. A
+  // map with many entries a bucket finds them by this second table, which grows with the map.
+  CAssoc** m_pIndex = nullptr;
+  UINT m_nIndexShift = 32;                   // the table has two to the power of 32 less this
+  static constexpr UINT kMix = 2654435769u;  // spreads hash values that are near each other
   int m_nCount = 0;
   CAssoc* m_pFreeList = nullptr;
   CPlex* m_pBlocks = nullptr;
@@ -71,15 +79,39 @@ void CMap<KEY, ARG_KEY, VALUE, ARG_VALUE>::InitHashTable(UINT nHashSize, BOOL bA
   CObject::operator delete(m_pHashTable);
   m_pHashTable = nullptr;
   m_nHashTableSize = nHashSize;
-  if (bAllocNow) AllocTable();
+  if (bAllocNow) m_pHashTable = NewTable(nHashSize);
 }
 
 template <class KEY, class ARG_KEY, class VALUE, class ARG_VALUE>
-void CMap<KEY, ARG_KEY, VALUE, ARG_VALUE>::AllocTable() {
-  if (m_nHashTableSize > INT_MAX / sizeof(CAssoc*)) AfxThrowMemoryException();
-  const size_t nBytes = m_nHashTableSize * sizeof(CAssoc*);
-  m_pHashTable = static_cast<CAssoc**>(CObject::operator new(nBytes));
-  memset(m_pHashTable, 0, nBytes);
+typename CMap<KEY, ARG_KEY, VALUE, ARG_VALUE>::CAssoc**
+CMap<KEY, ARG_KEY, VALUE, ARG_VALUE>::NewTable(UINT nSize) {
+  if (nSize > INT_MAX / sizeof(CAssoc*)) AfxThrowMemoryException();
+  const size_t nBytes = nSize * sizeof(CAssoc*);
+  CAssoc** pTable = static_cast<CAssoc**>(CObject::operator new(nBytes));
+  memset(pTable, 0, nBytes);
+  return pTable;
+}
+
+// Makes or doubles the index when one more entry calls for it.
+template <class KEY, class ARG_KEY, class VALUE, class ARG_VALUE>
+void CMap<KEY, ARG_KEY, VALUE, ARG_VALUE>::SeeToIndex() {
+  constexpr UINT kLongBucket = 4, kFirstBits = 7;
+  const UINT nCount = static_cast<UINT>(m_nCount);
+  if (m_pIndex == nullptr ? nCount / kLongBucket < m_nHashTableSize
+                          : nCount < 1u << (32 - m_nIndexShift))
+    return;
+  UINT nBits = kFirstBits;
+  while (1u << nBits <= nCount) ++nBits;
+  CAssoc** pIndex = NewTable(1u << nBits);
+  CObject::operator delete(m_pIndex);
+  m_pIndex = pIndex;
+  m_nIndexShift = 32 - nBits;
+  for (UINT nBucket = 0; nBucket < m_nHashTableSize; ++nBucket)
+    for (CAssoc* pAssoc = m_pHashTable[nBucket]; pAssoc != nullptr; pAssoc = pAssoc->pNext) {
+      CAssoc*& pHead = IndexAt(pAssoc->nHashValue);
+      pAssoc->pNextInIndex = pHead;
+      pHead = pAssoc;
+    }
 }
 
 template <class KEY, class ARG_KEY, class VALUE, class ARG_VALUE>
@@ -90,7 +122,8 @@ void CMap<KEY, ARG_KEY, VALUE, ARG_VALUE>::RemoveAll() {
       DestructElements<KEY>(&pAssoc->key, 1);
     }
   CObject::operator delete(m_pHashTable);
-  m_pHashTable = nullptr;
+  CObject::operator delete(m_pIndex);
+  m_pHashTable = m_pIndex = nullptr;
   m_nCount = 0;
   m_pFreeList = nullptr;
   if (m_pBlocks != nullptr) m_pBlocks->FreeDataChain();
@@ -135,10 +168,11 @@ template <class KEY, class ARG_KEY, class VALUE, class ARG_VALUE>
 typename CMap<KEY, ARG_KEY, VALUE, ARG_VALUE>::CAssoc*
 CMap<KEY, ARG_KEY, VALUE, ARG_VALUE>::GetAssocAt(ARG_KEY key, UINT nHashValue) const {
   if (m_pHashTable == nullptr) return nullptr;
-  CAssoc* pAssoc = m_pHashTable[nHashValue % m_nHashTableSize];
+  const bool bIndex = m_pIndex != nullptr;
+  CAssoc* pAssoc = bIndex ? IndexAt(nHashValue) : m_pHashTable[nHashValue % m_nHashTableSize];
   while (pAssoc != nullptr &&
          !(pAssoc->nHashValue == nHashValue && CompareElements(&pAssoc->key, &key)))
-    pAssoc = pAssoc->pNext;
+    pAssoc = bIndex ? pAssoc->pNextInIndex : pAssoc->pNext;
   return pAssoc;
 }
 
@@ -155,12 +189,19 @@ VALUE& CMap<KEY, ARG_KEY, VALUE, ARG_VALUE>::operator[](ARG_KEY key) {
   const UINT nHashValue = HashKey<ARG_KEY>(key);
   CAssoc* pAssoc = GetAssocAt(key, nHashValue);
   if (pAssoc == nullptr) {
-    if (m_pHashTable == nullptr) AllocTable();
+    if (m_pHashTable == nullptr) m_pHashTable = NewTable(m_nHashTableSize);
+    SeeToIndex();
     pAssoc = NewAssoc(key);
     CAssoc*& pHead = m_pHashTable[nHashValue % m_nHashTableSize];
     pAssoc->nHashValue = nHashValue;
     pAssoc->pNext = pHead;
+    pAssoc->pPrev = nullptr;
+    if (pHead != nullptr) pHead->pPrev = pAssoc;
     pHead = pAssoc;
+    if (m_pIndex != nullptr) {
+      pAssoc->pNextInIndex = IndexAt(nHashValue);
+      IndexAt(nHashValue) = pAssoc;
+    }
     ++m_nCount;
   }
   return pAssoc->value;
@@ -171,9 +212,14 @@ BOOL CMap<KEY, ARG_KEY, VALUE, ARG_VALUE>::RemoveKey(ARG_KEY key) {
   const UINT nHashValue = HashKey<ARG_KEY>(key);
   CAssoc* pAssoc = GetAssocAt(key, nHashValue);
   if (pAssoc == nullptr) return FALSE;
-  CAssoc** ppLink = &m_pHashTable[nHashValue % m_nHashTableSize];
-  while (*ppLink != pAssoc) ppLink = &(*ppLink)->pNext;
-  *ppLink = pAssoc->pNext;
+  CAssoc*& pHead = m_pHashTable[nHashValue % m_nHashTableSize];
+  (pAssoc->pPrev != nullptr ? pAssoc->pPrev->pNext : pHead) = pAssoc->pNext;
+  if (pAssoc->pNext != nullptr) pAssoc->pNext->pPrev = pAssoc->pPrev;
+  if (m_pIndex != nullptr) {
+    CAssoc** ppLink = &IndexAt(nHashValue);
+    while (*ppLink != pAssoc) ppLink = &(*ppLink)->pNextInIndex;
+    *ppLink = pAssoc->pNextInIndex;
+  }
   FreeAssoc(pAssoc);
   return TRUE;
 }

@@ -5,9 +5,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 #include <string>
 #include <vector>
+
+#include "support/Allocations.h"
 
 namespace {
 
@@ -205,6 +208,42 @@ TEST(Map, IteratesByBucketAndFromTheNewestInEach) {
   EXPECT_EQ(order, "bdcae");
 }
 
+// Against the documented order, kept apart, while the map grows past what its buckets hold well.
+TEST(Map, KeepsItsOrderHoweverManyEntries) {
+  CMap<int, int, int, int> map;
+  std::vector<std::vector<int>> buckets(17);
+  unsigned random = 1;
+  for (int step = 0; step < 20000; ++step) {
+    random = random * 1664525 + 1013904223;
+    const int key = static_cast<int>(random >> 16 & 0xFFF);
+    std::vector<int>& bucket = buckets[(key >> 4) % 17];
+    const auto known = std::find(bucket.begin(), bucket.end(), key);
+    if (random >> 31 || step < 5000) {
+      if (known == bucket.end()) bucket.insert(bucket.begin(), key);
+      map[key] = step;
+    } else {
+      EXPECT_EQ(map.RemoveKey(key), known != bucket.end());
+      if (known != bucket.end()) bucket.erase(known);
+    }
+  }
+  std::vector<int> expected, found;
+  for (const auto& bucket : buckets) expected.insert(expected.end(), bucket.begin(), bucket.end());
+  for (const auto& [key, value] : entries<decltype(map), int, int>(map)) found.push_back(key);
+  EXPECT_EQ(found, expected);
+  EXPECT_EQ(map.GetCount(), static_cast<int>(expected.size()));
+  EXPECT_EQ(map.GetHashTableSize(), 17u);
+}
+
+TEST(Map, ManyEntriesAreFoundInConstantTime) {
+  CMap<int, int, int, int> map;
+  for (int i = 0; i < 1'000'000; ++i) map[i] = i;  // in quadratic time this takes many minutes
+  int value = 0;
+  EXPECT_TRUE(map.Lookup(777'777, value));
+  EXPECT_EQ(value, 777'777);
+  for (int i = 0; i < 1'000'000; ++i) ASSERT_TRUE(map.RemoveKey(i));
+  EXPECT_TRUE(map.IsEmpty());
+}
+
 TEST(Map, TheEntryJustReturnedMayBeRemoved) {
   NumberMap map;
   for (int i = 0; i < 200; ++i) {
@@ -294,6 +333,49 @@ TEST(List, ElementsAreMadeAndEndedOnceEach) {
     EXPECT_EQ(Counted::alive, before + 5);
   }
   EXPECT_EQ(Counted::alive, before);
+}
+
+// Runs a call with its first allocation failing, then the second, until none is left to fail.
+template <class Collection, class Call>
+void expectUnchangedByFailures(Collection& collection, int size, Call call) {
+  for (unsigned n = 1;; ++n) {
+    bool threw = false, happened;
+    {
+      allocations::FailNth failure(n);
+      try {
+        call(collection);
+      } catch (CMemoryException* e) {
+        e->Delete();
+        threw = true;
+      }
+      happened = failure.Happened();
+    }
+    ASSERT_EQ(threw, happened);
+    if (!happened) return;
+    if constexpr (requires { collection.GetSize(); })
+      ASSERT_EQ(collection.GetSize(), size);
+    else
+      ASSERT_EQ(collection.GetCount(), size);
+  }
+}
+
+TEST(Collections, ACallThatFailsChangesNothing) {
+  StringArray array;
+  NumberMap map;
+  CStringList list;
+  for (int i = 0; i < 200; ++i) {
+    CString text;
+    text.Format("a text with room of its own %d", i);
+    expectUnchangedByFailures(array, i, [&](StringArray& a) { a.Add(text + "!"); });
+    const LPCTSTR characters = text;
+    expectUnchangedByFailures(map, i, [&](NumberMap& m) { m[characters] = i; });
+    expectUnchangedByFailures(list, i, [&](CStringList& l) { l.AddTail(characters); });
+  }
+  EXPECT_STREQ(array[199], "a text with room of its own 199!");
+  EXPECT_STREQ(list.GetTail(), "a text with room of its own 199");
+  int value = 0;
+  EXPECT_TRUE(map.Lookup("a text with room of its own 199", value));
+  EXPECT_EQ(value, 199);
 }
 
 }  // namespace

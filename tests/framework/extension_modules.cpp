@@ -133,6 +133,14 @@ TEST(ExtensionModule, LoadingInsideOfLoadingKeepsClassesApart) {
     EXPECT_EQ(CRuntimeClass::FromName(name), nullptr) << name;
 }
 
+TEST(ExtensionModule, ALibraryThatRefusesToLoadLeavesNothingBehind) {
+  EXPECT_EQ(LoadLibrary("extension_refusing.dll"), nullptr);
+  EXPECT_EQ(CRuntimeClass::FromName("CRefusingThing"), nullptr);
+  EXPECT_EQ(CRuntimeClass::FromName("CProgramThing"), RUNTIME_CLASS(CProgramThing));
+  Library inner("extension_inner.dll");
+  EXPECT_NE(CRuntimeClass::FromName("CInnerThing"), nullptr);
+}
+
 TEST(ExtensionModule, AnnouncingTwiceChangesNothing) {
   Library inner("extension_inner.dll");
   const auto* record = inner.Get<const AFX_EXTENSION_MODULE*()>("Record")();

@@ -58,6 +58,19 @@ TEST(StringEdit, ReplacesRemovesInsertsAndDeletes) {
   EXPECT_STREQ(i, "abc");
 }
 
+TEST(StringEdit, JoinsTextsOfEveryKind) {
+  const CString s("b");
+  EXPECT_STREQ('a' + s + 'c' + "d" + s, "abcdb");
+  EXPECT_STREQ("a" + s, "ab");
+  EXPECT_STREQ(s + static_cast<LPCTSTR>(nullptr), "b");
+  CString sum;
+  sum += s;
+  sum += 'c';
+  sum += "d";
+  sum += static_cast<LPCTSTR>(nullptr);
+  EXPECT_STREQ(sum, "bcd");
+}
+
 TEST(StringEdit, FoldsCaseOfTheCodePage) {
   EXPECT_STREQ(edited("d\xe9j\xe0 VU", [](CString& s) { s.MakeUpper(); }), "D\xc9J\xc0 VU");
   EXPECT_STREQ(edited("D\xc9J\xc0 vu", [](CString& s) { s.MakeLower(); }), "d\xe9j\xe0 vu");

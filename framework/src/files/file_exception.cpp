@@ -131,6 +131,6 @@ BOOL CFileException::GetErrorMessage(LPTSTR lpszError, UINT nMaxError, UINT* pnH
   CString text;
   text.Format(kTexts[cause],
               m_strFileName.IsEmpty() ? "an unnamed file" : static_cast<LPCTSTR>(m_strFileName));
-  copyText(text, lpszError, nMaxError);
+  CopyText(text, lpszError, nMaxError);
   return TRUE;
 }
