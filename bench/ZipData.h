@@ -15,13 +15,14 @@
 
 namespace bench {
 
-// A folder for the length of the program.
+// A folder for the length of the program, empty when it starts.
 class Folder {
  public:
   Folder() {
     char base[MAX_PATH] = "";
     GetTempPathA(MAX_PATH, base);
     m_path = std::string(base) + "orvane-bench-" + std::to_string(GetCurrentProcessId());
+    std::filesystem::remove_all(m_path);
     std::filesystem::create_directories(m_path);
   }
   ~Folder() {
