@@ -2,7 +2,8 @@
 
 #include <emmintrin.h>
 #include <wmmintrin.h>
-#include <zlib.h>
+
+#include "zip/ZipZlib.h"
 
 namespace {
 
@@ -28,28 +29,24 @@ constexpr uint64_t FoldConstant(unsigned power) {
 constexpr size_t kBlock = sizeof(__m128i);
 constexpr size_t kStride = 4 * kBlock;  // four blocks at a time keep the multiplier busy
 
-#define WITH_MULTIPLICATION __attribute__((target("pclmul,sse2")))
-
 // The constants that carry a block over the given number of bytes.
 template <size_t Bytes>
-WITH_MULTIPLICATION __m128i Constants() {
+__m128i Constants() {
   constexpr uint64_t kLow = FoldConstant(8 * Bytes + 32);
   constexpr uint64_t kHigh = FoldConstant(8 * Bytes - 32);
   return _mm_set_epi32(kHigh >> 32, static_cast<int>(kHigh), kLow >> 32, static_cast<int>(kLow));
 }
 
-WITH_MULTIPLICATION __m128i Load(const uint8_t* at) {
-  return _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
-}
+__m128i Load(const uint8_t* at) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(at)); }
 
-WITH_MULTIPLICATION __m128i Fold(__m128i block, __m128i constants, __m128i later) {
+[[gnu::target("pclmul")]] __m128i Fold(__m128i block, __m128i constants, __m128i later) {
   const __m128i low = _mm_clmulepi64_si128(block, constants, 0x00);
   const __m128i high = _mm_clmulepi64_si128(block, constants, 0x11);
   return _mm_xor_si128(_mm_xor_si128(low, high), later);
 }
 
 // Of kStride bytes at least; a multiple of kBlock.
-WITH_MULTIPLICATION uint32_t FoldedCrc(uint32_t crc, const uint8_t* at, size_t size) {
+[[gnu::target("pclmul")]] uint32_t FoldedCrc(uint32_t crc, const uint8_t* at, size_t size) {
   const uint8_t* const end = at + size;
   __m128i blocks[4] = {Load(at), Load(at + kBlock), Load(at + 2 * kBlock), Load(at + 3 * kBlock)};
   blocks[0] = _mm_xor_si128(blocks[0], _mm_cvtsi32_si128(static_cast<int>(~crc)));
