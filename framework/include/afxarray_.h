@@ -3,8 +3,6 @@
 
 #include "afxelem_.h"
 
-#include <limits.h>
-
 // Elements are of TYPE, arguments of ARG_TYPE, which must be assignable to it. Positions run from
 // 0; they are not checked. Members that need memory throw CMemoryException when there is none.
 // Adding one element at a time costs a constant time each, whatever growth was asked for.
@@ -63,6 +61,7 @@ class CArray : public CObject {
   static void Relocate(TYPE* pDest, TYPE* pSrc, int nCount);
   int GrownSize(int nNewSize) const;
   void MoveTo(Block& block);
+  void MakeLast(TYPE* pData, int nNewSize, ARG_TYPE newElement);
   TYPE* MakeGap(int nIndex, int nCount);
 
   TYPE* m_pData = nullptr;
@@ -143,17 +142,28 @@ void CArray<TYPE, ARG_TYPE>::SetAtGrow(int nIndex, ARG_TYPE newElement) {
     m_pData[nIndex] = newElement;
     return;
   }
-  const int nNew = nIndex + 1 - m_nSize;
-  if (nIndex < m_nMaxSize) {
-    ConstructElements<TYPE>(m_pData + m_nSize, nNew);
-    m_pData[nIndex] = newElement;
+  if (nIndex == INT_MAX) AfxThrowMemoryException();
+  const int nNewSize = nIndex + 1;
+  if (nNewSize <= m_nMaxSize) {
+    MakeLast(m_pData, nNewSize, newElement);
   } else {
-    Block block(GrownSize(nIndex == INT_MAX ? -1 : nIndex + 1));
-    ConstructElements<TYPE>(block.pData + m_nSize, nNew);
-    block.pData[nIndex] = newElement;
+    Block block(GrownSize(nNewSize));
+    MakeLast(block.pData, nNewSize, newElement);
     MoveTo(block);
   }
-  m_nSize = nIndex + 1;
+  m_nSize = nNewSize;
+}
+
+// Makes the elements behind the present ones in a block, the last of which is given.
+template <class TYPE, class ARG_TYPE>
+void CArray<TYPE, ARG_TYPE>::MakeLast(TYPE* pData, int nNewSize, ARG_TYPE newElement) {
+  ConstructElements<TYPE>(pData + m_nSize, nNewSize - m_nSize);
+  try {
+    pData[nNewSize - 1] = newElement;
+  } catch (...) {
+    DestructElements<TYPE>(pData + m_nSize, nNewSize - m_nSize);
+    throw;
+  }
 }
 
 template <class TYPE, class ARG_TYPE>

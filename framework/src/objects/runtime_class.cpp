@@ -4,6 +4,7 @@
 #include <string.h>
 
 #include "modules/module_lock.h"
+#include "modules/raw_attach.h"
 
 constinit CRuntimeClass CObject::classCObject = {"CObject", sizeof(CObject), 0xFFFF,
                                                  nullptr,   nullptr,         nullptr};
@@ -63,6 +64,9 @@ CRuntimeClass* PASCAL CRuntimeClass::FromName(LPCSTR lpszClassName) {
   ModuleLock lock;
   const AFX_MODULE_STATE* state = AfxGetModuleState();
   CRuntimeClass* found = findIn(state->m_classList, lpszClassName);
+  for (_AfxSetAside* lists = SetAsideLists(); lists != nullptr && found == nullptr;
+       lists = lists->next)
+    found = findIn(lists->classList, lpszClassName);
   for (CDynLinkLibrary* library = state->m_libraryList; library != nullptr && found == nullptr;
        library = library->m_pNextDLL)
     found = findIn(library->m_classList, lpszClassName);
