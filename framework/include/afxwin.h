@@ -1,9 +1,22 @@
-// What programs include: the foundation, the program's state and its resources.
+// What programs include: the foundation, the program's state and resources, windows and threads.
 #pragma once
 
 #include "afx.h"
 #include "afxstat_.h"
 #include "afxdll_.h"
+#include "afxgeo_.h"
+#include "afxcmdt_.h"
+#include "afxwnd_.h"
+#include "afxdlg_.h"
+#include "afxframe_.h"
+#include "afxthrd_.h"
+#include "afxapp_.h"
+#include "afxmsg_.h"
+#include "afxres.h"
+
+#include "afxwnd_state.inl"
+#include "afxwnd_items.inl"
+#include "afxwnd_others.inl"
 
 // The program's module, without an application object the one of the .exe file.
 AFX_CORE_DATA HINSTANCE AFXAPI AfxGetInstanceHandle();

@@ -6,6 +6,9 @@
 #include <map>
 #include <memory>
 #include <utility>
+#include <vector>
+
+#include "threads/temporary_objects.h"
 
 // Permanent objects are the program's own, which attach themselves. Temporary ones stand for
 // handles that the program does not own; the map owns them until DeleteTemporary. A temporary
@@ -40,9 +43,9 @@ class HandleMap {
   template <class Make>
   Object* FromHandle(Handle handle, Make make) {
     if (Object* permanent = FindPermanent(handle)) return permanent;
-    std::unique_ptr<Object>& temporary = m_temporary[handle];
-    if (temporary == nullptr) temporary.reset(make());
-    return temporary.get();
+    Temporary& temporary = m_temporary[handle];
+    if (temporary.object == nullptr) temporary = {NewTemporary(), std::unique_ptr<Object>(make())};
+    return temporary.object.get();
   }
 
   void SetPermanent(Handle handle, Object* object) { m_permanent[handle] = object; }
@@ -53,14 +56,28 @@ class HandleMap {
     if (found != m_permanent.end() && found->second == object) m_permanent.erase(found);
   }
 
-  void DeleteTemporary() {
+  // Those made since a moment (see TemporaryMark).
+  void DeleteTemporary(unsigned since = 0) {
     // Moved out first: an object's destructor may come back here.
-    for (auto& entry : std::exchange(m_temporary, {}))
-      if (entry.second != nullptr) m_release(*entry.second);
+    std::vector<std::unique_ptr<Object>> ended;
+    for (auto entry = m_temporary.begin(); entry != m_temporary.end();) {
+      if (since != 0 && !IsSince(entry->second.made, since)) {
+        ++entry;
+        continue;
+      }
+      if (entry->second.object != nullptr) ended.push_back(std::move(entry->second.object));
+      entry = m_temporary.erase(entry);
+    }
+    for (const auto& object : ended) m_release(*object);
   }
 
  private:
+  struct Temporary {
+    unsigned made = 0;
+    std::unique_ptr<Object> object;
+  };
+
   Release m_release;
   std::map<Handle, Object*> m_permanent;
-  std::map<Handle, std::unique_ptr<Object>> m_temporary;
+  std::map<Handle, Temporary> m_temporary;
 };

@@ -1,0 +1,198 @@
+// CDialog: from a template to a window, modal and modeless.
+
+#include <afxwin.h>
+
+#include "windows/wnd_access.h"
+
+// What the system calls for messages that the framework's window procedure leaves to it.
+struct _AfxDialogAccess {
+  static INT_PTR CALLBACK Procedure(HWND hWnd, UINT message, WPARAM, LPARAM) {
+    if (message != WM_INITDIALOG) return FALSE;
+    CDialog* const dialog = DYNAMIC_DOWNCAST(CDialog, CWnd::FromHandlePermanent(hWnd));
+    return dialog == nullptr || dialog->OnInitDialog();
+  }
+};
+
+namespace {
+
+// A template in a resource, found through the chain of modules.
+struct Template {
+  explicit Template(LPCTSTR name) : module(AfxFindResourceHandle(name, RT_DIALOG)) {
+    const HRSRC resource = FindResource(module, name, RT_DIALOG);
+    if (resource != nullptr)
+      contents = static_cast<LPCDLGTEMPLATE>(LockResource(LoadResource(module, resource)));
+  }
+  HINSTANCE module;
+  LPCDLGTEMPLATE contents = nullptr;
+};
+
+// A template in global memory, locked as long as this lives.
+class LockedTemplate {
+ public:
+  explicit LockedTemplate(HGLOBAL memory)
+      : m_memory(memory),
+        m_contents(memory == nullptr ? nullptr : static_cast<LPCDLGTEMPLATE>(GlobalLock(memory))) {}
+  ~LockedTemplate() {
+    if (m_contents != nullptr) GlobalUnlock(m_memory);
+  }
+  LockedTemplate(const LockedTemplate&) = delete;
+  LockedTemplate& operator=(const LockedTemplate&) = delete;
+
+  LPCDLGTEMPLATE Contents() const { return m_contents; }
+
+ private:
+  HGLOBAL m_memory;
+  LPCDLGTEMPLATE m_contents;
+};
+
+// The owner of a modal dialog gets no input while this lives.
+class DisabledOwner {
+ public:
+  explicit DisabledOwner(HWND owner)
+      : m_owner(owner != nullptr && IsWindowEnabled(owner) ? owner : nullptr) {
+    if (m_owner != nullptr) EnableWindow(m_owner, FALSE);
+  }
+  ~DisabledOwner() { Enable(); }
+  DisabledOwner(const DisabledOwner&) = delete;
+  DisabledOwner& operator=(const DisabledOwner&) = delete;
+
+  void Enable() {
+    if (m_owner != nullptr) EnableWindow(m_owner, TRUE);
+    m_owner = nullptr;
+  }
+
+ private:
+  HWND m_owner;
+};
+
+}  // namespace
+
+BOOL CDialog::Create(UINT nIDTemplate, CWnd* pParentWnd) {
+  return Create(MAKEINTRESOURCE(nIDTemplate), pParentWnd);
+}
+
+BOOL CDialog::Create(LPCTSTR lpszTemplateName, CWnd* pParentWnd) {
+  m_lpszTemplateName = lpszTemplateName;
+  if (m_nIDHelp == 0 && IS_INTRESOURCE(lpszTemplateName))
+    m_nIDHelp = static_cast<UINT>(reinterpret_cast<UINT_PTR>(lpszTemplateName));
+  const Template resource(lpszTemplateName);
+  return CreateDlgIndirect(resource.contents, pParentWnd, resource.module);
+}
+
+BOOL CDialog::CreateIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd,
+                             void* lpDialogInit) {
+  m_lpDialogInit = lpDialogInit;
+  return CreateDlgIndirect(lpDialogTemplate, pParentWnd, AfxGetResourceHandle());
+}
+
+BOOL CDialog::CreateIndirect(HGLOBAL hDialogTemplate, CWnd* pParentWnd) {
+  const LockedTemplate locked(hDialogTemplate);
+  return CreateIndirect(locked.Contents(), pParentWnd);
+}
+
+BOOL CDialog::InitModalIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd,
+                                void* lpDialogInit) {
+  m_lpDialogTemplate = lpDialogTemplate;
+  m_hDialogTemplate = nullptr;
+  m_lpDialogInit = lpDialogInit;
+  if (pParentWnd != nullptr) m_pParentWnd = pParentWnd;
+  return TRUE;
+}
+
+BOOL CDialog::InitModalIndirect(HGLOBAL hDialogTemplate, CWnd* pParentWnd) {
+  InitModalIndirect(LPCDLGTEMPLATE(nullptr), pParentWnd);
+  m_hDialogTemplate = hDialogTemplate;
+  return TRUE;
+}
+
+BOOL CDialog::CreateDlgIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd,
+                                HINSTANCE hInst) {
+  if (lpDialogTemplate == nullptr) return FALSE;
+  const HWND owner = pParentWnd != nullptr        ? pParentWnd->m_hWnd
+                     : AfxGetMainWnd() != nullptr ? AfxGetMainWnd()->m_hWnd
+                                                  : nullptr;
+  HWND window = nullptr;
+  if (HookCreation(*this))
+    window = ::CreateDialogIndirectParam(hInst, lpDialogTemplate, owner,
+                                         &_AfxDialogAccess::Procedure, 0);
+  if (!UnhookCreation()) PostNcDestroy();
+  return window != nullptr;
+}
+
+HWND CDialog::PreModal() {
+  CWnd* const owner = GetSafeOwner(m_pParentWnd, &m_hWndTop);
+  return owner != nullptr ? owner->m_hWnd : nullptr;
+}
+
+void CDialog::PostModal() {
+  if (m_hWndTop != nullptr && ::IsWindow(m_hWndTop)) ::EnableWindow(m_hWndTop, TRUE);
+  m_hWndTop = nullptr;
+}
+
+int CDialog::DoModal() {
+  LPCDLGTEMPLATE contents = m_lpDialogTemplate;
+  HINSTANCE module = AfxGetResourceHandle();
+  const LockedTemplate locked(m_hDialogTemplate);
+  if (locked.Contents() != nullptr) contents = locked.Contents();
+  if (m_lpszTemplateName != nullptr) {
+    const Template resource(m_lpszTemplateName);
+    contents = resource.contents;
+    module = resource.module;
+  }
+  if (contents == nullptr) return -1;
+
+  const _AfxModalLoop life(*this);
+  const HWND owner = PreModal();
+  const HWND top = m_hWndTop;
+  int result = -1;
+  {
+    DisabledOwner disabled(owner);
+    m_nModalResult = -1;
+    m_nFlags |= WF_CONTINUEMODAL;  // OnInitDialog may end the dialog already
+    const bool created = CreateDlgIndirect(contents, CWnd::FromHandle(owner), module);
+    if (created && (m_nFlags & WF_CONTINUEMODAL) != 0)
+      RunModalLoop(MLF_SHOWONIDLE | ((GetStyle() & DS_NOIDLEMSG) != 0 ? MLF_NOIDLEMSG : 0));
+    if (life.object != nullptr) {
+      result = m_nModalResult;
+      m_nFlags &= ~WF_CONTINUEMODAL;
+      if (m_hWnd != nullptr)
+        SetWindowPos(nullptr, 0, 0, 0, 0,
+                     SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
+    }
+    // The owner is enabled while the dialog still is active: or another program would become so.
+    disabled.Enable();
+    if (life.object != nullptr && m_hWnd != nullptr) {
+      if (owner != nullptr && ::GetActiveWindow() == m_hWnd) ::SetActiveWindow(owner);
+    }
+  }
+  if (life.object != nullptr) DestroyWindow();
+  if (life.object != nullptr) {
+    PostModal();
+  } else if (top != nullptr && ::IsWindow(top)) {
+    ::EnableWindow(top, TRUE);
+  }
+  return result;
+}
+
+// A position in the template that is not the corner's was meant.
+BOOL CDialog::CheckAutoCenter() {
+  LPCDLGTEMPLATE contents = m_lpDialogTemplate;
+  const LockedTemplate locked(m_hDialogTemplate);
+  if (locked.Contents() != nullptr) contents = locked.Contents();
+  if (m_lpszTemplateName != nullptr) contents = Template(m_lpszTemplateName).contents;
+  if (contents == nullptr) return TRUE;
+
+  // An extended template begins with the version 1 and the word 0xFFFF.
+  struct [[gnu::packed]] Extended {
+    WORD version, signature;
+    DWORD helpId, exStyle, style;
+    WORD items;
+    short x, y, cx, cy;
+  };
+  const auto extended = reinterpret_cast<const Extended*>(contents);
+  const bool isExtended = extended->version == 1 && extended->signature == 0xFFFF;
+  const DWORD style = isExtended ? extended->style : contents->style;
+  const short x = isExtended ? extended->x : contents->x;
+  const short y = isExtended ? extended->y : contents->y;
+  return (style & (DS_CENTER | DS_CENTERMOUSE | DS_ABSALIGN)) == 0 && x == 0 && y == 0;
+}
