@@ -1,4 +1,4 @@
-// The framework's foundation, without windows: objects, texts, exceptions.
+// The framework's foundation, without windows: objects, texts, times, files, exceptions.
 #pragma once
 
 #include "afxver_.h"
@@ -6,3 +6,5 @@
 #include "afxobj_.h"
 #include "afxexc_.h"
 #include "afxstr_.h"
+#include "afxtime_.h"
+#include "afxfile_.h"

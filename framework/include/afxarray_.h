@@ -3,8 +3,6 @@
 
 #include "afxelem_.h"
 
-#include <limits.h>
-
 // Elements are of TYPE, arguments of ARG_TYPE, which must be assignable to it. Positions run from
 // 0; they are not checked. Members that need memory throw CMemoryException when there is none.
 // Adding one element at a time costs a constant time each, whatever growth was asked for.
@@ -143,12 +141,13 @@ void CArray<TYPE, ARG_TYPE>::SetAtGrow(int nIndex, ARG_TYPE newElement) {
     m_pData[nIndex] = newElement;
     return;
   }
+  if (nIndex == INT_MAX) AfxThrowMemoryException();
   const int nNew = nIndex + 1 - m_nSize;
   if (nIndex < m_nMaxSize) {
     ConstructElements<TYPE>(m_pData + m_nSize, nNew);
     m_pData[nIndex] = newElement;
   } else {
-    Block block(GrownSize(nIndex == INT_MAX ? -1 : nIndex + 1));
+    Block block(GrownSize(nIndex + 1));
     ConstructElements<TYPE>(block.pData + m_nSize, nNew);
     block.pData[nIndex] = newElement;
     MoveTo(block);

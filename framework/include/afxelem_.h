@@ -5,6 +5,7 @@
 #include "afxexc_.h"
 #include "afxstr_.h"
 
+#include <limits.h>
 #include <string.h>
 
 #include <new>

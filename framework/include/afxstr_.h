@@ -54,7 +54,7 @@ class AFX_CORE_DATA CString {
   operator LPCTSTR() const { return m_pchData; }
 
   const CString& operator=(const CString& stringSrc);
-  const CString& operator=(CString&& stringSrc) noexcept;
+  const CString& operator=(CString&& stringSrc);
   const CString& operator=(TCHAR ch);
   const CString& operator=(LPCSTR lpsz);
   const CString& operator=(LPCWSTR lpsz);
@@ -118,7 +118,8 @@ class AFX_CORE_DATA CString {
   int FindOneOf(LPCTSTR lpszCharSet) const;
 
   // Formats as the runtime's printf does; an argument may be the string itself. The second form
-  // takes the format from the string table and throws CResourceException when it is not there.
+  // takes the format from the string table and throws CResourceException when it is not there. What
+  // the runtime cannot format throws CMemoryException.
   void AFX_CDECL Format(LPCTSTR lpszFormat, ...);
   void AFX_CDECL Format(UINT nFormatID, ...);
   void FormatV(LPCTSTR lpszFormat, va_list argList);

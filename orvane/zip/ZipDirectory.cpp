@@ -56,7 +56,7 @@ ZipResult ZipDirectory::FindEndRecord(ZipInput& input, EndRecord& found) const {
   while (blockEnd > limit + kSearchOverlap) {
     const uint64_t blockStart = std::max(limit, blockEnd - std::min(blockEnd, kSearchBlock));
     const auto blockSize = static_cast<size_t>(blockEnd - blockStart);
-    if (const ZipResult result = input.Read(blockStart, block, blockSize); result != kZipOk)
+    if (const ZipResult result = input.ReadData(blockStart, block, blockSize); result != kZipOk)
       return result;
     for (size_t i = blockSize - kSearchOverlap; i-- > 0;) {
       if (GetLe32(block + i) != kZipEndSignature) continue;
@@ -76,7 +76,7 @@ ZipResult ZipDirectory::JudgeEndRecord(ZipInput& input, uint64_t position,
                                        EndRecord& record) const {
   uint8_t bytes[kZipEndSize];
   if (!input.Holds(position, sizeof bytes)) return kZipOk;
-  if (const ZipResult result = input.Read(position, bytes, sizeof bytes); result != kZipOk)
+  if (const ZipResult result = input.ReadHeader(position, bytes, sizeof bytes); result != kZipOk)
     return result;
   const uint64_t disk = GetLe16(bytes + 4);
   const uint64_t directoryDisk = GetLe16(bytes + 6);
@@ -91,7 +91,7 @@ ZipResult ZipDirectory::JudgeEndRecord(ZipInput& input, uint64_t position,
   const auto isDirectory = [&](uint64_t start) {
     uint8_t signature[4];
     return position - start >= kZipCentralSize &&
-           input.Read(start, signature, sizeof signature) == kZipOk &&
+           input.ReadHeader(start, signature, sizeof signature) == kZipOk &&
            GetLe32(signature) == kZipCentralSignature;
   };
   if (record.count == 0) {
@@ -123,7 +123,7 @@ ZipResult ZipDirectory::Index(ZipInput& input, uint64_t end) {
     const size_t old = m_bytes.size();
     const uint64_t grown = std::max<uint64_t>(size, old == 0 ? kFirstCopy : old * 2ull);
     m_bytes.resize(static_cast<size_t>(std::min(grown, most)));
-    return input.Read(m_start + old, m_bytes.data() + old, m_bytes.size() - old);
+    return input.ReadData(m_start + old, m_bytes.data() + old, m_bytes.size() - old);
   };
 
   m_records.reserve(m_count);

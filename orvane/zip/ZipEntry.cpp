@@ -4,7 +4,6 @@
 #include <cstring>
 
 #include "zip/ZipFormat.h"
-#include "zip/ZipTime.h"
 
 namespace {
 
@@ -23,31 +22,37 @@ unsigned long WindowsAttributesOf(uint32_t external) {
 }
 
 // Takes the times of an extended time stamp, the fields behind its id and length.
-void UseTimes(const uint8_t* at, const uint8_t* end, ZIPENTRY& entry) {
-  if (at == end) return;
-  const uint8_t flags = *at++;
+ZipResult UseTimes(ZipInput& input, uint64_t position, size_t size, ZIPENTRY& entry) {
+  uint8_t fields[1 + 3 * 4] = {};
+  size = std::min(size, sizeof fields);
+  if (const ZipResult result = input.ReadHeader(position, fields, size); result != kZipOk)
+    return result;
+  size_t at = 1;
   const auto next = [&](uint8_t flag, FILETIME& time) {
-    if (!(flags & flag) || end - at < 4) return;
-    time = FromUnixTime(static_cast<int32_t>(GetLe32(at)));
+    if (!(fields[0] & flag) || at + 4 > size) return;
+    time = FromUnixTime(static_cast<int32_t>(GetLe32(fields + at)));
     at += 4;
   };
   next(kZipTimesModified, entry.mtime);
   next(kZipTimesAccessed, entry.atime);
   next(kZipTimesCreated, entry.ctime);
+  return kZipOk;
 }
 
 // By design the walk steps by the low byte of a block's length. A block of 256 bytes or more
 // misleads it, and the times of the directory stand; it never leaves the field.
-void UseExtraField(const uint8_t* at, size_t size, ZIPENTRY& entry) {
-  const uint8_t* const end = at + size;
-  while (end - at >= 4) {
-    const uint16_t id = GetLe16(at);
-    const size_t length = at[2];
-    at += 4;
-    const uint8_t* const blockEnd = at + std::min<size_t>(length, end - at);
-    if (id == kZipTimesId) return UseTimes(at, blockEnd, entry);
-    at = blockEnd;
+ZipResult UseExtraField(ZipInput& input, const ZipLocalHeader& header, ZIPENTRY& entry) {
+  for (uint64_t at = header.extra; at + 4 <= header.data;) {
+    uint8_t block[4];
+    if (const ZipResult result = input.ReadHeader(at, block, sizeof block); result != kZipOk)
+      return result;
+    at += sizeof block;
+    const uint64_t length = std::min<uint64_t>(block[2], header.data - at);
+    if (GetLe16(block) == kZipTimesId)
+      return UseTimes(input, at, static_cast<size_t>(length), entry);
+    at += length;
   }
+  return kZipOk;
 }
 
 }  // namespace
@@ -55,18 +60,17 @@ void UseExtraField(const uint8_t* at, size_t size, ZIPENTRY& entry) {
 ZipResult ReadLocalHeader(ZipInput& input, const ZipDirectory& directory,
                           const ZipCentralRecord& record, ZipLocalHeader& header) {
   const uint64_t position = directory.Base() + record.offset;
-  const uint8_t* bytes;
-  size_t size;
-  if (const ZipResult result = input.Show(position, kZipLocalSize, bytes, size); result != kZipOk)
+  uint8_t bytes[kZipLocalSize];
+  if (const ZipResult result = input.ReadHeader(position, bytes, sizeof bytes); result != kZipOk)
     return result;
   if (GetLe32(bytes) != kZipLocalSignature) return kZipCorrupt;
   header.extra = position + kZipLocalSize + GetLe16(bytes + 26);
-  header.extraSize = GetLe16(bytes + 28);
-  header.data = header.extra + header.extraSize;
+  header.data = header.extra + GetLe16(bytes + 28);
   return input.Holds(header.data, 0) ? kZipOk : kZipCorrupt;
 }
 
-ZipResult ReadZipEntry(ZipInput& input, const ZipDirectory& directory, int index, ZIPENTRY& entry) {
+ZipResult ReadZipEntry(ZipInput& input, const ZipDirectory& directory, const ZipTimeZone& timeZone,
+                       int index, ZIPENTRY& entry) {
   if (!directory.IsReadable(index)) return kZipCorrupt;
   const ZipCentralRecord record = directory.Record(index);
   ZipLocalHeader header;
@@ -79,13 +83,7 @@ ZipResult ReadZipEntry(ZipInput& input, const ZipDirectory& directory, int index
   entry.attr = WindowsAttributesOf(record.attributes);
   entry.comp_size = static_cast<int>(record.compressedSize);
   entry.unc_size = static_cast<int>(record.size);
-  entry.mtime = FromDosTime({record.time, record.date});
+  entry.mtime = timeZone.FromDosTime({record.time, record.date});
   entry.atime = entry.ctime = entry.mtime;
-  const uint8_t* extra;
-  size_t shown;
-  if (const ZipResult result = input.Show(header.extra, header.extraSize, extra, shown);
-      result != kZipOk)
-    return result;
-  UseExtraField(extra, header.extraSize, entry);
-  return kZipOk;
+  return UseExtraField(input, header, entry);
 }

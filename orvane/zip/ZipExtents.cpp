@@ -59,20 +59,30 @@ uint64_t ZipExtents::EndOf(Extent& extent) {
   return extent.end;
 }
 
-// Goes back until nothing before can reach as far as this extent, or until an extent is met that
-// was asked about before: what matters to it matters here, and nothing else before it does.
+// The first extent that may reach as far as another one, or beyond, though it starts before it.
+size_t ZipExtents::FirstNear(size_t place) const {
+  const uint64_t start = m_extents[place].start;
+  const auto begin = m_extents.begin();
+  const auto found = std::partition_point(begin, begin + place, [start](const Extent& extent) {
+    return extent.mostLeastEnd + kMostAdded <= start;
+  });
+  return static_cast<size_t>(found - begin);
+}
+
+// One pass finds the reach of all extents that are near this one, so that each is looked at twice
+// at most, in whatever order the entries are extracted.
 uint64_t ZipExtents::ReachBefore(size_t place) {
-  Extent& extent = m_extents[place];
-  if (extent.reach != 0) return extent.reach;
-  uint64_t reach = 1;
-  for (size_t before = place; before-- > 0 && reach <= extent.start;) {
-    Extent& other = m_extents[before];
-    if (other.mostLeastEnd + kMostAdded <= extent.start) break;
-    reach = std::max(reach, EndOf(other));
-    if (other.reach != 0) {
-      reach = std::max(reach, other.reach);
-      break;
-    }
+  if (m_extents[place].reach != 0) return m_extents[place].reach;
+  const size_t first = FirstNear(place);
+  const size_t begin = FirstNear(first);
+  // Where the reach is known, nothing before it has to be looked at again.
+  size_t at = place;
+  while (at > begin && m_extents[at].reach == 0) --at;
+  uint64_t reach = std::max<uint64_t>(m_extents[at].reach, 1);
+  for (; at <= place; ++at) {
+    Extent& extent = m_extents[at];
+    if (at >= first) extent.reach = reach;
+    reach = std::max(reach, EndOf(extent));
   }
-  return extent.reach = reach;
+  return m_extents[place].reach;
 }

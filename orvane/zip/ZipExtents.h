@@ -33,6 +33,7 @@ class ZipExtents {
   };
 
   uint64_t EndOf(Extent& extent);
+  size_t FirstNear(size_t place) const;
   uint64_t ReachBefore(size_t place);
 
   ZipInput& m_input;

@@ -1,9 +1,17 @@
 #include "zip/ZipExtraction.h"
 
 #include <algorithm>
+#include <cstring>
 #include <new>
 
 #include "zip/ZipFormat.h"
+
+namespace {
+
+// Stored data of so many bytes go from the archive straight to their place.
+constexpr size_t kLargePiece = 64 * 1024;
+
+}  // namespace
 
 ZipResult ZipExtraction::Start(const ZipCentralRecord& record, uint64_t dataPosition) {
   m_state = State::kDone;
@@ -41,8 +49,20 @@ ZipExtraction::State ZipExtraction::Read(uint8_t* to, size_t capacity, size_t& g
 }
 
 size_t ZipExtraction::Copy(uint8_t* to, size_t capacity) {
-  const size_t size = std::min<size_t>(capacity, m_left);
-  if (m_input.Read(m_position, to, size) != kZipOk) {
+  size_t size = std::min<size_t>(capacity, m_left);
+  ZipResult result;
+  if (size >= kLargePiece) {
+    result = m_input.ReadData(m_position, to, size);
+  } else {
+    const uint8_t* bytes;
+    size_t available;
+    result = m_input.ShowData(m_position, bytes, available);
+    if (result == kZipOk) {
+      size = std::min(size, available);
+      std::memcpy(to, bytes, size);
+    }
+  }
+  if (result != kZipOk) {
     m_state = State::kBroken;
     return 0;
   }
@@ -55,7 +75,7 @@ size_t ZipExtraction::Inflate(uint8_t* to, size_t capacity) {
   const uint8_t* bytes = nullptr;
   size_t available = 0;
   if (m_compressedLeft > 0) {
-    if (m_input.Show(m_position, 1, bytes, available) != kZipOk) {
+    if (m_input.ShowData(m_position, bytes, available) != kZipOk) {
       m_state = State::kBroken;
       return 0;
     }

@@ -5,10 +5,21 @@
 
 namespace {
 
-constexpr size_t kBufferSize = 128 * 1024;
-constexpr size_t kLeastReadAhead = 1024;
+constexpr size_t kPageSize = 4 * 1024;
+constexpr size_t kMostPages = 2048;
+
+constexpr size_t kWindowSize = 128 * 1024;
+constexpr size_t kLeastReadAhead = 4 * 1024;
 
 }  // namespace
+
+struct ZipInput::Page {
+  uint64_t number;
+  uint8_t bytes[kPageSize];
+};
+
+ZipInput::ZipInput() = default;
+ZipInput::~ZipInput() = default;
 
 ZipResult ZipInput::OpenHandle(HANDLE handle) {
   HANDLE copy;
@@ -22,7 +33,7 @@ ZipResult ZipInput::OpenHandle(HANDLE handle) {
   if (GetFileType(copy) != FILE_TYPE_DISK || !SetFilePointerEx(copy, {}, &start, FILE_CURRENT))
     return kZipNoSeek;
   m_archiveStart = start.QuadPart;
-  return Measure();
+  return UseFile();
 }
 
 ZipResult ZipInput::OpenFile(const char* path) {
@@ -30,58 +41,35 @@ ZipResult ZipInput::OpenFile(const char* path) {
                            FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!m_file) return kZipNoFile;
   // A path can name a device too.
-  return GetFileType(m_file.get()) == FILE_TYPE_DISK ? Measure() : kZipNoSeek;
+  return GetFileType(m_file.get()) == FILE_TYPE_DISK ? UseFile() : kZipNoSeek;
 }
 
 ZipResult ZipInput::OpenMemory(const void* block, unsigned int size) {
-  m_window = static_cast<const uint8_t*>(block);
-  m_windowSize = size;
+  m_memory = static_cast<const uint8_t*>(block);
   m_size = size;
   return kZipOk;
 }
 
-ZipResult ZipInput::Measure() {
+ZipResult ZipInput::UseFile() {
   LARGE_INTEGER end;
   if (!GetFileSizeEx(m_file.get(), &end)) return kZipReadError;
   const auto fileSize = static_cast<uint64_t>(end.QuadPart);
   m_size = fileSize > m_archiveStart ? fileSize - m_archiveStart : 0;
-  m_buffer.reset(new uint8_t[kBufferSize]);
-  m_window = m_buffer.get();
+  m_pages.resize(static_cast<size_t>(std::min<uint64_t>(m_size / kPageSize + 1, kMostPages)));
   return kZipOk;
 }
 
-ZipResult ZipInput::Show(uint64_t position, size_t least, const uint8_t*& bytes, size_t& size) {
-  if (!Holds(position, least)) return kZipCorrupt;
-  const bool isNear = position >= m_windowStart &&
-                      position - m_windowStart <= static_cast<uint64_t>(m_windowSize) + m_readAhead;
-  if (!isNear || position - m_windowStart + least > m_windowSize) {
-    // Only files get here: the window of a memory archive is all of it.
-    m_readAhead = isNear ? std::min(m_readAhead * 2, kBufferSize) : kLeastReadAhead;
-    m_readAhead = std::max(m_readAhead, least);
-    const auto wanted = static_cast<size_t>(std::min<uint64_t>(m_readAhead, m_size - position));
-    m_windowSize = 0;
-    if (const ZipResult result = ReadFileAt(position, m_buffer.get(), wanted); result != kZipOk)
-      return result;
-    m_windowStart = position;
-    m_windowSize = wanted;
-  }
-  const auto offset = static_cast<size_t>(position - m_windowStart);
-  bytes = m_window + offset;
-  size = m_windowSize - offset;
-  return kZipOk;
-}
-
-ZipResult ZipInput::Read(uint64_t position, void* to, size_t size) {
+ZipResult ZipInput::ReadHeader(uint64_t position, void* to, size_t size) {
   if (!Holds(position, size)) return kZipCorrupt;
+  if (m_memory != nullptr) return ReadData(position, to, size);
   auto out = static_cast<uint8_t*>(to);
   while (size > 0) {
-    // What is more than the window would hold goes straight to its place.
-    if (m_file && size >= kMostShown) return ReadFileAt(position, out, size);
-    const uint8_t* bytes;
-    size_t shown;
-    if (const ZipResult result = Show(position, 1, bytes, shown); result != kZipOk) return result;
-    const size_t piece = std::min(size, shown);
-    std::memcpy(out, bytes, piece);
+    const Page* page;
+    if (const ZipResult result = GetPage(position / kPageSize, page); result != kZipOk)
+      return result;
+    const auto offset = static_cast<size_t>(position % kPageSize);
+    const size_t piece = std::min(size, kPageSize - offset);
+    std::memcpy(out, page->bytes + offset, piece);
     out += piece;
     position += piece;
     size -= piece;
@@ -89,21 +77,74 @@ ZipResult ZipInput::Read(uint64_t position, void* to, size_t size) {
   return kZipOk;
 }
 
+ZipResult ZipInput::ReadData(uint64_t position, void* to, size_t size) {
+  if (!Holds(position, size)) return kZipCorrupt;
+  if (m_memory == nullptr) return ReadFileAt(position, static_cast<uint8_t*>(to), size);
+  std::memcpy(to, m_memory + position, size);
+  return kZipOk;
+}
+
+ZipResult ZipInput::ShowData(uint64_t position, const uint8_t*& bytes, size_t& size) {
+  if (!Holds(position, 1)) return kZipCorrupt;
+  if (m_memory != nullptr) {
+    bytes = m_memory + position;
+    size = static_cast<size_t>(m_size - position);
+    return kZipOk;
+  }
+  // Small entries often lie in the page of their header.
+  if (const Page* page = FindPage(position / kPageSize)) {
+    const auto offset = static_cast<size_t>(position % kPageSize);
+    bytes = page->bytes + offset;
+    size = static_cast<size_t>(std::min<uint64_t>(kPageSize - offset, m_size - position));
+    return kZipOk;
+  }
+  if (position < m_windowStart || position >= m_windowStart + m_windowFill) {
+    const bool isNext = position == m_windowStart + m_windowFill;
+    m_readAhead = isNext ? std::min(m_readAhead * 2, kWindowSize) : kLeastReadAhead;
+    const auto wanted = static_cast<size_t>(std::min<uint64_t>(m_readAhead, m_size - position));
+    if (!m_window) m_window.reset(new uint8_t[kWindowSize]);
+    m_windowFill = 0;
+    if (const ZipResult result = ReadFileAt(position, m_window.get(), wanted); result != kZipOk)
+      return result;
+    m_windowStart = position;
+    m_windowFill = wanted;
+  }
+  const auto offset = static_cast<size_t>(position - m_windowStart);
+  bytes = m_window.get() + offset;
+  size = m_windowFill - offset;
+  return kZipOk;
+}
+
+const ZipInput::Page* ZipInput::FindPage(uint64_t number) const {
+  const Page* page = m_pages[static_cast<size_t>(number % m_pages.size())].get();
+  return page != nullptr && page->number == number ? page : nullptr;
+}
+
+ZipResult ZipInput::GetPage(uint64_t number, const Page*& page) {
+  page = FindPage(number);
+  if (page != nullptr) return kZipOk;
+  auto& place = m_pages[static_cast<size_t>(number % m_pages.size())];
+  std::unique_ptr<Page> loaded = std::move(place);
+  if (!loaded) loaded.reset(new Page);
+  loaded->number = number;
+  const uint64_t start = number * kPageSize;
+  const auto size = static_cast<size_t>(std::min<uint64_t>(kPageSize, m_size - start));
+  if (const ZipResult result = ReadFileAt(start, loaded->bytes, size); result != kZipOk)
+    return result;
+  place = std::move(loaded);
+  page = place.get();
+  return kZipOk;
+}
+
 ZipResult ZipInput::ReadFileAt(uint64_t position, uint8_t* to, size_t size) {
+  LARGE_INTEGER place;
+  place.QuadPart = static_cast<LONGLONG>(m_archiveStart + position);
+  if (!SetFilePointerEx(m_file.get(), place, nullptr, FILE_BEGIN)) return kZipReadError;
   while (size > 0) {
-    const uint64_t at = m_archiveStart + position;
-    OVERLAPPED place = {};
-    place.Offset = static_cast<DWORD>(at);
-    place.OffsetHigh = static_cast<DWORD>(at >> 32);
     DWORD got = 0;
-    if (!ReadFile(m_file.get(), to, static_cast<DWORD>(size), &got, &place) &&
-        // A caller's handle may have been opened for overlapped use.
-        (GetLastError() != ERROR_IO_PENDING ||
-         !GetOverlappedResult(m_file.get(), &place, &got, TRUE)))
+    if (!ReadFile(m_file.get(), to, static_cast<DWORD>(size), &got, nullptr) || got == 0)
       return kZipReadError;
-    if (got == 0) return kZipReadError;
     to += got;
-    position += got;
     size -= got;
   }
   return kZipOk;

@@ -1,5 +1,7 @@
-// The archive that a reader reads: a file or a block of memory, read at given positions through a
-// window that reads ahead where the reading goes forward.
+// The archive that a reader reads: a file or a block of memory, read at given positions.
+//
+// Headers lie scattered through a file and are asked for in any order, so they are read through a
+// cache of pages; the data of entries go through a window that reads ahead.
 //
 // Positions are counted in bytes from the start of the archive, 64 bits wide, so that no sum of an
 // archive's fields can overflow them.
@@ -7,12 +9,16 @@
 
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "entry/Handles.h"
 #include "zip/ZipTypes.h"
 
 class ZipInput {
  public:
+  ZipInput();
+  ~ZipInput();
+
   // Each gives a result code as OpenZipU does. Exactly one is called, first.
   ZipResult OpenHandle(HANDLE handle);
   ZipResult OpenFile(const char* path);
@@ -25,27 +31,33 @@ class ZipInput {
     return position <= m_size && size <= m_size - position;
   }
 
-  // Shows the bytes at a position without copying them: size is at least least (at most
-  // kMostShown), and more where more is at hand. Valid until the next call. kZipCorrupt beyond the
-  // end, kZipReadError.
-  ZipResult Show(uint64_t position, size_t least, const uint8_t*& bytes, size_t& size);
+  // Copies the bytes of a header. kZipCorrupt beyond the end, kZipReadError. Throws bad_alloc.
+  ZipResult ReadHeader(uint64_t position, void* to, size_t size);
 
-  // Copies bytes. The same failures.
-  ZipResult Read(uint64_t position, void* to, size_t size);
+  // Copies bytes straight to their place. The same failures.
+  ZipResult ReadData(uint64_t position, void* to, size_t size);
 
-  static constexpr size_t kMostShown = 64 * 1024;
+  // Shows the bytes at a position without copying them: at least one, and as many as are at hand.
+  // Valid until the next call. The same failures.
+  ZipResult ShowData(uint64_t position, const uint8_t*& bytes, size_t& size);
 
  private:
-  ZipResult Measure();
+  struct Page;
+
+  ZipResult UseFile();
+  ZipResult GetPage(uint64_t number, const Page*& page);
+  const Page* FindPage(uint64_t number) const;
   ZipResult ReadFileAt(uint64_t position, uint8_t* to, size_t size);
 
-  unique_file m_file;           // none: memory
+  const uint8_t* m_memory = nullptr;  // null: a file
+  unique_file m_file;
   uint64_t m_archiveStart = 0;  // in the file
   uint64_t m_size = 0;
 
-  const uint8_t* m_window = nullptr;  // all of a memory archive, or a part of a file
+  std::vector<std::unique_ptr<Page>> m_pages;  // each number has its place, shared with others
+
+  std::unique_ptr<uint8_t[]> m_window;
   uint64_t m_windowStart = 0;
-  size_t m_windowSize = 0;
+  size_t m_windowFill = 0;
   size_t m_readAhead = 0;
-  std::unique_ptr<uint8_t[]> m_buffer;  // the window of a file
 };

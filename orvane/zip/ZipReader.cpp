@@ -66,7 +66,7 @@ ZipResult ZipReader::GetItem(int index, ZIPENTRY& entry) {
   }
   if (!m_hasLast || m_last.index != index) {
     m_hasLast = false;
-    if (const ZipResult result = ReadZipEntry(m_input, m_directory, index, m_last);
+    if (const ZipResult result = ReadZipEntry(m_input, m_directory, m_timeZone, index, m_last);
         result != kZipOk)
       return result;
     m_hasLast = true;

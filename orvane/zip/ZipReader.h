@@ -13,6 +13,7 @@
 #include "zip/ZipExtraction.h"
 #include "zip/ZipInput.h"
 #include "zip/ZipNameIndex.h"
+#include "zip/ZipTime.h"
 
 class ZipReader : public ZipArchive {
  public:
@@ -36,6 +37,7 @@ class ZipReader : public ZipArchive {
 
   ZipInput m_input;
   ZipDirectory m_directory;
+  const ZipTimeZone m_timeZone;
   ZipExtraction m_extraction{m_input};
   std::string m_rootFolder;  // ends with "\"
 

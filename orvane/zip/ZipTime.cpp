@@ -13,11 +13,15 @@ constexpr ZipDosTime kLastDosTime = {0xBF7D, 0xFF9F};   // 2107-12-31 23:59:58
 
 }  // namespace
 
-ZipDosTime ToDosTime(const FILETIME& fileTime) {
+ZipTimeZone::ZipTimeZone() {
+  if (GetTimeZoneInformation(&m_zone) == TIME_ZONE_ID_INVALID) m_zone = {};
+}
+
+ZipDosTime ZipTimeZone::ToDosTime(const FILETIME& fileTime) const {
   SYSTEMTIME utc, local;
   FILETIME localTime;
   if (!FileTimeToSystemTime(&fileTime, &utc) ||
-      !SystemTimeToTzSpecificLocalTime(nullptr, &utc, &local) ||
+      !SystemTimeToTzSpecificLocalTime(&m_zone, &utc, &local) ||
       !SystemTimeToFileTime(&local, &localTime))
     return kFirstDosTime;
   if (local.wYear < 1980) return kFirstDosTime;
@@ -27,7 +31,7 @@ ZipDosTime ToDosTime(const FILETIME& fileTime) {
   return result;
 }
 
-FILETIME FromDosTime(ZipDosTime dosTime) {
+FILETIME ZipTimeZone::FromDosTime(ZipDosTime dosTime) const {
   SYSTEMTIME local = {};
   local.wYear = static_cast<WORD>(1980 + (dosTime.date >> 9));
   local.wMonth = dosTime.date >> 5 & 15;
@@ -39,7 +43,7 @@ FILETIME FromDosTime(ZipDosTime dosTime) {
   FILETIME result;
   // The first conversion refuses what is no date; the others take it for one.
   if (!SystemTimeToFileTime(&local, &result) ||
-      !TzSpecificLocalTimeToSystemTime(nullptr, &local, &utc) ||
+      !TzSpecificLocalTimeToSystemTime(&m_zone, &local, &utc) ||
       !SystemTimeToFileTime(&utc, &result))
     return {};
   return result;

@@ -12,12 +12,21 @@ struct ZipDosTime {
   uint16_t date = 0;
 };
 
-// In the system's time zone, with the daylight saving of the date itself; times outside the range
-// become its first or last.
-ZipDosTime ToDosTime(const FILETIME& fileTime);
+// The time zone of the system, asked for once an archive: asking is slow beside the rest of an
+// entry.
+class ZipTimeZone {
+ public:
+  ZipTimeZone();
 
-// A zero file time for what is no date.
-FILETIME FromDosTime(ZipDosTime dosTime);
+  // With the daylight saving of the date itself; times outside the range become its first or last.
+  ZipDosTime ToDosTime(const FILETIME& fileTime) const;
+
+  // A zero file time for what is no date.
+  FILETIME FromDosTime(ZipDosTime dosTime) const;
+
+ private:
+  TIME_ZONE_INFORMATION m_zone;
+};
 
 // Seconds since 1970; times outside the range become its first or last.
 int32_t ToUnixTime(const FILETIME& fileTime);

@@ -92,6 +92,7 @@ class ZipWriter : public ZipArchive {
   void AppendToDirectory(const NewEntry& entry);
 
   ZipTarget m_target;
+  const ZipTimeZone m_timeZone;
   ZipDeflater m_deflater;
   std::unique_ptr<uint8_t[]> m_piece;  // of a source that is a file
   std::vector<uint8_t> m_directory;    // the central records of the entries so far
@@ -163,7 +164,7 @@ bool ZipWriter::HasRoomFor(const NewEntry& entry, const ZipSource& source) {
 
 ZipResult ZipWriter::WriteEntry(NewEntry& entry, ZipSource& source) {
   entry.offset = static_cast<uint32_t>(m_target.Position());
-  entry.dosTime = ToDosTime(source.Modified());
+  entry.dosTime = m_timeZone.ToDosTime(source.Modified());
   entry.modified = ToUnixTime(source.Modified());
   entry.accessed = ToUnixTime(source.Accessed());
   entry.created = ToUnixTime(source.Created());

@@ -9,6 +9,14 @@
 
 #include "support/ImportTable.h"
 
+// The runtime's look-up of the stack frame of a place, by which exceptions find their handlers.
+struct dwarf_eh_bases {
+  void* text;
+  void* data;
+  void* function;
+};
+extern "C" const void* _Unwind_Find_FDE(void* place, dwarf_eh_bases* bases);
+
 namespace allocations {
 namespace {
 
@@ -246,6 +254,13 @@ void HookModule(HMODULE module) {
   });
 }
 
+// The runtime sorts the tables of all modules at the first look into them, in blocks that stay: a
+// look for a place that no module holds makes it do so now.
+void SortFrameTables() {
+  dwarf_eh_bases bases;
+  _Unwind_Find_FDE(reinterpret_cast<void*>(1), &bases);
+}
+
 std::string FolderOf(HMODULE module) {
   char path[MAX_PATH] = "";
   GetModuleFileNameA(module, path, MAX_PATH);
@@ -266,6 +281,7 @@ void Install() {
   s.realRealloc = reinterpret_cast<decltype(&realloc)>(real("realloc"));
   s.realFree = reinterpret_cast<decltype(&free)>(real("free"));
 
+  SortFrameTables();
   HMODULE modules[256];
   DWORD size = 0;
   EnumProcessModules(GetCurrentProcess(), modules, sizeof modules, &size);
@@ -291,11 +307,17 @@ unsigned Mark() {
 }
 
 std::string DescribeSince(unsigned mark) {
+  constexpr int kMost = 10;
+  Block blocks[kMost];
+  int count = 0;
   Lock lock;
-  std::string text;
-  int lines = 0;
+  // The text allocates, so the table is left alone while it is made.
   state().blocks.ForEach([&](const Block& block) {
-    if (block.number <= mark || ++lines > 10) return;
+    if (block.number > mark && count < kMost) blocks[count++] = block;
+  });
+  std::string text;
+  for (int k = 0; k < count; ++k) {
+    const Block& block = blocks[k];
     char line[120];
     snprintf(line, sizeof line, "  allocation %u: %u bytes \"", block.number - mark,
              static_cast<unsigned>(block.size));
@@ -305,7 +327,7 @@ std::string DescribeSince(unsigned mark) {
       text += c >= 0x20 && c < 0x7F ? static_cast<char>(c) : '.';
     }
     text += "\"\n";
-  });
+  }
   return text;
 }
 

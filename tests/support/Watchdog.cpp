@@ -10,6 +10,7 @@ namespace {
 
 constexpr DWORD kPollMilliseconds = 50;
 constexpr unsigned kHangExitCode = 99;
+constexpr unsigned kCrashExitCode = 98;
 
 struct State {
   State() { InitializeCriticalSection(&lock); }
@@ -82,8 +83,31 @@ BOOL CALLBACK PrintWindow(HWND window, LPARAM) {
   return TRUE;
 }
 
-// Where the main thread is, as an offset in its module, for a debugger.
-void PrintPlace() {
+// A place in the program as an offset in its module, for a debugger.
+void PrintPlace(DWORD address) {
+  const auto* place = reinterpret_cast<const char*>(address);
+  HMODULE module = nullptr;
+  GetModuleHandleExA(
+      GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT, place,
+      &module);
+  char name[MAX_PATH] = "?";
+  if (module != nullptr) GetModuleFileNameA(module, name, MAX_PATH);
+  fprintf(stderr, "%s + 0x%x\n", name,
+          static_cast<unsigned>(place - reinterpret_cast<const char*>(module)));
+}
+
+LONG WINAPI PrintCrash(EXCEPTION_POINTERS* crash) {
+  fprintf(stderr, "\n[ CRASHES  ] %s: exception 0x%lx in ",
+          state().test == nullptr ? "between the tests" : state().test,
+          crash->ExceptionRecord->ExceptionCode);
+  PrintPlace(crash->ContextRecord->Eip);
+  fflush(stderr);
+  TerminateProcess(GetCurrentProcess(), kCrashExitCode);
+  return EXCEPTION_EXECUTE_HANDLER;
+}
+
+// Where the main thread is.
+void PrintMainThread() {
   const HANDLE thread =
       OpenThread(THREAD_SUSPEND_RESUME | THREAD_GET_CONTEXT, FALSE, state().mainThread);
   if (thread == nullptr) return;
@@ -91,15 +115,8 @@ void PrintPlace() {
   CONTEXT context = {};
   context.ContextFlags = CONTEXT_CONTROL;
   if (GetThreadContext(thread, &context)) {
-    const auto* place = reinterpret_cast<const char*>(context.Eip);
-    HMODULE module = nullptr;
-    GetModuleHandleExA(
-        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-        place, &module);
-    char name[MAX_PATH] = "?";
-    if (module != nullptr) GetModuleFileNameA(module, name, MAX_PATH);
-    fprintf(stderr, "  the main thread is in %s + 0x%x\n", name,
-            static_cast<unsigned>(place - reinterpret_cast<const char*>(module)));
+    fputs("  the main thread is in ", stderr);
+    PrintPlace(context.Eip);
   }
 }
 
@@ -119,7 +136,7 @@ DWORD WINAPI Run(void* started) {
     fprintf(stderr, "\n[  HANGS   ] %s: not done after %u seconds. Its windows:\n", test,
             state().seconds);
     EnumWindows(PrintWindow, 0);
-    PrintPlace();
+    PrintMainThread();
     fflush(stderr);
     TerminateProcess(GetCurrentProcess(), kHangExitCode);
   }
@@ -130,6 +147,7 @@ DWORD WINAPI Run(void* started) {
 void Start(unsigned seconds) {
   state().seconds = seconds;
   state().mainThread = GetCurrentThreadId();
+  SetUnhandledExceptionFilter(PrintCrash);
   const HANDLE started = CreateEventA(nullptr, TRUE, FALSE, nullptr);
   CloseHandle(CreateThread(nullptr, 0, Run, started, 0, nullptr));
   WaitForSingleObject(started, INFINITE);

@@ -1,5 +1,6 @@
 // A thread that watches the running test: it ends the program when a test hangs, and closes windows
-// that no test asked for, so that a stray message box is a failure with its title and not a hang.
+// that no test asked for, so that a stray message box is a failure with its title and not a hang. A
+// crash ends the program too, with the test's name and the place.
 #pragma once
 
 #include <string>

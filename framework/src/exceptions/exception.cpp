@@ -12,7 +12,7 @@ IMPLEMENT_DYNAMIC(CNotSupportedException, CSimpleException)
 IMPLEMENT_DYNAMIC(CResourceException, CSimpleException)
 IMPLEMENT_DYNAMIC(CUserException, CSimpleException)
 
-void copyText(LPCSTR text, LPTSTR lpszError, UINT nMaxError) {
+void CopyText(LPCSTR text, LPTSTR lpszError, UINT nMaxError) {
   if (lpszError == nullptr || nMaxError == 0) return;
   lstrcpyn(lpszError, text, static_cast<int>(nMaxError));
 }
@@ -26,7 +26,7 @@ void CException::Delete() {
 
 BOOL CException::GetErrorMessage(LPTSTR lpszError, UINT nMaxError, UINT* pnHelpContext) {
   if (pnHelpContext != nullptr) *pnHelpContext = 0;
-  copyText("", lpszError, nMaxError);
+  CopyText("", lpszError, nMaxError);
   return FALSE;
 }
 
@@ -49,7 +49,7 @@ BOOL CSimpleException::GetErrorMessage(LPTSTR lpszError, UINT nMaxError, UINT* p
   if (m_lpszMessage == nullptr)
     return CException::GetErrorMessage(lpszError, nMaxError, pnHelpContext);
   if (pnHelpContext != nullptr) *pnHelpContext = 0;
-  copyText(m_lpszMessage, lpszError, nMaxError);
+  CopyText(m_lpszMessage, lpszError, nMaxError);
   return TRUE;
 }
 

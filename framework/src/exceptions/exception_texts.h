@@ -3,4 +3,4 @@
 #include <afxver_.h>
 
 // Copies a text into a caller's buffer of nMaxError characters; what does not fit is cut off.
-void copyText(LPCSTR text, LPTSTR lpszError, UINT nMaxError);
+void CopyText(LPCSTR text, LPTSTR lpszError, UINT nMaxError);

@@ -21,6 +21,8 @@ void restore(_AfxSetAside* lists) {
 
 }  // namespace
 
+_AfxSetAside* SetAsideLists() { return setAside; }
+
 extern "C" void AFXAPI _AfxRawAttach(HMODULE module, _AfxSetAside* lists) {
   ModuleLock lock;
   *lists = {module, state().m_classList, state().m_factoryList, setAside};

@@ -13,6 +13,9 @@ struct _AfxSetAside {
   _AfxSetAside* next;
 };
 
+// What is set aside now, innermost load first. To be asked for with the module lock held.
+_AfxSetAside* SetAsideLists();
+
 // Before the library's static constructors. AfxInitExtensionModule puts the lists back.
 extern "C" AFX_CORE_DATA void AFXAPI _AfxRawAttach(HMODULE module, _AfxSetAside* lists);
 // After its DllMain at detach. Puts the lists back when the library did not get so far.

@@ -4,6 +4,7 @@
 #include <string.h>
 
 #include "modules/module_lock.h"
+#include "modules/raw_attach.h"
 
 constinit CRuntimeClass CObject::classCObject = {"CObject", sizeof(CObject), 0xFFFF,
                                                  nullptr,   nullptr,         nullptr};
@@ -31,7 +32,7 @@ CObject* AFXAPI AfxDynamicDownCast(CRuntimeClass* pClass, CObject* pObject) {
 
 AFX_CLASSINIT::AFX_CLASSINIT(CRuntimeClass* pNewClass) {
   ModuleLock lock;
-  AFX_MODULE_STATE* state = AfxGetModuleState();
+  AFX_MODULE_STATE* state = AfxGetStaticModuleState();
   pNewClass->m_pNextClass = state->m_classList;
   state->m_classList = pNewClass;
 }
@@ -61,8 +62,11 @@ static CRuntimeClass* findIn(CRuntimeClass* list, LPCSTR name) {
 CRuntimeClass* PASCAL CRuntimeClass::FromName(LPCSTR lpszClassName) {
   if (lpszClassName == nullptr) return nullptr;
   ModuleLock lock;
-  const AFX_MODULE_STATE* state = AfxGetModuleState();
+  const AFX_MODULE_STATE* state = AfxGetStaticModuleState();
   CRuntimeClass* found = findIn(state->m_classList, lpszClassName);
+  for (_AfxSetAside* lists = SetAsideLists(); lists != nullptr && found == nullptr;
+       lists = lists->next)
+    found = findIn(lists->classList, lpszClassName);
   for (CDynLinkLibrary* library = state->m_libraryList; library != nullptr && found == nullptr;
        library = library->m_pNextDLL)
     found = findIn(library->m_classList, lpszClassName);

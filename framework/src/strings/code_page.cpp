@@ -5,6 +5,7 @@
 #include <string.h>
 
 #include <array>
+#include <atomic>
 
 #include <mbctype.h>  // last: its macros take names of the standard library
 
@@ -67,7 +68,20 @@ unsigned foldedValue(const char* p, const Fold& table) {
 
 }  // namespace
 
-bool DoubleByte() { return _getmbcp() != 0; }
+// The runtime tells its code page, but not everywhere whether that has double-byte characters. The
+// answer for the latest code page is kept: its number above the lowest bit, which is the answer.
+bool DoubleByte() {
+  static std::atomic<unsigned> latest{0};
+  const unsigned codePage = static_cast<unsigned>(_getmbcp());
+  unsigned known = latest.load(std::memory_order_relaxed);
+  if (known >> 1 != codePage) {
+    CPINFO information;
+    const bool doubleByte = GetCPInfo(codePage, &information) && information.MaxCharSize == 2;
+    known = codePage << 1 | (doubleByte ? 1 : 0);
+    latest.store(known, std::memory_order_relaxed);
+  }
+  return (known & 1) != 0;
+}
 
 const char* FindChar(const char* text, char ch) {
   if (!DoubleByte()) return strchr(text, ch);

@@ -68,7 +68,7 @@ void CString::MakeReverse() {
   const int length = GetLength();
   // The bytes of each pair are swapped first, and swapped back by the turning.
   if (DoubleByte())
-    for (int i = 0; i < length; i += 1)
+    for (int i = 0; i < length; ++i)
       if (CharSize(text + i) == 2) {
         std::swap(text[i], text[i + 1]);
         ++i;
@@ -102,7 +102,9 @@ int lengthToTrimLeft(LPCSTR text, int length, IsTarget isTarget) {
   return i;
 }
 
-bool isSpace(LPCSTR p) { return isspace(Byte(*p)) != 0; }
+bool isSpace(LPCSTR p) {
+  return CharSize(p) == 1 ? isspace(Byte(*p)) != 0 : _ismbcspace(CharValue(p)) != 0;
+}
 
 auto isCharacter(TCHAR ch) {
   return [ch](LPCSTR p) { return *p == ch && CharSize(p) == 1; };

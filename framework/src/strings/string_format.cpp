@@ -1,5 +1,6 @@
 #include <stdio.h>
 
+#include "strings/string_resource.h"
 #include "strings/string_storage.h"
 
 using namespace strings;
@@ -20,13 +21,13 @@ class LocalText {
   LPSTR m_text = nullptr;
 };
 
-CString formatOf(UINT id) {
-  CString format;
-  if (!format.LoadString(id)) AfxThrowResourceException();
-  return format;
-}
-
 }  // namespace
+
+CString StringResource(UINT id) {
+  CString text;
+  if (!text.LoadString(id)) AfxThrowResourceException();
+  return text;
+}
 
 // The text is complete before the string changes: it may be one of its own arguments.
 void CString::FormatV(LPCTSTR lpszFormat, va_list argList) {
@@ -58,7 +59,7 @@ void AFX_CDECL CString::Format(LPCTSTR lpszFormat, ...) {
 }
 
 void AFX_CDECL CString::Format(UINT nFormatID, ...) {
-  const CString format = formatOf(nFormatID);
+  const CString format = StringResource(nFormatID);
   va_list arguments;
   va_start(arguments, nFormatID);
   FormatV(format, arguments);
@@ -82,7 +83,7 @@ void AFX_CDECL CString::FormatMessage(LPCTSTR lpszFormat, ...) {
 }
 
 void AFX_CDECL CString::FormatMessage(UINT nFormatID, ...) {
-  const CString format = formatOf(nFormatID);
+  const CString format = StringResource(nFormatID);
   va_list arguments;
   va_start(arguments, nFormatID);
   FormatMessageV(format, &arguments);

@@ -4,6 +4,7 @@
 #include <stdlib.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace strings {
 namespace {
@@ -66,7 +67,8 @@ CString::CString() : m_pchData(Nil()->data()) {}
 
 CString::CString(const CString& stringSrc) : CString() { *this = stringSrc; }
 
-CString::CString(CString&& stringSrc) noexcept : CString() { *this = std::move(stringSrc); }
+CString::CString(CString&& stringSrc) noexcept
+    : m_pchData(std::exchange(stringSrc.m_pchData, Nil()->data())) {}
 
 CString::CString(LPCSTR lpch, int nLength) : CString() { AssignCopy(nLength, lpch); }
 
@@ -111,11 +113,10 @@ const CString& CString::operator=(const CString& stringSrc) {
   return *this;
 }
 
-// Never throws for what it takes over; a locked source is copied, and then memory may be short.
-const CString& CString::operator=(CString&& stringSrc) noexcept {
-  const bool lockedHere = IsLocked(GetData()) && GetData() != Nil();
-  const bool lockedThere = IsLocked(stringSrc.GetData());
-  if (lockedHere || lockedThere) return *this = static_cast<const CString&>(stringSrc);
+const CString& CString::operator=(CString&& stringSrc) {
+  // Locked characters stay where they are.
+  const bool locked = IsLocked(GetData()) && GetData() != Nil();
+  if (locked || IsLocked(stringSrc.GetData())) return *this = std::as_const(stringSrc);
   std::swap(m_pchData, stringSrc.m_pchData);
   return *this;
 }

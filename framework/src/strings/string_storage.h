@@ -51,7 +51,7 @@ class Builder {
 
   LPSTR Characters() { return m_data->data(); }
   Builder& Append(LPCSTR text, int length) {
-    memcpy(m_data->data() + m_used, text, length);
+    if (length > 0) memcpy(m_data->data() + m_used, text, length);
     m_used += length;
     return *this;
   }

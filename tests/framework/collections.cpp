@@ -1,0 +1,336 @@
+// CArray, CMap and CList: contents, order, and elements that own something.
+
+#include <afxtempl.h>
+#include <afxcoll.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+// Counts how many of it live, and knows when it is used outside of its life.
+class Counted {
+ public:
+  Counted() : Counted(0) {}
+  Counted(int value) : m_value(value), m_self(this) { ++alive; }
+  Counted(const Counted& other) : Counted(other.m_value) { EXPECT_EQ(other.m_self, &other); }
+  ~Counted() {
+    EXPECT_EQ(m_self, this);
+    m_self = nullptr;
+    --alive;
+  }
+  Counted& operator=(const Counted& other) {
+    EXPECT_EQ(m_self, this);
+    m_value = other.m_value;
+    return *this;
+  }
+  operator int() const { return m_value; }
+
+  static inline int alive = 0;
+
+ private:
+  int m_value;
+  Counted* m_self;
+};
+
+typedef CArray<CString, const char*> StringArray;
+
+template <class Array>
+std::string joined(const Array& a) {
+  std::string text;
+  for (int i = 0; i < a.GetSize(); ++i) text += (i > 0 ? " " : "") + std::string(a[i]);
+  return text;
+}
+
+StringArray& fill(StringArray& a, std::initializer_list<const char*> texts) {
+  for (const char* text : texts) a.Add(text);
+  return a;
+}
+
+TEST(Array, InsertsAndRemovesInPlace) {
+  StringArray a;
+  EXPECT_EQ(a.GetUpperBound(), -1);
+  EXPECT_EQ(a.GetData(), nullptr);
+  EXPECT_EQ(a.Add("a"), 0);
+  EXPECT_EQ(a.Add("b"), 1);
+  a.InsertAt(1, "x", 2);
+  EXPECT_EQ(joined(a), "a x x b");
+  a.RemoveAt(0);
+  a.RemoveAt(1, 2);
+  EXPECT_EQ(joined(a), "x");
+  a.SetAtGrow(3, "y");
+  EXPECT_EQ(joined(a), "x   y");
+  a.InsertAt(5, "z");
+  EXPECT_EQ(joined(a), "x   y  z");
+  a.SetAt(0, "w");
+  a.ElementAt(1) = "v";
+  a.SetSize(2);
+  EXPECT_EQ(joined(a), "w v");
+  a.RemoveAll();
+  EXPECT_EQ(a.GetSize(), 0);
+}
+
+TEST(Array, AppendsCopiesAndInsertsArrays) {
+  StringArray a, b;
+  fill(a, {"1", "2"});
+  fill(b, {"3", "4"});
+  EXPECT_EQ(a.Append(b), 2);
+  EXPECT_EQ(joined(a), "1 2 3 4");
+  a.InsertAt(1, &b);
+  EXPECT_EQ(joined(a), "1 3 4 2 3 4");
+  b.Copy(a);
+  b.Copy(b);
+  EXPECT_EQ(joined(b), joined(a));
+  a.SetSize(2);
+  a.Append(a);
+  EXPECT_EQ(joined(a), "1 3 1 3");
+  a.InsertAt(1, &a);
+  EXPECT_EQ(joined(a), "1 1 3 1 3 3 1 3");
+  const StringArray empty;
+  EXPECT_EQ(a.Append(empty), 8);
+}
+
+TEST(Array, ArgumentsMayBeElementsOfTheArray) {
+  StringArray texts;
+  texts.Add("first");
+  CArray<Counted> objects;
+  objects.Add(1);
+  for (int i = 0; i < 100; ++i) {
+    texts.Add(texts[0]);
+    texts.InsertAt(0, texts[texts.GetUpperBound()]);
+    objects.Add(objects[0]);
+    objects.InsertAt(0, objects[objects.GetUpperBound()]);
+  }
+  for (int i = 0; i < texts.GetSize(); ++i) ASSERT_STREQ(texts[i], "first");
+  for (int i = 0; i < objects.GetSize(); ++i) ASSERT_EQ(objects[i], 1);
+}
+
+TEST(Array, ElementsAreMadeAndEndedOnceEach) {
+  const int before = Counted::alive;
+  {
+    CArray<Counted, int> a;
+    a.SetSize(10, 3);
+    for (int i = 0; i < 100; ++i) a.Add(i);
+    EXPECT_EQ(Counted::alive, before + 110);
+    a.RemoveAt(5, 20);
+    a.InsertAt(3, 42, 7);
+    a.FreeExtra();
+    EXPECT_EQ(Counted::alive, before + 97);
+    a.SetSize(40);
+    EXPECT_EQ(Counted::alive, before + 40);
+    a.SetSize(50);
+    EXPECT_EQ(a[49], 0);
+    CArray<Counted, int> b;
+    b.Copy(a);
+    EXPECT_EQ(Counted::alive, before + 100);
+  }
+  EXPECT_EQ(Counted::alive, before);
+}
+
+TEST(Array, AddingNeverCostsMoreThanAConstantTime) {
+  for (int growBy : {-1, 1}) {
+    CArray<int, int> a;
+    a.SetSize(0, growBy);
+    int moves = 0;
+    for (int i = 0; i < 1'000'000; ++i) {
+      const int* before = a.GetData();
+      a.Add(i);
+      moves += a.GetData() != before;
+    }
+    EXPECT_LT(moves, 60) << growBy;
+    EXPECT_EQ(a[999'999], 999'999);
+  }
+}
+
+TEST(Array, SizesThatDoNotFitThrow) {
+  CArray<CString, const char*> a;
+  a.Add("kept");
+  EXPECT_THROW(a.SetSize(INT_MAX), CMemoryException*);
+  EXPECT_THROW(a.SetSize(-1), CMemoryException*);
+  EXPECT_THROW(a.SetAtGrow(INT_MAX, "x"), CMemoryException*);
+  EXPECT_EQ(joined(a), "kept");
+}
+
+typedef CMap<CString, const char*, int, int> NumberMap;
+
+template <class Map, class Key, class Value>
+std::vector<std::pair<Key, Value>> entries(const Map& map) {
+  std::vector<std::pair<Key, Value>> found;
+  Key key;
+  Value value;
+  for (POSITION p = map.GetStartPosition(); p != nullptr;) {
+    map.GetNextAssoc(p, key, value);
+    found.emplace_back(key, value);
+  }
+  return found;
+}
+
+TEST(Map, KeepsOneEntryAKey) {
+  NumberMap map;
+  int value = -1;
+  EXPECT_FALSE(map.Lookup("a", value));
+  EXPECT_EQ(map.GetStartPosition(), nullptr);
+  EXPECT_FALSE(map.RemoveKey("a"));
+  map.SetAt("a", 1);
+  map["b"] = 2;
+  map["A"] = 3;
+  map["a"] += 10;
+  EXPECT_EQ(map["new"], 0);
+  EXPECT_EQ(map.GetCount(), 4);
+  EXPECT_TRUE(map.Lookup("a", value));
+  EXPECT_EQ(value, 11);
+  EXPECT_TRUE(map.RemoveKey("a"));
+  EXPECT_FALSE(map.Lookup("a", value));
+  map.RemoveAll();
+  EXPECT_TRUE(map.IsEmpty());
+  map["again"] = 1;
+  EXPECT_EQ(map.GetCount(), 1);
+}
+
+// Numbers of the same value divided by 16 share a bucket.
+TEST(Map, IteratesByBucketAndFromTheNewestInEach) {
+  CMap<int, int, char, char> map;
+  map.InitHashTable(5);
+  EXPECT_EQ(map.GetHashTableSize(), 5u);
+  map[16] = 'a';
+  map[0] = 'b';
+  map[17] = 'c';
+  map[16 * 6] = 'd';
+  map[64] = 'e';
+  std::string order;
+  for (const auto& [key, value] : entries<decltype(map), int, char>(map)) order += value;
+  EXPECT_EQ(order, "bdcae");
+}
+
+// Against the documented order, kept apart, while the map grows past what its buckets hold well.
+TEST(Map, KeepsItsOrderHoweverManyEntries) {
+  CMap<int, int, int, int> map;
+  std::vector<std::vector<int>> buckets(17);
+  unsigned random = 1;
+  for (int step = 0; step < 20000; ++step) {
+    random = random * 1664525 + 1013904223;
+    const int key = static_cast<int>(random >> 16 & 0xFFF);
+    std::vector<int>& bucket = buckets[(key >> 4) % 17];
+    const auto known = std::find(bucket.begin(), bucket.end(), key);
+    if (random >> 31 || step < 5000) {
+      if (known == bucket.end()) bucket.insert(bucket.begin(), key);
+      map[key] = step;
+    } else {
+      EXPECT_EQ(map.RemoveKey(key), known != bucket.end());
+      if (known != bucket.end()) bucket.erase(known);
+    }
+  }
+  std::vector<int> expected, found;
+  for (const auto& bucket : buckets) expected.insert(expected.end(), bucket.begin(), bucket.end());
+  for (const auto& [key, value] : entries<decltype(map), int, int>(map)) found.push_back(key);
+  EXPECT_EQ(found, expected);
+  EXPECT_EQ(map.GetCount(), static_cast<int>(expected.size()));
+  EXPECT_EQ(map.GetHashTableSize(), 17u);
+}
+
+TEST(Map, ManyEntriesAreFoundInConstantTime) {
+  CMap<int, int, int, int> map;
+  for (int i = 0; i < 1'000'000; ++i) map[i] = i;  // in quadratic time this takes many minutes
+  int value = 0;
+  EXPECT_TRUE(map.Lookup(777'777, value));
+  EXPECT_EQ(value, 777'777);
+  for (int i = 0; i < 1'000'000; ++i) ASSERT_TRUE(map.RemoveKey(i));
+  EXPECT_TRUE(map.IsEmpty());
+}
+
+TEST(Map, TheEntryJustReturnedMayBeRemoved) {
+  NumberMap map;
+  for (int i = 0; i < 200; ++i) {
+    CString key;
+    key.Format("key %d", i);
+    map[key] = i;
+  }
+  std::set<int> seen;
+  CString key;
+  int value;
+  for (POSITION p = map.GetStartPosition(); p != nullptr;) {
+    map.GetNextAssoc(p, key, value);
+    seen.insert(value);
+    EXPECT_TRUE(map.RemoveKey(key));
+  }
+  EXPECT_EQ(seen.size(), 200u);
+  EXPECT_TRUE(map.IsEmpty());
+}
+
+TEST(Map, EntriesAreMadeAndEndedOnceEach) {
+  const int before = Counted::alive;
+  {
+    CMap<int, int, Counted, int> map(4);
+    for (int round = 0; round < 3; ++round) {
+      for (int i = 0; i < 50; ++i) map[i] = i;
+      for (int i = 0; i < 49; ++i) map.RemoveKey(i);
+      EXPECT_EQ(Counted::alive, before + 1);
+    }
+    EXPECT_EQ(map[49], 49);
+  }
+  EXPECT_EQ(Counted::alive, before);
+}
+
+TEST(Map, ValuesKeepTheirAlignment) {
+  CMap<char, char, double, double> map;
+  for (char c = 'a'; c <= 'z'; ++c) {
+    double& value = map[c];
+    EXPECT_EQ(reinterpret_cast<UINT_PTR>(&value) % alignof(double), 0u);
+  }
+}
+
+TEST(Map, ThrowsForATableThatDoesNotFit) {
+  NumberMap map;
+  EXPECT_THROW(map.InitHashTable(UINT_MAX), CMemoryException*);
+  map.InitHashTable(100'003, FALSE);
+  map["a"] = 1;
+  map.InitHashTable(7);  // too late: there is an entry
+  EXPECT_EQ(map.GetHashTableSize(), 100'003u);
+}
+
+TEST(List, LinksBothWays) {
+  CStringList list;
+  EXPECT_EQ(list.GetHeadPosition(), nullptr);
+  POSITION b = list.AddTail("b");
+  list.AddHead("a");
+  list.AddTail("d");
+  list.InsertAfter(b, "c");
+  list.InsertBefore(nullptr, "<");
+  list.InsertAfter(nullptr, ">");
+  std::string forward, backward;
+  for (POSITION p = list.GetHeadPosition(); p != nullptr;) forward += list.GetNext(p);
+  for (POSITION p = list.GetTailPosition(); p != nullptr;) backward += list.GetPrev(p);
+  EXPECT_EQ(forward, "<abcd>");
+  EXPECT_EQ(backward, ">dcba<");
+  EXPECT_EQ(list.Find("b"), b);
+  EXPECT_EQ(list.Find("b", b), nullptr);
+  EXPECT_EQ(list.FindIndex(2), b);
+  EXPECT_EQ(list.FindIndex(6), nullptr);
+  list.RemoveAt(b);
+  EXPECT_STREQ(list.RemoveHead(), "<");
+  EXPECT_STREQ(list.RemoveTail(), ">");
+  EXPECT_EQ(list.GetCount(), 3);
+  list.AddTail(&list);
+  list.AddHead(&list);
+  forward.clear();
+  for (POSITION p = list.GetHeadPosition(); p != nullptr;) forward += list.GetNext(p);
+  EXPECT_EQ(forward, "acdacdacdacd");
+}
+
+TEST(List, ElementsAreMadeAndEndedOnceEach) {
+  const int before = Counted::alive;
+  {
+    CList<Counted> list(3);
+    for (int i = 0; i < 20; ++i) list.AddTail(i);
+    for (int i = 0; i < 20; ++i) EXPECT_EQ(list.RemoveHead(), i);
+    for (int i = 0; i < 5; ++i) list.AddHead(i);
+    EXPECT_EQ(Counted::alive, before + 5);
+  }
+  EXPECT_EQ(Counted::alive, before);
+}
+
+}  // namespace

@@ -1,0 +1,285 @@
+// CFile and CStdioFile.
+
+#include <afx.h>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "framework/temporary_folder.h"
+
+namespace {
+
+// The cause of the CFileException that a call throws; -1 when it throws none.
+template <class Call>
+int causeOf(Call call) {
+  try {
+    call();
+  } catch (CFileException* e) {
+    const int cause = e->m_cause;
+    e->Delete();
+    return cause;
+  }
+  return -1;
+}
+
+std::string contents(LPCSTR name) {
+  CFile file(name, CFile::modeRead | CFile::shareDenyNone);
+  std::string text(file.GetLength(), '\0');
+  EXPECT_EQ(file.Read(text.data(), static_cast<UINT>(text.size())), text.size());
+  return text;
+}
+
+void write(LPCSTR name, const std::string& text) {
+  CFile file(name, CFile::modeCreate | CFile::modeWrite);
+  file.Write(text.data(), static_cast<UINT>(text.size()));
+  file.Close();
+}
+
+class Files : public testing::Test {
+ protected:
+  TemporaryFolder m_folder;
+  const CString m_name = m_folder.File("a file.txt");
+};
+
+TEST_F(Files, PositionsFollowReadingAndWriting) {
+  CFile file(m_name, CFile::modeCreate | CFile::modeReadWrite);
+  file.Write("0123456789", 10);
+  EXPECT_EQ(file.GetPosition(), 10u);
+  EXPECT_EQ(file.Seek(-4, CFile::end), 6);
+  char text[20] = "";
+  EXPECT_EQ(file.Read(text, 20), 4u);
+  EXPECT_STREQ(text, "6789");
+  EXPECT_EQ(file.Read(text, 20), 0u);
+  EXPECT_EQ(file.Seek(2, CFile::begin), 2);
+  EXPECT_EQ(file.Seek(3, CFile::current), 5);
+  file.SetLength(5);
+  EXPECT_EQ(file.GetLength(), 5u);
+  file.SeekToBegin();
+  file.Write("ab", 2);
+  EXPECT_EQ(file.SeekToEnd(), 5u);
+  EXPECT_EQ(causeOf([&] { file.Seek(-1, CFile::begin); }), CFileException::badSeek);
+  file.Flush();
+  file.Close();
+  EXPECT_EQ(contents(m_name), "ab234");
+}
+
+TEST_F(Files, ModesDecideWhatBecomesOfAnOldFile) {
+  write(m_name, "old text");
+  { CFile file(m_name, CFile::modeCreate | CFile::modeNoTruncate | CFile::modeWrite); }
+  EXPECT_EQ(contents(m_name), "old text");
+  { CFile file(m_name, CFile::modeWrite); }
+  EXPECT_EQ(contents(m_name), "old text");
+  { CFile file(m_name, CFile::modeCreate | CFile::modeWrite); }
+  EXPECT_EQ(contents(m_name), "");
+}
+
+TEST_F(Files, OpenSaysWhyItFails) {
+  write(m_name, "text");
+  CFile holder(m_name, CFile::modeRead | CFile::shareDenyWrite);
+  CFile reader(m_name, CFile::modeRead | CFile::shareDenyNone);
+  const CString longName = m_folder.File(CString('x', MAX_PATH));
+  struct Case {
+    CString name;
+    UINT flags;
+    int cause;
+    LONG osError;
+  } const cases[] = {
+      {m_folder.File("none"), CFile::modeRead, CFileException::fileNotFound, ERROR_FILE_NOT_FOUND},
+      {m_folder.File("none\\none"), CFile::modeCreate | CFile::modeWrite, CFileException::badPath,
+       ERROR_PATH_NOT_FOUND},
+      {m_name, CFile::modeWrite | CFile::shareDenyNone, CFileException::sharingViolation,
+       ERROR_SHARING_VIOLATION},
+      {m_name, CFile::modeRead | CFile::shareExclusive, CFileException::sharingViolation,
+       ERROR_SHARING_VIOLATION},
+      {longName, CFile::modeRead, CFileException::badPath, ERROR_FILENAME_EXCED_RANGE},
+      {"", CFile::modeRead, CFileException::badPath, ERROR_PATH_NOT_FOUND},
+  };
+  for (const Case& c : cases) {
+    CFile file;
+    CFileException error;
+    EXPECT_FALSE(file.Open(c.name, c.flags, &error));
+    EXPECT_FALSE(file.Open(c.name, c.flags));
+    EXPECT_EQ(error.m_cause, c.cause) << c.name;
+    EXPECT_EQ(error.m_lOsError, c.osError) << c.name;
+    EXPECT_STREQ(error.m_strFileName, c.name);
+    EXPECT_EQ(file.m_hFile, CFile::hFileNull);
+    EXPECT_EQ(causeOf([&] { CFile(c.name, c.flags); }), c.cause) << c.name;
+  }
+}
+
+TEST_F(Files, WritingWithoutTheRightThrows) {
+  write(m_name, "text");
+  CFile file(m_name, CFile::modeRead);
+  EXPECT_EQ(causeOf([&] { file.Write("x", 1); }), CFileException::accessDenied);
+  file.Close();
+  EXPECT_EQ(causeOf([&] { file.Write("x", 1); }), CFileException::invalidFile);
+  file.Close();  // closed already: nothing happens
+}
+
+TEST_F(Files, RangesAreLockedForOthers) {
+  write(m_name, "0123456789");
+  CFile one(m_name, CFile::modeReadWrite | CFile::shareDenyNone);
+  CFile other(m_name, CFile::modeReadWrite | CFile::shareDenyNone);
+  one.LockRange(0, 5);
+  EXPECT_EQ(causeOf([&] { other.LockRange(4, 1); }), CFileException::lockViolation);
+  one.UnlockRange(0, 5);
+  other.LockRange(4, 1);
+  other.UnlockRange(4, 1);
+}
+
+TEST_F(Files, PositionsPastFourGigabytesAreAnErrorNotAWrongNumber) {
+  CFile file(m_name, CFile::modeCreate | CFile::modeReadWrite);
+  file.SetLength(3'000'000'000);
+  EXPECT_EQ(file.GetLength(), 3'000'000'000);
+  EXPECT_EQ(file.SeekToEnd(), 3'000'000'000);
+  EXPECT_EQ(file.GetPosition(), 3'000'000'000);
+  EXPECT_EQ(causeOf([&] { file.Seek(2'000'000'000, CFile::current); }),
+            CFileException::genericException);
+  EXPECT_EQ(causeOf([&] { file.GetPosition(); }), CFileException::genericException);
+}
+
+TEST_F(Files, NamesComeFromTheAbsolutePath) {
+  CFile file(m_name, CFile::modeCreate | CFile::modeWrite);
+  EXPECT_STREQ(file.GetFilePath(), m_name);
+  EXPECT_STREQ(file.GetFileName(), "a file.txt");
+  EXPECT_STREQ(file.GetFileTitle(), "a file");
+}
+
+TEST_F(Files, ADuplicateHasAHandleOfItsOwn) {
+  write(m_name, "0123456789");
+  CFile file(m_name, CFile::modeRead);
+  std::unique_ptr<CFile> copy(file.Duplicate());
+  file.Seek(3, CFile::begin);
+  file.Close();
+  char c;
+  EXPECT_EQ(copy->Read(&c, 1), 1u);
+  EXPECT_EQ(c, '3');
+}
+
+TEST_F(Files, AHandleOfSomebodyElseStaysOpen) {
+  write(m_name, "text");
+  CFile owner(m_name, CFile::modeRead);
+  { CFile guest(static_cast<int>(owner.m_hFile)); }
+  char text[5] = "";
+  EXPECT_EQ(owner.Read(text, 4), 4u);
+}
+
+TEST_F(Files, StatusCanBeReadAndSet) {
+  write(m_name, "12345");
+  CFileStatus status;
+  ASSERT_TRUE(CFile::GetStatus(m_name, status));
+  EXPECT_EQ(status.m_size, 5);
+  EXPECT_STREQ(status.m_szFullName, m_name);
+  EXPECT_LT((CTime::GetCurrentTime() - status.m_mtime).GetTotalSeconds(), 60);
+
+  status.m_mtime = CTime(1'000'000'000);
+  status.m_attribute = CFile::readOnly;
+  CFile::SetStatus(m_name, status);
+  CFile file(m_name, CFile::modeRead);
+  CFileStatus changed;
+  ASSERT_TRUE(file.GetStatus(changed));
+  EXPECT_EQ(changed.m_mtime.GetTime(), 1'000'000'000);
+  EXPECT_TRUE(changed.m_attribute & CFile::readOnly);
+  file.Close();
+
+  // A read-only file too gets its time.
+  changed.m_mtime = CTime(1'100'000'000);
+  CFile::SetStatus(m_name, changed);
+  changed.m_attribute = CFile::normal;
+  CFile::SetStatus(m_name, changed);
+  ASSERT_TRUE(CFile::GetStatus(m_name, changed));
+  EXPECT_EQ(changed.m_mtime.GetTime(), 1'100'000'000);
+  EXPECT_FALSE(changed.m_attribute & CFile::readOnly);
+
+  EXPECT_FALSE(CFile::GetStatus(m_folder.File("none"), status));
+  EXPECT_EQ(causeOf([&] { CFile::SetStatus(m_folder.File("none"), status); }),
+            CFileException::fileNotFound);
+}
+
+TEST_F(Files, RenamingAndRemovingSayWhenTheyFail) {
+  write(m_name, "text");
+  const CString other = m_folder.File("other");
+  CFile::Rename(m_name, other);
+  EXPECT_EQ(contents(other), "text");
+  EXPECT_EQ(causeOf([&] { CFile::Rename(m_name, other); }), CFileException::fileNotFound);
+  CFile::Remove(other);
+  EXPECT_EQ(causeOf([&] { CFile::Remove(other); }), CFileException::fileNotFound);
+}
+
+TEST_F(Files, MessagesNameTheFile) {
+  CFile file;
+  CFileException error;
+  file.Open("none\\none", CFile::modeRead, &error);
+  char text[100];
+  UINT help = 1;
+  EXPECT_TRUE(error.GetErrorMessage(text, sizeof text, &help));
+  EXPECT_STREQ(text, "none\\none contains an invalid path.");
+  EXPECT_EQ(help, 0u);
+  EXPECT_TRUE(error.GetErrorMessage(text, 5));
+  EXPECT_STREQ(text, "none");
+}
+
+TEST_F(Files, LinesAreTextUnlessSaidOtherwise) {
+  {
+    CStdioFile file(m_name, CFile::modeCreate | CFile::modeWrite);
+    file.WriteString("one\n\n");
+    file.WriteString(CString('x', 1000) + "\n");
+    file.Write("a\0b", 3);
+    file.Close();
+  }
+  EXPECT_EQ(contents(m_name),
+            "one\r\n\r\n" + std::string(1000, 'x') + "\r\n" + std::string("a\0b", 3));
+  {
+    CStdioFile file(m_name, CFile::modeRead);
+    CString line;
+    EXPECT_TRUE(file.ReadString(line));
+    EXPECT_STREQ(line, "one");
+    EXPECT_TRUE(file.ReadString(line));
+    EXPECT_STREQ(line, "");
+    EXPECT_TRUE(file.ReadString(line));
+    EXPECT_EQ(line, CString('x', 1000));
+    EXPECT_TRUE(file.ReadString(line));
+    EXPECT_EQ(line.GetLength(), 3);
+    EXPECT_FALSE(file.ReadString(line));
+    EXPECT_TRUE(line.IsEmpty());
+    char text[3];
+    file.SeekToBegin();
+    EXPECT_STREQ(file.ReadString(text, 3), "on");
+    EXPECT_STREQ(file.ReadString(text, 3), "e\n");
+    file.SeekToEnd();
+    EXPECT_EQ(file.ReadString(text, 3), nullptr);
+  }
+  CStdioFile file(m_name, CFile::modeRead | CFile::typeBinary);
+  CString line;
+  EXPECT_TRUE(file.ReadString(line));
+  EXPECT_STREQ(line, "one\r");
+}
+
+TEST_F(Files, StreamsKeepPositionsAndLengths) {
+  CStdioFile file(m_name, CFile::modeCreate | CFile::modeReadWrite | CFile::typeBinary);
+  file.WriteString("0123456789");
+  EXPECT_EQ(file.GetPosition(), 10u);
+  EXPECT_EQ(file.GetLength(), 10u);
+  EXPECT_EQ(file.Seek(4, CFile::begin), 4);
+  char c;
+  EXPECT_EQ(file.Read(&c, 1), 1u);
+  EXPECT_EQ(c, '4');
+  file.SetLength(6);
+  EXPECT_EQ(file.GetPosition(), 6u);
+  file.WriteString("x");
+  file.Close();
+  EXPECT_EQ(contents(m_name), "012345x");
+  EXPECT_EQ(causeOf([&] { CStdioFile(m_folder.File("none"), CFile::modeRead); }),
+            CFileException::fileNotFound);
+  CStdioFile old(m_name, CFile::modeCreate | CFile::modeNoTruncate | CFile::modeWrite);
+  old.SeekToEnd();
+  old.WriteString("y");
+  EXPECT_THROW(old.LockRange(0, 1), CNotSupportedException*);
+  EXPECT_THROW(old.Duplicate(), CNotSupportedException*);
+  old.Close();
+  EXPECT_EQ(contents(m_name), "012345xy");
+}
+
+}  // namespace
