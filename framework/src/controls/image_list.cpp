@@ -2,6 +2,7 @@
 
 #include "controls/common_classes.h"
 #include "gdi/handle_map.h"
+#include "gdi/temporary_handles.h"
 #include "gdi/thread_object.h"
 
 IMPLEMENT_DYNCREATE(CImageList, CObject)
@@ -30,7 +31,9 @@ CImageList* PASCAL CImageList::FromHandlePermanent(HIMAGELIST hImageList) {
   return imageListMap().FindPermanent(hImageList);
 }
 
-void PASCAL CImageList::DeleteTempMap() { imageListMap().DeleteTemporary(); }
+void DeleteTemporaryImageLists(unsigned since) { imageListMap().DeleteTemporary(since); }
+
+void PASCAL CImageList::DeleteTempMap() { DeleteTemporaryImageLists(0); }
 
 BOOL CImageList::Attach(HIMAGELIST hImageList) {
   if (hImageList == nullptr) return FALSE;

@@ -1,5 +1,9 @@
 #include <afxwin.h>
 
+#include <string.h>
+
+#include <algorithm>
+
 IMPLEMENT_DYNAMIC(CStatic, CWnd)
 IMPLEMENT_DYNAMIC(CButton, CWnd)
 IMPLEMENT_DYNAMIC(CEdit, CWnd)

@@ -36,11 +36,8 @@ void FailWith(CDataExchange* pDX, UINT prompt) {
 }
 
 void FailWith(CDataExchange* pDX, UINT prompt, LPCTSTR first, LPCTSTR second) {
-  {
-    // Ends before the exception is thrown, which may leave a frame that is not unwound.
-    CString text;
-    AfxFormatString2(text, prompt, first, second);
-    AfxMessageBox(text, MB_ICONEXCLAMATION, prompt);
-  }
+  CString text;
+  AfxFormatString2(text, prompt, first, second);
+  AfxMessageBox(text, MB_ICONEXCLAMATION, prompt);
   pDX->Fail();
 }

@@ -92,8 +92,6 @@ void AFXAPI DDV_MinMaxDateTime(CDataExchange* pDX, CTime& refValue, const CTime*
     STATIC_DOWNCAST(CDateTimeCtrl, control)->SetRange(refMinRange, refMaxRange);
   } else if ((refMinRange != nullptr && refValue < *refMinRange) ||
              (refMaxRange != nullptr && refValue > *refMaxRange)) {
-    const CString min = refMinRange != nullptr ? refMinRange->Format("%#x") : CString();
-    const CString max = refMaxRange != nullptr ? refMaxRange->Format("%#x") : CString();
-    FailWith(pDX, AFX_IDP_PARSE_DATETIME_RANGE, min, max);
+    FailWith(pDX, AFX_IDP_PARSE_DATETIME);
   }
 }

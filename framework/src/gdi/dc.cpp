@@ -3,6 +3,7 @@
 #include <stdlib.h>
 
 #include "gdi/handle_map.h"
+#include "gdi/temporary_handles.h"
 #include "gdi/thread_object.h"
 
 IMPLEMENT_DYNCREATE(CDC, CObject)
@@ -36,7 +37,9 @@ CDC* PASCAL CDC::FromHandle(HDC hDC) {
   return dc;
 }
 
-void PASCAL CDC::DeleteTempMap() { dcMap().DeleteTemporary(); }
+void DeleteTemporaryDCs(unsigned since) { dcMap().DeleteTemporary(since); }
+
+void PASCAL CDC::DeleteTempMap() { DeleteTemporaryDCs(0); }
 
 CDC::~CDC() {
   if (m_hDC != nullptr) ::DeleteDC(Detach());

@@ -1,6 +1,7 @@
 #include <afxwin.h>
 
 #include "gdi/handle_map.h"
+#include "gdi/temporary_handles.h"
 #include "gdi/thread_object.h"
 
 IMPLEMENT_DYNCREATE(CGdiObject, CObject)
@@ -52,7 +53,9 @@ CGdiObject* PASCAL CGdiObject::FromHandle(HGDIOBJ hObject) {
   return object;
 }
 
-void PASCAL CGdiObject::DeleteTempMap() { gdiMap().DeleteTemporary(); }
+void DeleteTemporaryGdiObjects(unsigned since) { gdiMap().DeleteTemporary(since); }
+
+void PASCAL CGdiObject::DeleteTempMap() { DeleteTemporaryGdiObjects(0); }
 
 BOOL CGdiObject::Attach(HGDIOBJ hObject) {
   if (hObject == nullptr) return FALSE;

@@ -1,6 +1,7 @@
 #include <afxwin.h>
 
 #include "gdi/handle_map.h"
+#include "gdi/temporary_handles.h"
 #include "gdi/thread_object.h"
 #include "menus/owner_drawn.h"
 
@@ -57,7 +58,9 @@ CMenu* PASCAL CMenu::FromHandle(HMENU hMenu) {
 
 CMenu* PASCAL CMenu::FromHandlePermanent(HMENU hMenu) { return menuMap().FindPermanent(hMenu); }
 
-void PASCAL CMenu::DeleteTempMap() { menuMap().DeleteTemporary(); }
+void DeleteTemporaryMenus(unsigned since) { menuMap().DeleteTemporary(since); }
+
+void PASCAL CMenu::DeleteTempMap() { DeleteTemporaryMenus(0); }
 
 BOOL CMenu::Attach(HMENU hMenu) {
   if (hMenu == nullptr) return FALSE;

@@ -2,6 +2,7 @@
 
 #include <afxwin.h>
 
+#include "controls/common_classes.h"
 #include "windows/wnd_access.h"
 
 // What the system calls for messages that the framework's window procedure leaves to it.
@@ -108,6 +109,7 @@ BOOL CDialog::InitModalIndirect(HGLOBAL hDialogTemplate, CWnd* pParentWnd) {
 BOOL CDialog::CreateDlgIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd,
                                 HINSTANCE hInst) {
   if (lpDialogTemplate == nullptr) return FALSE;
+  RegisterCommonControls();
   const HWND owner = pParentWnd != nullptr        ? pParentWnd->m_hWnd
                      : AfxGetMainWnd() != nullptr ? AfxGetMainWnd()->m_hWnd
                                                   : nullptr;
