@@ -32,6 +32,16 @@
 #define ID_VIEW_TOOLBAR 0xE800
 #define ID_VIEW_STATUS_BAR 0xE801
 
+// What a dialog tells its user about a value that is not valid; the framework has the texts.
+#define AFX_IDP_PARSE_INT 0xF110
+#define AFX_IDP_PARSE_REAL 0xF111
+#define AFX_IDP_PARSE_INT_RANGE 0xF112    // %1, %2: the limits
+#define AFX_IDP_PARSE_REAL_RANGE 0xF113   // %1, %2: the limits
+#define AFX_IDP_PARSE_STRING_SIZE 0xF114  // %1: the most characters
+#define AFX_IDP_PARSE_BYTE 0xF116
+#define AFX_IDP_PARSE_UINT 0xF117
+#define AFX_IDP_PARSE_DATETIME 0xF118
+
 // Children of a frame: bars at its edges, and what fills the rest.
 #define AFX_IDW_CONTROLBAR_FIRST 0xE800
 #define AFX_IDW_CONTROLBAR_LAST 0xE8FF

@@ -2,6 +2,7 @@
 
 #include <atomic>
 
+#include "gdi/temporary_handles.h"
 #include "windows/thread_state.h"
 
 static std::atomic<unsigned> made{1};
@@ -16,4 +17,10 @@ unsigned TemporaryMark() {
   return next != 0 ? next : 1;
 }
 
-void DeleteTemporaryObjects(unsigned since) { State().windows.DeleteTemporary(since); }
+void DeleteTemporaryObjects(unsigned since) {
+  State().windows.DeleteTemporary(since);
+  DeleteTemporaryGdiObjects(since);
+  DeleteTemporaryDCs(since);
+  DeleteTemporaryMenus(since);
+  DeleteTemporaryImageLists(since);
+}

@@ -2,7 +2,6 @@
 
 #include <type_traits>
 
-#include "windows/drawing_arguments.h"
 #include "windows/message_map.h"
 
 namespace {
@@ -20,8 +19,8 @@ Control* controlOf(LPARAM lParam) {
   return reinterpret_cast<Control*>(windowOf(lParam));
 }
 
-CDC* dcOf(WPARAM wParam) { return DCFromHandle(reinterpret_cast<HDC>(wParam)); }
-CMenu* menuOf(WPARAM wParam) { return MenuFromHandle(reinterpret_cast<HMENU>(wParam)); }
+CDC* dcOf(WPARAM wParam) { return CDC::FromHandle(reinterpret_cast<HDC>(wParam)); }
+CMenu* menuOf(WPARAM wParam) { return CMenu::FromHandle(reinterpret_cast<HMENU>(wParam)); }
 
 template <class Structure>
 Structure* at(LPARAM lParam) {

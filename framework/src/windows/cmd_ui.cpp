@@ -2,8 +2,6 @@
 
 #include <afxwin.h>
 
-#include "windows/drawing_arguments.h"
-
 CCmdUI::CCmdUI()
     : m_nID(0),
       m_nIndex(0),
@@ -38,7 +36,7 @@ bool hasText(HWND window, LPCTSTR text) {
 void CCmdUI::Enable(BOOL bOn) {
   if (m_pMenu != nullptr) {
     if (m_pSubMenu != nullptr) return;  // the item that opens a menu is no command
-    ::EnableMenuItem(HandleOf(m_pMenu), m_nIndex, MF_BYPOSITION | (bOn ? MF_ENABLED : MF_GRAYED));
+    ::EnableMenuItem(*m_pMenu, m_nIndex, MF_BYPOSITION | (bOn ? MF_ENABLED : MF_GRAYED));
   } else if (m_pOther != nullptr) {
     if (!bOn) leave(m_pOther->m_hWnd);
     m_pOther->EnableWindow(bOn);
@@ -49,8 +47,7 @@ void CCmdUI::Enable(BOOL bOn) {
 void CCmdUI::SetCheck(int nCheck) {
   if (m_pMenu != nullptr) {
     if (m_pSubMenu != nullptr) return;
-    ::CheckMenuItem(HandleOf(m_pMenu), m_nIndex,
-                    MF_BYPOSITION | (nCheck != 0 ? MF_CHECKED : MF_UNCHECKED));
+    ::CheckMenuItem(*m_pMenu, m_nIndex, MF_BYPOSITION | (nCheck != 0 ? MF_CHECKED : MF_UNCHECKED));
   } else if (m_pOther != nullptr && (m_pOther->SendMessage(WM_GETDLGCODE) & DLGC_BUTTON) != 0) {
     m_pOther->SendMessage(BM_SETCHECK, static_cast<WPARAM>(nCheck));
   }
@@ -62,7 +59,7 @@ void CCmdUI::SetRadio(BOOL bOn) {
   MENUITEMINFO info = {};
   info.cbSize = sizeof info;
   info.fMask = MIIM_FTYPE;
-  const HMENU menu = HandleOf(m_pMenu);
+  const HMENU menu = *m_pMenu;
   if (!::GetMenuItemInfo(menu, m_nIndex, TRUE, &info)) return;
   if (bOn)
     info.fType |= MFT_RADIOCHECK;
@@ -78,7 +75,7 @@ void CCmdUI::SetText(LPCTSTR lpszText) {
     info.cbSize = sizeof info;
     info.fMask = MIIM_STRING;
     info.dwTypeData = const_cast<LPTSTR>(lpszText);
-    ::SetMenuItemInfo(HandleOf(m_pMenu), m_nIndex, TRUE, &info);
+    ::SetMenuItemInfo(*m_pMenu, m_nIndex, TRUE, &info);
   } else if (m_pOther != nullptr && !hasText(m_pOther->m_hWnd, lpszText)) {
     m_pOther->SetWindowText(lpszText);
   }

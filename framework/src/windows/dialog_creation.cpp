@@ -2,6 +2,7 @@
 
 #include <afxwin.h>
 
+#include "controls/common_classes.h"
 #include "windows/wnd_access.h"
 
 // What the system calls for messages that the framework's window procedure leaves to it.
@@ -127,6 +128,7 @@ BOOL CDialog::CreateDlgIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWn
                                 HINSTANCE hInst) {
   if (lpDialogTemplate == nullptr) return FALSE;
   m_nFlags = hasPlace(lpDialogTemplate) ? m_nFlags | WF_PLACED : m_nFlags & ~WF_PLACED;
+  RegisterCommonControls();
   const HWND owner = pParentWnd != nullptr        ? pParentWnd->m_hWnd
                      : AfxGetMainWnd() != nullptr ? AfxGetMainWnd()->m_hWnd
                                                   : nullptr;

@@ -2,8 +2,6 @@
 
 #include <afxpriv.h>
 
-#include "windows/drawing_arguments.h"
-
 BOOL CFrameWnd::PreTranslateMessage(MSG* pMsg) {
   if (CWnd::PreTranslateMessage(pMsg)) return TRUE;
   if (pMsg->message < WM_KEYFIRST || pMsg->message > WM_KEYLAST) return FALSE;
@@ -21,7 +19,7 @@ BOOL CFrameWnd::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* 
 void CFrameWnd::OnInitMenuPopup(CMenu* pMenu, UINT nIndex, BOOL bSysMenu) {
   CWnd::OnInitMenuPopup(pMenu, nIndex, bSysMenu);
   if (bSysMenu) return;
-  const HMENU menu = HandleOf(pMenu);
+  const HMENU menu = *pMenu;
   CCmdUI state;
   state.m_pMenu = pMenu;
   state.m_nIndexMax = static_cast<UINT>(::GetMenuItemCount(menu));
@@ -34,7 +32,7 @@ void CFrameWnd::OnInitMenuPopup(CMenu* pMenu, UINT nIndex, BOOL bSysMenu) {
     if (state.m_nID == static_cast<UINT>(-1)) {
       // An item that opens a menu is asked about by that menu's first command.
       const HMENU subMenu = ::GetSubMenu(menu, position);
-      state.m_pSubMenu = MenuFromHandle(subMenu);
+      state.m_pSubMenu = CMenu::FromHandle(subMenu);
       if (state.m_pSubMenu == nullptr) continue;
       state.m_nID = ::GetMenuItemID(subMenu, 0);
       if (state.m_nID == 0 || state.m_nID == static_cast<UINT>(-1)) continue;

@@ -2,6 +2,7 @@
 
 #include <afxwin.h>
 
+#include "menus/owner_drawn.h"
 #include "windows/thread_state.h"
 #include "windows/wnd_access.h"
 
@@ -43,13 +44,17 @@ HBRUSH CWnd::OnCtlColor(CDC*, CWnd* pWnd, UINT) {
 }
 
 void CWnd::OnDrawItem(int, LPDRAWITEMSTRUCT lpDrawItemStruct) {
-  if (lpDrawItemStruct->CtlType != ODT_MENU && ReflectLastMsg(lpDrawItemStruct->hwndItem)) return;
-  Default();
+  const bool drawn = lpDrawItemStruct->CtlType == ODT_MENU
+                         ? DrawMenuItem(lpDrawItemStruct)
+                         : ReflectLastMsg(lpDrawItemStruct->hwndItem) != FALSE;
+  if (!drawn) Default();
 }
 
 // The message names the control by its id only.
 void CWnd::OnMeasureItem(int, LPMEASUREITEMSTRUCT lpMeasureItemStruct) {
-  if (lpMeasureItemStruct->CtlType != ODT_MENU) {
+  if (lpMeasureItemStruct->CtlType == ODT_MENU) {
+    if (MeasureMenuItem(lpMeasureItemStruct)) return;
+  } else {
     CWnd* const child = GetDescendantWindow(static_cast<int>(lpMeasureItemStruct->CtlID), TRUE);
     if (child != nullptr && child->SendChildNotifyLastMsg()) return;
   }

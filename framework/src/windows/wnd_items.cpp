@@ -55,7 +55,3 @@ void CWnd::UpdateDialogControls(CCmdTarget* pTarget, BOOL bDisableIfNoHndler) {
     state.DoUpdate(pTarget, bDisableIfNoHndler && isPushButton(control));
   }
 }
-
-// Values go through a CDataExchange.
-BOOL CWnd::UpdateData(BOOL) { return TRUE; }
-void CWnd::DoDataExchange(CDataExchange*) {}
