@@ -20,10 +20,6 @@
 #include "afxmsg_.h"
 #include "afxres.h"
 
-#include "afxwnd_state.inl"
-#include "afxwnd_items.inl"
-#include "afxwnd_others.inl"
-
 // The program's module, without an application object the one of the .exe file.
 AFX_CORE_DATA HINSTANCE AFXAPI AfxGetInstanceHandle();
 // Where resources are looked for first; the program's module unless set.

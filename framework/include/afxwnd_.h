@@ -348,3 +348,8 @@ class AFX_CORE_DATA CWnd : public CCmdTarget {
   friend struct _AfxModalLoop;
   friend struct _AfxWndAccess;
 };
+
+// Here, before other headers call them.
+#include "afxwnd_state.inl"
+#include "afxwnd_items.inl"
+#include "afxwnd_others.inl"

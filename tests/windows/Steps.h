@@ -12,10 +12,18 @@
 #include "support/Watchdog.h"
 #include "windows/DialogTemplate.h"
 
-// A test with windows. Temporary objects, which live until their thread is idle, end with it.
+// Ends temporary objects, as a program does when it is idle.
+inline void DeleteTemporaryObjects() {
+  CWnd::DeleteTempMap();
+  CDC::DeleteTempMap();
+  CGdiObject::DeleteTempMap();
+  CMenu::DeleteTempMap();
+}
+
+// A test with windows.
 class WindowTest : public testing::Test {
  protected:
-  void TearDown() override { CWnd::DeleteTempMap(); }
+  void TearDown() override { DeleteTemporaryObjects(); }
 
  private:
   watchdog::ExpectWindows m_windows;
@@ -27,8 +35,9 @@ class StepDialog : public CDialog {
   static constexpr int kStepsDone = 4711;
   using Step = std::function<void()>;
 
-  explicit StepDialog(LPCDLGTEMPLATE contents, CWnd* owner = nullptr) {
-    InitModalIndirect(contents, owner);
+  explicit StepDialog(const DialogTemplate& contents, CWnd* owner = nullptr)
+      : m_contents(contents) {
+    InitModalIndirect(m_contents, owner);
   }
 
   StepDialog& Then(Step step) {
@@ -58,6 +67,7 @@ class StepDialog : public CDialog {
   DECLARE_MESSAGE_MAP()
 
  private:
+  DialogTemplate m_contents;
   std::vector<Step> m_steps;
   size_t m_next = 0;
 };

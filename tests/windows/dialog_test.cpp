@@ -57,11 +57,10 @@ TEST_F(Dialog, ButtonEndsModalDialogFromMemory) {
 }
 
 TEST_F(Dialog, MissingTemplateFails) {
-  StepDialog nothing{LPCDLGTEMPLATE(nullptr)};
-  EXPECT_EQ(nothing.DoModal(), -1);
   EXPECT_EQ(CDialog(12345u).DoModal(), -1);
   class Modeless : public CDialog {
   } modeless;
+  EXPECT_EQ(modeless.DoModal(), -1);
   EXPECT_FALSE(modeless.Create(12345u));
   EXPECT_FALSE(modeless.Create("no such template"));
 }
@@ -71,7 +70,7 @@ TEST_F(Dialog, TemplateInGlobalMemory) {
   const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, contents.Size());
   memcpy(GlobalLock(memory), static_cast<LPCDLGTEMPLATE>(contents), contents.Size());
   GlobalUnlock(memory);
-  StepDialog dialog(nullptr);
+  StepDialog dialog{DialogTemplate()};
   dialog.InitModalIndirect(memory);
   EXPECT_EQ(dialog.DoModal(), StepDialog::kStepsDone);
   EXPECT_EQ(GlobalFlags(memory) & GMEM_LOCKCOUNT, 0u);
@@ -96,7 +95,7 @@ TEST_F(Dialog, EndedInOnInitDialogNeverShows) {
 TEST_F(Dialog, FocusGoesWhereOnInitDialogPutIt) {
   class Focused : public StepDialog {
    public:
-    Focused(LPCDLGTEMPLATE contents, int id) : StepDialog(contents), m_id(id) {}
+    Focused(const DialogTemplate& contents, int id) : StepDialog(contents), m_id(id) {}
     BOOL OnInitDialog() override {
       if (m_id == 0) return TRUE;
       GotoDlgCtrl(GetDlgItem(m_id));
@@ -228,7 +227,7 @@ TEST_F(Dialog, DestroyedFromItsOwnHandler) {
 TEST_F(Dialog, DeletedFromItsOwnHandlerWhileModal) {
   class Deleted : public StepDialog {
    public:
-    Deleted(LPCDLGTEMPLATE contents, CWnd* owner, bool* gone)
+    Deleted(const DialogTemplate& contents, CWnd* owner, bool* gone)
         : StepDialog(contents, owner), m_gone(gone) {}
     ~Deleted() override { *m_gone = true; }
 
