@@ -172,3 +172,78 @@ TEST_F(Threads, WorkersBoxIsOwnedByTheMainWindow) {
   EXPECT_EQ(answer, DWORD(IDYES));
   EXPECT_EQ(owner, main);
 }
+
+namespace {
+
+// A worker that asks the user with a dialog of its own while the user's thread waits for it.
+class Worker {
+ public:
+  explicit Worker(CDialog& waiting) : m_waiting(waiting), m_userThread(GetCurrentThreadId()) {
+    m_thread = AfxBeginThread(&Work, this, 0, 0, CREATE_SUSPENDED);
+    m_thread->m_bAutoDelete = FALSE;
+    m_thread->ResumeThread();
+  }
+  ~Worker() {
+    ::WaitForSingleObject(m_thread->m_hThread, INFINITE);
+    delete m_thread;
+  }
+
+  std::atomic<bool> done = false;
+  int answer = 0;
+  bool ownerWasDisabled = false;
+
+ private:
+  static UINT AFX_CDECL Work(LPVOID self) { return static_cast<Worker*>(self)->Ask(); }
+
+  UINT Ask() {
+    ::AttachThreadInput(m_userThread, GetCurrentThreadId(), TRUE);
+    m_waiting.ShowWindow(SW_HIDE);
+    {
+      StepDialog question(DialogTemplate("Question").Button("OK", IDOK));
+      question.Then([&] {
+        ownerWasDisabled = !::IsWindowEnabled(::GetWindow(question.m_hWnd, GW_OWNER));
+        question.PostClick(IDOK);
+      });
+      answer = static_cast<int>(question.DoModal());
+    }
+    m_waiting.ShowWindow(SW_SHOW);
+    done = true;
+    DeleteTemporaryObjects();
+    m_waiting.PostMessage(WM_NULL);
+    return 0;
+  }
+
+  CDialog& m_waiting;
+  DWORD m_userThread;
+  CWinThread* m_thread;
+};
+
+class WaitingDialog : public CDialog {
+ public:
+  const std::atomic<bool>* done = nullptr;
+  BOOL ContinueModal() override { return !*done; }
+};
+
+}  // namespace
+
+TEST_F(Threads, WorkersDialogWhileTheUsersThreadWaits) {
+  CWinApp app("threads");
+  StepDialog main(DialogTemplate("Main").Button("B", 7));
+  main.Then([&] {
+    app.m_pMainWnd = &main;
+    WaitingDialog waiting;
+    waiting.CreateIndirect(DialogTemplate("Waiting").Button("Stop", IDCANCEL), &main);
+    main.EnableWindow(FALSE);
+    {
+      Worker worker(waiting);
+      waiting.done = &worker.done;
+      waiting.RunModalLoop(MLF_SHOWONIDLE);
+      EXPECT_EQ(worker.answer, IDOK);
+      EXPECT_TRUE(worker.ownerWasDisabled);
+    }
+    main.EnableWindow(TRUE);
+    waiting.DestroyWindow();
+    app.m_pMainWnd = nullptr;
+  });
+  EXPECT_EQ(main.DoModal(), StepDialog::kStepsDone);
+}

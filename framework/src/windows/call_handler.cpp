@@ -27,13 +27,34 @@ Structure* at(LPARAM lParam) {
   return reinterpret_cast<Structure*>(lParam);
 }
 
-// Calls the handler of an entry; its result is the message's, 0 for a handler without one.
+// What a handler without a result answers for it.
+LRESULT answerWithout(UINT_PTR sig) {
+  switch (sig) {
+    case _AfxSigSizing:
+    case _AfxSigDrawItem:
+    case _AfxSigMeasureItem:
+    case _AfxSigDeleteItem:
+    case _AfxSigDrawItemReflect:
+    case _AfxSigMeasureItemReflect:
+    case _AfxSigDeleteItemReflect:
+      return TRUE;  // the message has been handled
+    default:
+      return 0;
+  }
+}
+
+// Handlers whose 0 means that somebody else is to have the message: the parent.
+bool passesOnZero(UINT_PTR sig) {
+  return sig == _AfxSigCtlColorReflect || sig == _AfxSigMouseWheel;
+}
+
+// Calls the handler of an entry; its result is the message's.
 template <_AfxSig sig, class... Arguments>
 LRESULT call(CWnd& window, const AFX_MSGMAP_ENTRY& entry, Arguments... arguments) {
   const auto handler = HandlerOf<sig>(entry);
   if constexpr (std::is_void_v<decltype((window.*handler)(arguments...))>) {
     (window.*handler)(arguments...);
-    return 0;
+    return answerWithout(sig);
   } else {
     return (LRESULT)(window.*handler)(arguments...);
   }
@@ -41,194 +62,77 @@ LRESULT call(CWnd& window, const AFX_MSGMAP_ENTRY& entry, Arguments... arguments
 
 }  // namespace
 
-#define CALL(name, ...) call<_AfxSig##name>(window, entry __VA_OPT__(, ) __VA_ARGS__)
+#define CALL(name, ...)                                                       \
+  case _AfxSig##name:                                                         \
+    *pResult = call<_AfxSig##name>(window, entry __VA_OPT__(, ) __VA_ARGS__); \
+    break
 
 bool CallHandler(CWnd& window, const AFX_MSGMAP_ENTRY& entry, const MSG& message,
                  LRESULT* pResult) {
   const WPARAM w = message.wParam;
   const LPARAM l = message.lParam;
   const int id = static_cast<int>(w);
-  LRESULT result = 0;
+  const BOOL truth = static_cast<BOOL>(w);
   // An entry of a registered message keeps the place of its number instead of a signature.
-  switch (entry.nSig > _AfxSigLast ? _AfxSigMessage : static_cast<_AfxSig>(entry.nSig)) {
-    case _AfxSigVoid:
-      result = CALL(Void);
-      break;
-    case _AfxSigAskBool:
-      result = CALL(AskBool);
-      break;
-    case _AfxSigAskUint:
-      result = CALL(AskUint);
-      break;
-    case _AfxSigAskCursor:
-      result = CALL(AskCursor);
-      break;
-    case _AfxSigBool:
-      result = CALL(Bool, static_cast<BOOL>(w));
-      break;
-    case _AfxSigBoolBool:
-      result = CALL(BoolBool, static_cast<BOOL>(w));
-      break;
-    case _AfxSigCreate:
-      result = CALL(Create, at<CREATESTRUCT>(l));
-      break;
-    case _AfxSigNcCreate:
-      result = CALL(NcCreate, at<CREATESTRUCT>(l));
-      break;
-    case _AfxSigMove:
-      result = CALL(Move, lowOf(l), highOf(l));
-      break;
-    case _AfxSigSize:
-      result = CALL(Size, w, LOWORD(l), HIWORD(l));
-      break;
-    case _AfxSigSizing:
-      CALL(Sizing, w, at<RECT>(l));
-      result = TRUE;
-      break;
-    case _AfxSigMinMaxInfo:
-      result = CALL(MinMaxInfo, at<MINMAXINFO>(l));
-      break;
-    case _AfxSigWindowPos:
-      result = CALL(WindowPos, at<WINDOWPOS>(l));
-      break;
-    case _AfxSigShow:
-      result = CALL(Show, static_cast<BOOL>(w), static_cast<UINT>(l));
-      break;
-    case _AfxSigStyle:
-      result = CALL(Style, static_cast<int>(w), at<STYLESTRUCT>(l));
-      break;
-    case _AfxSigActivate:
-      result = CALL(Activate, LOWORD(w), windowOf(l), HIWORD(w) != 0);
-      break;
-    case _AfxSigActivateApp:
-      result = CALL(ActivateApp, static_cast<BOOL>(w), static_cast<DWORD>(l));
-      break;
-    case _AfxSigWindowInWParam:
-      result = CALL(WindowInWParam, windowOf(w));
-      break;
-    case _AfxSigWindowInLParam:
-      result = CALL(WindowInLParam, windowOf(l));
-      break;
-    case _AfxSigMouseActivate:
-      result = CALL(MouseActivate, windowOf(w), LOWORD(l), HIWORD(l));
-      break;
-    case _AfxSigSetCursor:
-      result = CALL(SetCursor, windowOf(w), LOWORD(l), HIWORD(l));
-      break;
-    case _AfxSigEraseBkgnd:
-      result = CALL(EraseBkgnd, dcOf(w));
-      break;
-    case _AfxSigCtlColor:
-      result = CALL(CtlColor, dcOf(w), windowOf(l), message.message - WM_CTLCOLORMSGBOX);
-      break;
-    case _AfxSigCtlColorReflect:
-      result =
-          CALL(CtlColorReflect, dcOf(w), message.message - WM_REFLECT_BASE - WM_CTLCOLORMSGBOX);
-      if (result == 0) return false;  // the parent is asked
-      break;
-    case _AfxSigNcCalcSize:
-      result = CALL(NcCalcSize, static_cast<BOOL>(w), at<NCCALCSIZE_PARAMS>(l));
-      break;
-    case _AfxSigNcHitTest:
-      result = CALL(NcHitTest, CPoint(l));
-      break;
-    case _AfxSigMouse:
-      result = CALL(Mouse, w, CPoint(l));
-      break;
-    case _AfxSigMouseWheel:
-      result = CALL(MouseWheel, LOWORD(w), static_cast<short>(HIWORD(w)), CPoint(l));
-      if (result == 0) return false;  // the parent gets the message
-      break;
-    case _AfxSigKey:
-      result = CALL(Key, w, LOWORD(l), HIWORD(l));
-      break;
-    case _AfxSigHelpInfo:
-      result = CALL(HelpInfo, at<HELPINFO>(l));
-      break;
-    case _AfxSigContextMenu:
-      result = CALL(ContextMenu, windowOf(w), CPoint(l));
-      break;
-    case _AfxSigDropFiles:
-      result = CALL(DropFiles, reinterpret_cast<HDROP>(w));
-      break;
-    case _AfxSigMenu:
-      result = CALL(Menu, menuOf(w));
-      break;
-    case _AfxSigMenuPopup:
-      result = CALL(MenuPopup, menuOf(w), LOWORD(l), static_cast<BOOL>(HIWORD(l)));
-      break;
-    case _AfxSigMenuSelect:
-      result = CALL(MenuSelect, LOWORD(w), HIWORD(w), reinterpret_cast<HMENU>(l));
-      break;
-    case _AfxSigMenuChar:
-      result = CALL(MenuChar, LOWORD(w), HIWORD(w), menuOf(static_cast<WPARAM>(l)));
-      break;
-    case _AfxSigUintLParam:
-      result = CALL(UintLParam, w, l);
-      break;
-    case _AfxSigDrawItem:
-      CALL(DrawItem, id, at<DRAWITEMSTRUCT>(l));
-      result = TRUE;
-      break;
-    case _AfxSigMeasureItem:
-      CALL(MeasureItem, id, at<MEASUREITEMSTRUCT>(l));
-      result = TRUE;
-      break;
-    case _AfxSigDeleteItem:
-      CALL(DeleteItem, id, at<DELETEITEMSTRUCT>(l));
-      result = TRUE;
-      break;
-    case _AfxSigCompareItem:
-      result = CALL(CompareItem, id, at<COMPAREITEMSTRUCT>(l));
-      break;
-    case _AfxSigDrawItemReflect:
-      CALL(DrawItemReflect, at<DRAWITEMSTRUCT>(l));
-      result = TRUE;
-      break;
-    case _AfxSigMeasureItemReflect:
-      CALL(MeasureItemReflect, at<MEASUREITEMSTRUCT>(l));
-      result = TRUE;
-      break;
-    case _AfxSigDeleteItemReflect:
-      CALL(DeleteItemReflect, at<DELETEITEMSTRUCT>(l));
-      result = TRUE;
-      break;
-    case _AfxSigCompareItemReflect:
-      result = CALL(CompareItemReflect, at<COMPAREITEMSTRUCT>(l));
-      break;
-    case _AfxSigKeyToItem:
-      result = CALL(KeyToItem, LOWORD(w), controlOf<CListBox>(l), HIWORD(w));
-      break;
-    case _AfxSigKeyToItemReflect:
-      result = CALL(KeyToItemReflect, LOWORD(w), HIWORD(w));
-      break;
-    case _AfxSigScroll:
-      result = CALL(Scroll, LOWORD(w), HIWORD(w), controlOf<CScrollBar>(l));
-      break;
-    case _AfxSigScrollReflect:
-      result = CALL(ScrollReflect, LOWORD(w), HIWORD(w));
-      break;
-    case _AfxSigTimer:
-      result = CALL(Timer, w);
-      break;
-    case _AfxSigEnterIdle:
-      result = CALL(EnterIdle, w, windowOf(l));
-      break;
-    case _AfxSigSettingChange:
-      result = CALL(SettingChange, w, at<const char>(l));
-      break;
-    case _AfxSigWinIniChange:
-      result = CALL(WinIniChange, at<const char>(l));
-      break;
-    case _AfxSigCopyData:
-      result = CALL(CopyData, windowOf(w), at<COPYDATASTRUCT>(l));
-      break;
-    case _AfxSigMessage:
-      result = CALL(Message, w, l);
-      break;
+  const UINT_PTR sig = entry.nSig < _AfxSigLast ? entry.nSig : _AfxSigMessage;
+  switch (sig) {
+    CALL(Void);
+    CALL(AskBool);
+    CALL(AskUint);
+    CALL(AskCursor);
+    CALL(Bool, truth);
+    CALL(BoolBool, truth);
+    CALL(Create, at<CREATESTRUCT>(l));
+    CALL(NcCreate, at<CREATESTRUCT>(l));
+    CALL(Move, lowOf(l), highOf(l));
+    CALL(Size, w, LOWORD(l), HIWORD(l));
+    CALL(Sizing, w, at<RECT>(l));
+    CALL(MinMaxInfo, at<MINMAXINFO>(l));
+    CALL(WindowPos, at<WINDOWPOS>(l));
+    CALL(Show, truth, static_cast<UINT>(l));
+    CALL(Style, id, at<STYLESTRUCT>(l));
+    CALL(Activate, LOWORD(w), windowOf(l), HIWORD(w) != 0);
+    CALL(ActivateApp, truth, static_cast<DWORD>(l));
+    CALL(WindowInWParam, windowOf(w));
+    CALL(WindowInLParam, windowOf(l));
+    CALL(MouseActivate, windowOf(w), LOWORD(l), HIWORD(l));
+    CALL(SetCursor, windowOf(w), LOWORD(l), HIWORD(l));
+    CALL(EraseBkgnd, dcOf(w));
+    CALL(CtlColor, dcOf(w), windowOf(l), message.message - WM_CTLCOLORMSGBOX);
+    CALL(CtlColorReflect, dcOf(w), message.message - WM_REFLECT_BASE - WM_CTLCOLORMSGBOX);
+    CALL(NcCalcSize, truth, at<NCCALCSIZE_PARAMS>(l));
+    CALL(NcHitTest, CPoint(l));
+    CALL(Mouse, w, CPoint(l));
+    CALL(MouseWheel, LOWORD(w), static_cast<short>(HIWORD(w)), CPoint(l));
+    CALL(Key, w, LOWORD(l), HIWORD(l));
+    CALL(HelpInfo, at<HELPINFO>(l));
+    CALL(ContextMenu, windowOf(w), CPoint(l));
+    CALL(DropFiles, reinterpret_cast<HDROP>(w));
+    CALL(Menu, menuOf(w));
+    CALL(MenuPopup, menuOf(w), LOWORD(l), static_cast<BOOL>(HIWORD(l)));
+    CALL(MenuSelect, LOWORD(w), HIWORD(w), reinterpret_cast<HMENU>(l));
+    CALL(MenuChar, LOWORD(w), HIWORD(w), menuOf(static_cast<WPARAM>(l)));
+    CALL(UintLParam, w, l);
+    CALL(DrawItem, id, at<DRAWITEMSTRUCT>(l));
+    CALL(MeasureItem, id, at<MEASUREITEMSTRUCT>(l));
+    CALL(DeleteItem, id, at<DELETEITEMSTRUCT>(l));
+    CALL(CompareItem, id, at<COMPAREITEMSTRUCT>(l));
+    CALL(DrawItemReflect, at<DRAWITEMSTRUCT>(l));
+    CALL(MeasureItemReflect, at<MEASUREITEMSTRUCT>(l));
+    CALL(DeleteItemReflect, at<DELETEITEMSTRUCT>(l));
+    CALL(CompareItemReflect, at<COMPAREITEMSTRUCT>(l));
+    CALL(KeyToItem, LOWORD(w), controlOf<CListBox>(l), HIWORD(w));
+    CALL(KeyToItemReflect, LOWORD(w), HIWORD(w));
+    CALL(Scroll, LOWORD(w), HIWORD(w), controlOf<CScrollBar>(l));
+    CALL(ScrollReflect, LOWORD(w), HIWORD(w));
+    CALL(Timer, w);
+    CALL(EnterIdle, w, windowOf(l));
+    CALL(SettingChange, w, at<const char>(l));
+    CALL(WinIniChange, at<const char>(l));
+    CALL(CopyData, windowOf(w), at<COPYDATASTRUCT>(l));
+    CALL(Message, w, l);
     default:
       return false;
   }
-  *pResult = result;
-  return true;
+  return *pResult != 0 || !passesOnZero(sig);
 }

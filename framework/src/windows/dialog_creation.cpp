@@ -46,6 +46,20 @@ class LockedTemplate {
   LPCDLGTEMPLATE m_contents;
 };
 
+// The window that PreModal has disabled is enabled again, even if nobody calls PostModal any more.
+class DisabledByPreModal {
+ public:
+  explicit DisabledByPreModal(HWND window) : m_window(window) {}
+  ~DisabledByPreModal() {
+    if (m_window != nullptr && IsWindow(m_window)) EnableWindow(m_window, TRUE);
+  }
+  DisabledByPreModal(const DisabledByPreModal&) = delete;
+  DisabledByPreModal& operator=(const DisabledByPreModal&) = delete;
+
+ private:
+  HWND m_window;
+};
+
 // The owner of a modal dialog gets no input while this lives.
 class DisabledOwner {
  public:
@@ -162,36 +176,24 @@ int CDialog::DoModal() {
   }
   if (contents == nullptr) return -1;
 
-  const _AfxModalLoop life(*this);
+  _AfxModalLoop life(*this);  // a handler may delete the dialog
   const HWND owner = PreModal();
-  const HWND top = m_hWndTop;
-  int result = -1;
-  {
-    DisabledOwner disabled(owner);
-    m_nModalResult = -1;
-    m_nFlags |= WF_CONTINUEMODAL;  // OnInitDialog may end the dialog already
-    const bool created = CreateDlgIndirect(contents, CWnd::FromHandle(owner), module);
-    if (created && (m_nFlags & WF_CONTINUEMODAL) != 0)
-      RunModalLoop(MLF_SHOWONIDLE | ((GetStyle() & DS_NOIDLEMSG) != 0 ? MLF_NOIDLEMSG : 0));
-    if (life.object != nullptr) {
-      result = m_nModalResult;
-      m_nFlags &= ~WF_CONTINUEMODAL;
-      if (m_hWnd != nullptr)
-        SetWindowPos(nullptr, 0, 0, 0, 0,
-                     SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
-    }
-    // The owner is enabled while the dialog still is active: or another program would become so.
-    disabled.Enable();
-    if (life.object != nullptr && m_hWnd != nullptr) {
-      if (owner != nullptr && ::GetActiveWindow() == m_hWnd) ::SetActiveWindow(owner);
-    }
-  }
-  if (life.object != nullptr) DestroyWindow();
-  if (life.object != nullptr) {
-    PostModal();
-  } else if (top != nullptr && ::IsWindow(top)) {
-    ::EnableWindow(top, TRUE);
-  }
+  const DisabledByPreModal top(m_hWndTop);
+  DisabledOwner disabled(owner);
+  m_nModalResult = -1;
+  m_nFlags |= WF_CONTINUEMODAL;  // OnInitDialog may end the dialog already
+  if (CreateDlgIndirect(contents, CWnd::FromHandle(owner), module) && life.hasWindow &&
+      (m_nFlags & WF_CONTINUEMODAL) != 0)
+    RunModalLoop(MLF_SHOWONIDLE | ((GetStyle() & DS_NOIDLEMSG) != 0 ? MLF_NOIDLEMSG : 0));
+
+  // The owner comes back while the dialog is there, or the system would activate another program.
+  disabled.Enable();
+  if (life.object == nullptr) return -1;
+  const int result = m_nModalResult;
+  if (owner != nullptr && m_hWnd != nullptr && ::GetActiveWindow() == m_hWnd)
+    ::SetActiveWindow(owner);
+  DestroyWindow();
+  if (life.object != nullptr) PostModal();
   return result;
 }
 

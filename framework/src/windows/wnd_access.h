@@ -11,7 +11,8 @@ struct _AfxWndAccess {
   static void PreSubclass(CWnd& window) { window.PreSubclassWindow(); }
 };
 
-// A modal loop on the stack, which learns from its window and object that they are gone.
+// A modal loop on the stack, which learns from its window and object that they are gone. At its end
+// the object's flags say again what they said before.
 struct _AfxModalLoop {
   explicit _AfxModalLoop(CWnd& window);
   ~_AfxModalLoop();
@@ -24,6 +25,7 @@ struct _AfxModalLoop {
   CWnd* object;  // null: deleted
   bool hasWindow = true;
   _AfxModalLoop* outer;
+  UINT flagsBefore;
 };
 
 // m_nFlags

@@ -6,12 +6,17 @@
 #include "threads/temporary_objects.h"
 #include "windows/wnd_access.h"
 
-_AfxModalLoop::_AfxModalLoop(CWnd& window) : object(&window), outer(window.m_pModalLoop) {
+constexpr UINT kLoopFlags = WF_MODALLOOP | WF_CONTINUEMODAL;
+
+_AfxModalLoop::_AfxModalLoop(CWnd& window)
+    : object(&window), outer(window.m_pModalLoop), flagsBefore(window.m_nFlags & kLoopFlags) {
   window.m_pModalLoop = this;
 }
 
 _AfxModalLoop::~_AfxModalLoop() {
-  if (object != nullptr) object->m_pModalLoop = outer;
+  if (object == nullptr) return;
+  object->m_pModalLoop = outer;
+  object->m_nFlags = (object->m_nFlags & ~kLoopFlags) | flagsBefore;
 }
 
 void _AfxModalLoop::WindowEnds(_AfxModalLoop* innermost) {
@@ -72,14 +77,13 @@ class ModalIdle {
 }  // namespace
 
 int CWnd::RunModalLoop(DWORD dwFlags) {
-  const UINT flagsBefore = m_nFlags;
   _AfxModalLoop loop(*this);
   ModalIdle idle(loop, dwFlags);
   const auto goesOn = [&] { return loop.hasWindow && ContinueModal(); };
   const unsigned mark = TemporaryMark();
   bool idling = true;
   bool quit = false;
-  m_nFlags |= WF_MODALLOOP | WF_CONTINUEMODAL;
+  m_nFlags |= kLoopFlags;
   while (!quit && goesOn()) {
     while (idling && loop.hasWindow && !IsMessageWaiting()) idling = idle.Work();
     DeleteTemporaryObjects(mark);
@@ -99,9 +103,6 @@ int CWnd::RunModalLoop(DWORD dwFlags) {
       }
     } while (goesOn() && IsMessageWaiting());
   }
-  if (loop.object == nullptr) return -1;
-  m_nFlags = (m_nFlags & ~(WF_MODALLOOP | WF_CONTINUEMODAL)) |
-             (flagsBefore & (WF_MODALLOOP | WF_CONTINUEMODAL));
   return quit || !loop.hasWindow ? -1 : m_nModalResult;
 }
 
