@@ -21,7 +21,7 @@ class AFX_CORE_DATA AFX_MODULE_STATE {
 };
 
 AFX_CORE_DATA AFX_MODULE_STATE* AFXAPI AfxGetModuleState();
-// The state of the calling module: extension modules share the program's.
+// The same: extension modules share the program's state.
 AFX_CORE_DATA AFX_MODULE_STATE* AFXAPI AfxGetStaticModuleState();
 
 // Stands at the beginning of functions that a library exports, where there are modules with states

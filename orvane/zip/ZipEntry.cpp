@@ -21,12 +21,11 @@ unsigned long WindowsAttributesOf(uint32_t external) {
   return attributes;
 }
 
+constexpr size_t kBlockHeader = 4;  // id and length of a block of the extra field
+constexpr size_t kMostTimes = 1 + 3 * 4;
+
 // Takes the times of an extended time stamp, the fields behind its id and length.
-ZipResult UseTimes(ZipInput& input, uint64_t position, size_t size, ZIPENTRY& entry) {
-  uint8_t fields[1 + 3 * 4] = {};
-  size = std::min(size, sizeof fields);
-  if (const ZipResult result = input.ReadHeader(position, fields, size); result != kZipOk)
-    return result;
+void UseTimes(const uint8_t* fields, size_t size, ZIPENTRY& entry) {
   size_t at = 1;
   const auto next = [&](uint8_t flag, FILETIME& time) {
     if (!(fields[0] & flag) || at + 4 > size) return;
@@ -36,21 +35,22 @@ ZipResult UseTimes(ZipInput& input, uint64_t position, size_t size, ZIPENTRY& en
   next(kZipTimesModified, entry.mtime);
   next(kZipTimesAccessed, entry.atime);
   next(kZipTimesCreated, entry.ctime);
-  return kZipOk;
 }
 
 // By design the walk steps by the low byte of a block's length. A block of 256 bytes or more
 // misleads it, and the times of the directory stand; it never leaves the field.
 ZipResult UseExtraField(ZipInput& input, const ZipLocalHeader& header, ZIPENTRY& entry) {
-  for (uint64_t at = header.extra; at + 4 <= header.data;) {
-    uint8_t block[4];
-    if (const ZipResult result = input.ReadHeader(at, block, sizeof block); result != kZipOk)
+  for (uint64_t at = header.extra; at + kBlockHeader <= header.data;) {
+    uint8_t block[kBlockHeader + kMostTimes] = {};
+    const auto shown = static_cast<size_t>(std::min<uint64_t>(sizeof block, header.data - at));
+    if (const ZipResult result = input.ReadHeader(at, block, shown); result != kZipOk)
       return result;
-    at += sizeof block;
-    const uint64_t length = std::min<uint64_t>(block[2], header.data - at);
-    if (GetLe16(block) == kZipTimesId)
-      return UseTimes(input, at, static_cast<size_t>(length), entry);
-    at += length;
+    const size_t length = block[2];
+    if (GetLe16(block) == kZipTimesId) {
+      UseTimes(block + kBlockHeader, std::min(length, shown - kBlockHeader), entry);
+      return kZipOk;
+    }
+    at += kBlockHeader + length;
   }
   return kZipOk;
 }

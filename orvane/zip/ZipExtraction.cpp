@@ -4,6 +4,7 @@
 #include <cstring>
 #include <new>
 
+#include "zip/ZipCrc.h"
 #include "zip/ZipFormat.h"
 
 namespace {
@@ -42,7 +43,7 @@ ZipExtraction::State ZipExtraction::Read(uint8_t* to, size_t capacity, size_t& g
   while (m_state == State::kReading && m_left > 0 && got < capacity) {
     const size_t piece =
         m_isDeflated ? Inflate(to + got, capacity - got) : Copy(to + got, capacity - got);
-    if (piece > 0) m_crc = crc32(m_crc, to + got, static_cast<uInt>(piece));
+    m_crc = ZipCrc(m_crc, to + got, piece);
     got += piece;
   }
   return m_state;
@@ -56,9 +57,9 @@ size_t ZipExtraction::Copy(uint8_t* to, size_t capacity) {
   } else {
     const uint8_t* bytes;
     size_t available;
-    result = m_input.ShowData(m_position, bytes, available);
+    result = m_input.ShowData(m_position, size, bytes, available);
     if (result == kZipOk) {
-      size = std::min(size, available);
+      size = available;
       std::memcpy(to, bytes, size);
     }
   }
@@ -75,11 +76,10 @@ size_t ZipExtraction::Inflate(uint8_t* to, size_t capacity) {
   const uint8_t* bytes = nullptr;
   size_t available = 0;
   if (m_compressedLeft > 0) {
-    if (m_input.ShowData(m_position, bytes, available) != kZipOk) {
+    if (m_input.ShowData(m_position, m_compressedLeft, bytes, available) != kZipOk) {
       m_state = State::kBroken;
       return 0;
     }
-    available = std::min<size_t>(available, m_compressedLeft);
   }
   // A byte more than announced, where there is room for it: zlib then sees the end of the data at
   // once.

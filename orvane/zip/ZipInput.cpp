@@ -1,6 +1,7 @@
 #include "zip/ZipInput.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 
 namespace {
@@ -9,7 +10,6 @@ constexpr size_t kPageSize = 4 * 1024;
 constexpr size_t kMostPages = 2048;
 
 constexpr size_t kWindowSize = 128 * 1024;
-constexpr size_t kLeastReadAhead = 4 * 1024;
 
 }  // namespace
 
@@ -55,7 +55,8 @@ ZipResult ZipInput::UseFile() {
   if (!GetFileSizeEx(m_file.get(), &end)) return kZipReadError;
   const auto fileSize = static_cast<uint64_t>(end.QuadPart);
   m_size = fileSize > m_archiveStart ? fileSize - m_archiveStart : 0;
-  m_pages.resize(static_cast<size_t>(std::min<uint64_t>(m_size / kPageSize + 1, kMostPages)));
+  const uint64_t pages = std::min<uint64_t>(m_size / kPageSize + 1, kMostPages);
+  m_pages.resize(std::bit_ceil(static_cast<size_t>(pages)));
   return kZipOk;
 }
 
@@ -84,46 +85,45 @@ ZipResult ZipInput::ReadData(uint64_t position, void* to, size_t size) {
   return kZipOk;
 }
 
-ZipResult ZipInput::ShowData(uint64_t position, const uint8_t*& bytes, size_t& size) {
-  if (!Holds(position, 1)) return kZipCorrupt;
+ZipResult ZipInput::ShowData(uint64_t position, uint64_t wanted, const uint8_t*& bytes,
+                             size_t& size) {
+  if (!Holds(position, wanted)) return kZipCorrupt;
   if (m_memory != nullptr) {
     bytes = m_memory + position;
-    size = static_cast<size_t>(m_size - position);
+    size = static_cast<size_t>(wanted);
     return kZipOk;
   }
   // Small entries often lie in the page of their header.
   if (const Page* page = FindPage(position / kPageSize)) {
     const auto offset = static_cast<size_t>(position % kPageSize);
     bytes = page->bytes + offset;
-    size = static_cast<size_t>(std::min<uint64_t>(kPageSize - offset, m_size - position));
+    size = static_cast<size_t>(std::min<uint64_t>(kPageSize - offset, wanted));
     return kZipOk;
   }
   if (position < m_windowStart || position >= m_windowStart + m_windowFill) {
-    const bool isNext = position == m_windowStart + m_windowFill;
-    m_readAhead = isNext ? std::min(m_readAhead * 2, kWindowSize) : kLeastReadAhead;
-    const auto wanted = static_cast<size_t>(std::min<uint64_t>(m_readAhead, m_size - position));
+    const auto piece = static_cast<size_t>(std::min<uint64_t>(wanted, kWindowSize));
     if (!m_window) m_window.reset(new uint8_t[kWindowSize]);
     m_windowFill = 0;
-    if (const ZipResult result = ReadFileAt(position, m_window.get(), wanted); result != kZipOk)
+    if (const ZipResult result = ReadFileAt(position, m_window.get(), piece); result != kZipOk)
       return result;
     m_windowStart = position;
-    m_windowFill = wanted;
+    m_windowFill = piece;
   }
   const auto offset = static_cast<size_t>(position - m_windowStart);
   bytes = m_window.get() + offset;
-  size = m_windowFill - offset;
+  size = static_cast<size_t>(std::min<uint64_t>(m_windowFill - offset, wanted));
   return kZipOk;
 }
 
 const ZipInput::Page* ZipInput::FindPage(uint64_t number) const {
-  const Page* page = m_pages[static_cast<size_t>(number % m_pages.size())].get();
+  const Page* page = m_pages[PlaceOf(number)].get();
   return page != nullptr && page->number == number ? page : nullptr;
 }
 
 ZipResult ZipInput::GetPage(uint64_t number, const Page*& page) {
   page = FindPage(number);
   if (page != nullptr) return kZipOk;
-  auto& place = m_pages[static_cast<size_t>(number % m_pages.size())];
+  auto& place = m_pages[PlaceOf(number)];
   std::unique_ptr<Page> loaded = std::move(place);
   if (!loaded) loaded.reset(new Page);
   loaded->number = number;

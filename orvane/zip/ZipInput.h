@@ -1,7 +1,7 @@
 // The archive that a reader reads: a file or a block of memory, read at given positions.
 //
 // Headers lie scattered through a file and are asked for in any order, so they are read through a
-// cache of pages; the data of entries go through a window that reads ahead.
+// cache of pages; the data of entries go through a window.
 //
 // Positions are counted in bytes from the start of the archive, 64 bits wide, so that no sum of an
 // archive's fields can overflow them.
@@ -37,9 +37,9 @@ class ZipInput {
   // Copies bytes straight to their place. The same failures.
   ZipResult ReadData(uint64_t position, void* to, size_t size);
 
-  // Shows the bytes at a position without copying them: at least one, and as many as are at hand.
+  // Shows the wanted bytes at a position without copying them, or the first of them (at least one).
   // Valid until the next call. The same failures.
-  ZipResult ShowData(uint64_t position, const uint8_t*& bytes, size_t& size);
+  ZipResult ShowData(uint64_t position, uint64_t wanted, const uint8_t*& bytes, size_t& size);
 
  private:
   struct Page;
@@ -47,6 +47,9 @@ class ZipInput {
   ZipResult UseFile();
   ZipResult GetPage(uint64_t number, const Page*& page);
   const Page* FindPage(uint64_t number) const;
+  size_t PlaceOf(uint64_t number) const {
+    return static_cast<size_t>(number) & (m_pages.size() - 1);
+  }
   ZipResult ReadFileAt(uint64_t position, uint8_t* to, size_t size);
 
   const uint8_t* m_memory = nullptr;  // null: a file
@@ -54,10 +57,9 @@ class ZipInput {
   uint64_t m_archiveStart = 0;  // in the file
   uint64_t m_size = 0;
 
-  std::vector<std::unique_ptr<Page>> m_pages;  // each number has its place, shared with others
+  std::vector<std::unique_ptr<Page>> m_pages;  // a power of two; each place is that of many pages
 
   std::unique_ptr<uint8_t[]> m_window;
   uint64_t m_windowStart = 0;
   size_t m_windowFill = 0;
-  size_t m_readAhead = 0;
 };

@@ -38,7 +38,16 @@ int ZipNameIndex::Find(std::string_view name) const {
 std::string_view ZipNameIndex::Fold(std::string_view name, std::vector<char>& buffer) const {
   if (!m_ignoreCase) return name;
   buffer.assign(name.begin(), name.end());
-  CharLowerBuffA(buffer.data(), static_cast<DWORD>(buffer.size()));
+  bool isAscii = true;
+  for (char& c : buffer) {
+    if (c >= 'A' && c <= 'Z') c += 'a' - 'A';
+    isAscii = isAscii && static_cast<unsigned char>(c) < 0x80;
+  }
+  if (!isAscii) {
+    // Other letters, and the second halves of characters that look like letters, are the system's.
+    buffer.assign(name.begin(), name.end());
+    CharLowerBuffA(buffer.data(), static_cast<DWORD>(buffer.size()));
+  }
   return {buffer.data(), buffer.size()};
 }
 

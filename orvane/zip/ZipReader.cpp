@@ -161,8 +161,8 @@ ZipResult ZipReader::UnzipToFile(int index, void* destination, unsigned long kin
     file = created.get();
   }
   const ZipResult result = CopyTo(file);
-  if (result == kZipOk && GetFileType(file) == FILE_TYPE_DISK)
-    SetFileTime(file, &entry.ctime, &entry.atime, &entry.mtime);
+  // Only disk files have times to set.
+  if (result == kZipOk) SetFileTime(file, &entry.ctime, &entry.atime, &entry.mtime);
   return result;
 }
 

@@ -18,7 +18,9 @@ constexpr uint32_t kWindowsAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE
                                         FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_DIRECTORY |
                                         FILE_ATTRIBUTE_ARCHIVE;
 
-bool IsZero(const FILETIME& time) { return time.dwLowDateTime == 0 && time.dwHighDateTime == 0; }
+FILETIME FileTimeOf(const LARGE_INTEGER& time) {
+  return {time.LowPart, static_cast<DWORD>(time.HighPart)};
+}
 
 }  // namespace
 
@@ -54,8 +56,9 @@ ZipResult ZipSource::Open(void* source, unsigned int length, unsigned long kind)
 ZipResult ZipSource::OpenHandle(HANDLE handle, unsigned int length) {
   m_file = handle;
   // The facts are taken first: asking for the type can count as an access.
-  BY_HANDLE_FILE_INFORMATION facts;
-  const bool hasFacts = GetFileInformationByHandle(handle, &facts);
+  FILE_BASIC_INFO facts;
+  const bool hasFacts =
+      GetFileInformationByHandleEx(handle, FileBasicInfo, &facts, sizeof facts) != FALSE;
   if (GetFileType(handle) == FILE_TYPE_DISK) return hasFacts ? OpenDiskFile(facts) : kZipNoFile;
   if (length > 0) m_size = length;
   m_attributes = kPlainFile;
@@ -63,16 +66,18 @@ ZipResult ZipSource::OpenHandle(HANDLE handle, unsigned int length) {
   return kZipOk;
 }
 
-ZipResult ZipSource::OpenDiskFile(const BY_HANDLE_FILE_INFORMATION& facts) {
-  m_size = static_cast<uint64_t>(facts.nFileSizeHigh) << 32 | facts.nFileSizeLow;
-  m_modified = facts.ftLastWriteTime;
+ZipResult ZipSource::OpenDiskFile(const FILE_BASIC_INFO& facts) {
+  LARGE_INTEGER size;
+  if (!GetFileSizeEx(m_file, &size)) return kZipReadError;
+  m_size = size.QuadPart;
+  m_modified = FileTimeOf(facts.LastWriteTime);
   // File systems that keep fewer times give zeros.
-  m_accessed = IsZero(facts.ftLastAccessTime) ? m_modified : facts.ftLastAccessTime;
-  m_created = IsZero(facts.ftCreationTime) ? m_modified : facts.ftCreationTime;
+  m_accessed = facts.LastAccessTime.QuadPart != 0 ? FileTimeOf(facts.LastAccessTime) : m_modified;
+  m_created = facts.CreationTime.QuadPart != 0 ? FileTimeOf(facts.CreationTime) : m_modified;
 
-  m_attributes = facts.dwFileAttributes & kWindowsAttributes;
-  m_attributes |= facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY ? kUnixFolder : kUnixFile;
-  if (!(facts.dwFileAttributes & FILE_ATTRIBUTE_READONLY)) m_attributes |= kUnixWritable;
+  m_attributes = facts.FileAttributes & kWindowsAttributes;
+  m_attributes |= facts.FileAttributes & FILE_ATTRIBUTE_DIRECTORY ? kUnixFolder : kUnixFile;
+  if (!(facts.FileAttributes & FILE_ATTRIBUTE_READONLY)) m_attributes |= kUnixWritable;
 
   if (!m_owned && !SetFilePointerEx(m_file, {}, nullptr, FILE_BEGIN)) return kZipReadError;
   if (const ZipResult result = ReadPiece(m_firstPiece); result != kZipOk) return result;

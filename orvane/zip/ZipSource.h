@@ -28,7 +28,7 @@ class ZipSource {
 
  private:
   ZipResult OpenHandle(HANDLE handle, unsigned int length);
-  ZipResult OpenDiskFile(const BY_HANDLE_FILE_INFORMATION& facts);
+  ZipResult OpenDiskFile(const FILE_BASIC_INFO& facts);
   ZipResult ReadPiece(size_t& size);
   ZipResult MarkProgram();
   void UseCurrentTime();

@@ -95,7 +95,8 @@ TEST_F(TraceLog, NothingIsWrittenWithoutAPathOrWhereItCannotBe) {
 
 TEST_F(TraceLog, LongNumberFormatIsAnAssertionAndCut) {
   const AssertionLog assertions;
-  const std::string format = std::string(1100, 'x') + "%d";
+  std::string format(1100, 'x');
+  format += "%d";
   EXPECT_EQ(TraceEvent(m_path.c_str(), "t", 5, format.c_str()), 1);
   EXPECT_TRUE(assertions.Names("trace")) << assertions.Text();
   EXPECT_EQ(Text(), "\n##:##:##:###:   t: " + std::string(1023, 'x'));

@@ -3,6 +3,8 @@
 #include <windows.h>
 #include <psapi.h>
 
+#include <bit>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -47,8 +49,9 @@ class Registry {
  public:
   void Add(const Block& block) {
     if ((m_used + 1) * 2 > m_capacity) Grow();
-    if (Place(block.address)->address == nullptr) ++m_used;
-    *Place(block.address) = block;
+    Block* const place = FreePlace(block.address);
+    if (place->address == nullptr) ++m_used;
+    *place = block;
     ++m_live.blocks;
     m_live.bytes += block.size;
     if (m_live.bytes > m_peak) m_peak = m_live.bytes;
@@ -77,12 +80,23 @@ class Registry {
   void ResetPeak() { m_peak = m_live.bytes; }
 
  private:
-  // Where an address stands, or would be put.
+  size_t Hash(const unsigned char* address) const {
+    return (reinterpret_cast<uint32_t>(address) * 2654435761u) >> m_shift;
+  }
+
+  // Where an address stands, or the free place behind which it can't be.
   Block* Place(const unsigned char* address) const {
-    size_t i = (reinterpret_cast<size_t>(address) >> 3) * 2654435761u;
-    for (;; ++i) {
+    for (size_t i = Hash(address);; ++i) {
       Block* place = &m_table[i & (m_capacity - 1)];
       if (place->address == address || place->address == nullptr) return place;
+    }
+  }
+
+  // Where an address that is not in the table is put: an erased place is as good as a new one.
+  Block* FreePlace(const unsigned char* address) const {
+    for (size_t i = Hash(address);; ++i) {
+      Block* place = &m_table[i & (m_capacity - 1)];
+      if (place->address <= kErased) return place;
     }
   }
 
@@ -98,17 +112,19 @@ class Registry {
       abort();
     }
     m_capacity = capacity;
+    m_shift = 32 - std::countr_zero(capacity);
     m_used = 0;
     for (size_t i = 0; i < oldCapacity; ++i) {
       if (old[i].address <= kErased) continue;
-      *Place(old[i].address) = old[i];
+      *FreePlace(old[i].address) = old[i];
       ++m_used;
     }
     if (old != nullptr) VirtualFree(old, 0, MEM_RELEASE);
   }
 
   Block* m_table = nullptr;
-  size_t m_capacity = 0;
+  size_t m_capacity = 0;  // a power of two
+  int m_shift = 32;
   size_t m_used = 0;  // live and erased places
   Live m_live = {0, 0};
   size_t m_peak = 0;

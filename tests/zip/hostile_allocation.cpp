@@ -57,21 +57,6 @@ std::string SmallArchive() {
   return archive.Bytes();
 }
 
-class ZipAllocation : public testing::Test {
- protected:
-  // The first exceptions make the runtime sort its tables of every module, and keep them: not while
-  // a test's blocks are counted.
-  static void SetUpTestSuite() {
-    std::string archive = SmallArchive();
-    for (unsigned n = 1; n < 10; ++n) {
-      const allocations::FailNth fail(n);
-      HZIP zip =
-          OpenZipU(archive.data(), static_cast<unsigned>(archive.size()), kZipMemory, nullptr);
-      if (zip != nullptr) CloseZipU(zip);
-    }
-  }
-};
-
 void ReadWithFailure(void* source, unsigned size, ZipKind kind, const std::string& output) {
   FailEach([&](unsigned n, bool* happened) {
     unsigned long codes[7] = {};
@@ -113,14 +98,14 @@ void ReadWithFailure(void* source, unsigned size, ZipKind kind, const std::strin
   });
 }
 
-TEST_F(ZipAllocation, ReadingFromMemory) {
+TEST(ZipAllocation, ReadingFromMemory) {
   const TempFolder folder;
   std::string archive = SmallArchive();
   ReadWithFailure(archive.data(), static_cast<unsigned>(archive.size()), kZipMemory,
                   folder / "output.txt");
 }
 
-TEST_F(ZipAllocation, ReadingFromFile) {
+TEST(ZipAllocation, ReadingFromFile) {
   const TempFolder folder;
   std::string path = folder.Write("archive.zip", SmallArchive());
   ReadWithFailure(path.data(), 0, kZipFileName, folder / "output.txt");
@@ -148,7 +133,7 @@ void ExpectEntries(const std::string& path, std::initializer_list<const char*> n
   EXPECT_EQ(CloseZipU(zip), kZipOk);
 }
 
-TEST_F(ZipAllocation, Writing) {
+TEST(ZipAllocation, Writing) {
   const TempFolder folder;
   std::string path = folder / "archive.zip";
   std::string source = folder.Write("source.txt", kPlain);
@@ -186,7 +171,7 @@ std::string CurrentFolder() {
 }
 
 // The functions for whole folders give 0 or 1 and put the current folder back.
-TEST_F(ZipAllocation, WholeFolders) {
+TEST(ZipAllocation, WholeFolders) {
   const TempFolder folder;
   folder.Write("tree\\first.txt", kPlain);
   folder.Write("tree\\sub\\second.txt", kPlain);

@@ -197,6 +197,8 @@ uint32_t Crc(const std::string& bytes) {
   return crc32(0, reinterpret_cast<const Bytef*>(bytes.data()), static_cast<uInt>(bytes.size()));
 }
 
+std::string Repeat(char c, size_t times) { return std::string(times, c); }
+
 std::string Noise(size_t size, uint32_t seed) {
   std::mt19937 random(seed);
   std::string noise(size, 0);

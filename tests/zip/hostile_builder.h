@@ -134,6 +134,9 @@ std::string ExtraBlock(uint16_t id, const std::string& bytes);
 std::string Deflate(const std::string& plain);
 uint32_t Crc(const std::string& bytes);
 
+// A character so many times.
+std::string Repeat(char c, size_t times);
+
 // Bytes that don't compress, the same for the same seed.
 std::string Noise(size_t size, uint32_t seed);
 

@@ -8,12 +8,6 @@
 namespace hostile {
 namespace {
 
-// The first trace makes blocks and handles that gtest keeps: not while a test's are counted.
-class FirstTrace : public testing::Environment {
-  void SetUp() override { SCOPED_TRACE(""); }
-};
-[[maybe_unused]] const auto* const kFirstTrace = testing::AddGlobalTestEnvironment(new FirstTrace);
-
 constexpr size_t kNameKept = MAX_PATH - 1;
 
 void CheckEntry(const Entry& entry, const EntryOutcome& outcome, char expected) {

@@ -166,12 +166,12 @@ TEST_F(ZipNames, OddOnesStayBelowTheTarget) {
                                   std::string("a\0/../../victim.txt", 19),
                                   std::string("wild*?.txt"),
                                   std::string("bell\7.txt"),
-                                  std::string(255, 'n'),
-                                  std::string(300, 'n'),
-                                  std::string(40000, 'n'),
-                                  std::string("a/") + std::string(254, 'n'),
-                                  std::string(200, '/') + "x",
-                                  std::string("../") + std::string(300, 'n'),
+                                  Repeat('n', 255),
+                                  Repeat('n', 300),
+                                  Repeat('n', 40000),
+                                  std::string("a/") + Repeat('n', 254),
+                                  Repeat('/', 200) + "x",
+                                  std::string("../") + Repeat('n', 300),
                                   high,
                                   std::string("sub/con")}) {
     archive.entries.push_back(Stored(name, kEvil));

@@ -59,6 +59,28 @@ void HideAnEntryInAnExtraField(Archive& archive) {
       Ghost(hidden, kLocalSize + archive.entries[kText].local.name.size() + 4));
 }
 
+// The same where the first entry's sizes alone don't tell how far it reaches: one byte of data, far
+// behind its header.
+void HideAnEntryInALongExtraField(Archive& archive) {
+  const Entry hidden = Stored("hidden.txt", "hidden in a long extra field");
+  Entry host = Stored("host.txt", "x");
+  host.local.extra = ExtraBlock(0x6375, Noise(40'000, 14) + LocalPart(hidden) + Noise(100, 15));
+  archive.entries.push_back(host);
+  const size_t extra = archive.LayOut().offsets.back() + kLocalSize + host.local.name.size();
+  archive.entries.push_back(Ghost(hidden, extra + 4 + 40'000));
+}
+
+// Data that quote an entry, far behind their header.
+void QuoteAnEntryBehindALongExtraField(Archive& archive) {
+  const Entry quoted = Stored("quoted.txt", "quoted");
+  Entry outer = Stored("outer.bin", Noise(50, 16) + LocalPart(quoted) + Noise(50, 17));
+  outer.local.extra = ExtraBlock(0x6375, Noise(60'000, 18));
+  archive.entries.push_back(outer);
+  const size_t data = archive.LayOut().offsets.back() + kLocalSize + outer.local.name.size() +
+                      outer.local.extra.size();
+  archive.entries.push_back(Ghost(quoted, data + 50));
+}
+
 void HideAnEntryInTheDirectory(Archive& archive) {
   const Entry hidden = Stored("hidden.txt", "hidden in the directory");
   archive.entries[kText].comment = LocalPart(hidden);
@@ -114,6 +136,8 @@ const Case kOverlaps[] = {
     {"LocalHeaderQuotedInData", "ggggggcc", QuoteAnEntryInData},
     {"LocalHeadersQuotedInAChain", "cccccccccccccccccccc", QuoteHeadersInAChain},
     {"LocalHeaderInExtraField", "cgggggc", HideAnEntryInAnExtraField},
+    {"LocalHeaderInLongExtraField", "ggggggcc", HideAnEntryInALongExtraField},
+    {"LocalHeaderQuotedBehindLongExtraField", "ggggggcc", QuoteAnEntryBehindALongExtraField},
     {"LocalHeaderInDirectory", "ggggggc", HideAnEntryInTheDirectory},
     {"LocalHeaderInArchiveComment", "gggggg.", HideAnEntryInTheComment},
     {"LocalHeaderAtStartOfData", "ggggggcc", BeginInsideAHeader},

@@ -21,6 +21,7 @@ constexpr uint64_t kMostPerByte = 1032;  // what one byte of deflate data can ho
 constexpr uint64_t kSlack = 1024;
 constexpr size_t kMemoryPerByte = 4;         // allocated per byte of the archive,
 constexpr size_t kMemoryFixed = 512 * 1024;  // and whatever the archive is
+constexpr char kTooMuch[] = "more bytes than announced";
 constexpr ULONGLONG kMilliseconds = 20000;
 
 bool IsOneOf(unsigned long code, std::initializer_list<unsigned long> codes) {
@@ -44,7 +45,7 @@ class Reading {
       : m_size(archive.size()),
         m_path(folder / "archive.zip"),
         m_output(folder / "output"),
-        m_buffer(std::string(kMaxStep, '\xEE').data(), kMaxStep) {
+        m_buffer(std::string(kMaxStep, 0).data(), kMaxStep) {
     switch (source) {
       case kZipFileName:
         Write(archive);
@@ -143,6 +144,7 @@ class Reading {
     UnzipToMemory(index, static_cast<uint32_t>(record.unc_size), &entry);
     Digest written;
     UnzipToFile(index, &entry, &written);
+    Check(written.size <= static_cast<uint32_t>(record.unc_size), kTooMuch, index);
     CompareWays(index, entry, written);
   }
 
@@ -175,7 +177,7 @@ class Reading {
       if (entry->memory != kZipMore) break;
       const uint32_t filled = std::min(step, announced - entry->bytes.size);
       if (filled == 0) {
-        Check(false, "more bytes than announced", index);
+        Check(false, kTooMuch, index);
         break;
       }
       Add(&entry->bytes, destination, filled);

@@ -104,6 +104,17 @@ TEST(Reader, FindsByName) {
   EXPECT_EQ(FindZipItemA(zip, nullptr, true, nullptr, nullptr), kZipBadArguments);
 }
 
+TEST(Reader, FindsHighAnsiNamesIgnoringCase) {
+  char upper[] = "GR\xD6SSE \xC4.TXT", lower[] = "GR\xD6SSE \xC4.TXT";
+  CharLowerA(lower);
+  ASSERT_STRNE(upper, lower);
+  MemoryZip made;
+  AddText(made, upper, "x");
+  OpenZip zip(made.Bytes());
+  EXPECT_EQ(FindZipItemA(zip, lower, true, nullptr, nullptr), kZipOk);
+  EXPECT_EQ(FindZipItemA(zip, lower, false, nullptr, nullptr), kZipNotFound);
+}
+
 TEST(Reader, FirstOfEqualNamesIsFound) {
   MemoryZip made;
   for (const char* name : {"x", "Same", "same", "SAME", "same"}) AddText(made, name, name);
@@ -193,7 +204,7 @@ TEST(Reader, FoldersOfDestinations) {
     const char* file;  // below the current one, where its folder exists
   } cases[] = {
       {"sub\\out", "sub", "sub\\out"}, {"sub/deep\\er/out", "sub\\deep\\er", nullptr},
-      {"a/../out", nullptr, "out"},  {"a..\\out", nullptr, nullptr},
+      {"a/../out", nullptr, "out"},    {"a..\\out", nullptr, nullptr},
       {"plain", nullptr, "plain"},     {"sub/", nullptr, nullptr},
       {"", nullptr, nullptr},
   };

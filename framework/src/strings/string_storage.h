@@ -6,6 +6,8 @@
 
 #include <string.h>
 
+#include <atomic>
+
 namespace strings {
 
 // A counted block with room for nLength characters, its length set and its null written, owned by
@@ -30,13 +32,9 @@ inline void SetLength(CStringData* data, int length) {
   data->data()[length] = '\0';
 }
 
-inline bool IsShared(const CStringData* data) {
-  return __atomic_load_n(&data->nRefs, __ATOMIC_ACQUIRE) > 1;
-}
+inline bool IsShared(CStringData* data) { return std::atomic_ref(data->nRefs).load() > 1; }
 
-inline bool IsLocked(const CStringData* data) {
-  return __atomic_load_n(&data->nRefs, __ATOMIC_RELAXED) < 0;
-}
+inline bool IsLocked(CStringData* data) { return std::atomic_ref(data->nRefs).load() < 0; }
 
 // Puts together the text of a string that is not seen until Finish: the sources of the new text may
 // lie in the old one.
@@ -49,7 +47,6 @@ class Builder {
   Builder(const Builder&) = delete;
   Builder& operator=(const Builder&) = delete;
 
-  LPSTR Characters() { return m_data->data(); }
   Builder& Append(LPCSTR text, int length) {
     if (length > 0) memcpy(m_data->data() + m_used, text, length);
     m_used += length;
