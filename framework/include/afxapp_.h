@@ -70,9 +70,9 @@ AFX_CORE_DATA int AFXAPI AfxMessageBox(LPCTSTR lpszText, UINT nType = MB_OK, UIN
 AFX_CORE_DATA int AFXAPI AfxMessageBox(UINT nIDPrompt, UINT nType = MB_OK,
                                        UINT nIDHelp = static_cast<UINT>(-1));
 
-// A class of windows with these properties: the name, for Create. The same properties give the same
-// name; the class lasts as long as the program. hbrBackground: null for none. Throws
-// CResourceException.
+// A class of windows with these properties: the name, for Create, which stands until the thread's
+// next call. The same properties give the same name; the class lasts as long as the program.
+// hbrBackground: null for none. Throws CResourceException.
 AFX_CORE_DATA LPCTSTR AFXAPI AfxRegisterWndClass(UINT nClassStyle, HCURSOR hCursor = nullptr,
                                                  HBRUSH hbrBackground = nullptr,
                                                  HICON hIcon = nullptr);

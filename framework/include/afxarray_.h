@@ -61,6 +61,7 @@ class CArray : public CObject {
   static void Relocate(TYPE* pDest, TYPE* pSrc, int nCount);
   int GrownSize(int nNewSize) const;
   void MoveTo(Block& block);
+  void MakeLast(TYPE* pData, int nNewSize, ARG_TYPE newElement);
   TYPE* MakeGap(int nIndex, int nCount);
 
   TYPE* m_pData = nullptr;
@@ -142,17 +143,27 @@ void CArray<TYPE, ARG_TYPE>::SetAtGrow(int nIndex, ARG_TYPE newElement) {
     return;
   }
   if (nIndex == INT_MAX) AfxThrowMemoryException();
-  const int nNew = nIndex + 1 - m_nSize;
-  if (nIndex < m_nMaxSize) {
-    ConstructElements<TYPE>(m_pData + m_nSize, nNew);
-    m_pData[nIndex] = newElement;
+  const int nNewSize = nIndex + 1;
+  if (nNewSize <= m_nMaxSize) {
+    MakeLast(m_pData, nNewSize, newElement);
   } else {
-    Block block(GrownSize(nIndex + 1));
-    ConstructElements<TYPE>(block.pData + m_nSize, nNew);
-    block.pData[nIndex] = newElement;
+    Block block(GrownSize(nNewSize));
+    MakeLast(block.pData, nNewSize, newElement);
     MoveTo(block);
   }
-  m_nSize = nIndex + 1;
+  m_nSize = nNewSize;
+}
+
+// Makes the elements behind the present ones in a block, the last of which is given.
+template <class TYPE, class ARG_TYPE>
+void CArray<TYPE, ARG_TYPE>::MakeLast(TYPE* pData, int nNewSize, ARG_TYPE newElement) {
+  ConstructElements<TYPE>(pData + m_nSize, nNewSize - m_nSize);
+  try {
+    pData[nNewSize - 1] = newElement;
+  } catch (...) {
+    DestructElements<TYPE>(pData + m_nSize, nNewSize - m_nSize);
+    throw;
+  }
 }
 
 template <class TYPE, class ARG_TYPE>

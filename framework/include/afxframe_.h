@@ -3,8 +3,6 @@
 
 #include "afxwnd_.h"
 
-#define FWS_ADDTOTITLE 0x00008000L  // SetTitle's text and the document's name make the title
-
 struct CCreateContext;
 
 // Made with new: it deletes itself when its window is gone.
@@ -29,12 +27,10 @@ class AFX_CORE_DATA CFrameWnd : public CWnd {
 
   CString GetTitle() const { return m_strTitle; }
   void SetTitle(LPCTSTR lpszTitle) { m_strTitle = lpszTitle; }
-  virtual void OnUpdateFrameTitle(BOOL bAddToTitle);
 
   // Lays out the bars at the edges and the pane AFX_IDW_PANE_FIRST in what they leave.
   virtual void RecalcLayout(BOOL bNotify = TRUE);
   virtual void ActivateFrame(int nCmdShow = -1);
-  virtual CFrameWnd* GetActiveFrame();
 
   // The text of the bar AFX_IDW_STATUS_BAR. Commands have their texts in the string table.
   void SetMessageText(LPCTSTR lpszText);
@@ -52,20 +48,16 @@ class AFX_CORE_DATA CFrameWnd : public CWnd {
   virtual BOOL OnCreateClient(LPCREATESTRUCT lpcs, CCreateContext* pContext);
   BOOL PreCreateWindow(CREATESTRUCT& cs) override;
   void PostNcDestroy() override;
-  BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
 
   afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
   afx_msg void OnClose();
-  afx_msg void OnDestroy();
   afx_msg void OnSize(UINT nType, int cx, int cy);
   afx_msg void OnActivate(UINT nState, CWnd* pWndOther, BOOL bMinimized);
   afx_msg void OnSetFocus(CWnd* pOldWnd);
   afx_msg BOOL OnEraseBkgnd(CDC* pDC);
   afx_msg void OnInitMenuPopup(CMenu* pMenu, UINT nIndex, BOOL bSysMenu);
   afx_msg void OnMenuSelect(UINT nItemID, UINT nFlags, HMENU hSysMenu);
-  afx_msg void OnEnterIdle(UINT nWhy, CWnd* pWho);
   afx_msg LRESULT OnSetMessageString(WPARAM wParam, LPARAM lParam);
-  afx_msg LRESULT OnIdleUpdateCmdUI(WPARAM wParam, LPARAM lParam);
   DECLARE_MESSAGE_MAP()
 
   HACCEL m_hAccelTable;

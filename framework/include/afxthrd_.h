@@ -49,8 +49,7 @@ class AFX_CORE_DATA CWinThread : public CCmdTarget {
 
   virtual CWnd* GetMainWnd();
 
-  CWnd* m_pMainWnd;  // when it is destroyed the thread's message loop ends
-  CWnd* m_pActiveWnd;
+  CWnd* m_pMainWnd;    // when it is destroyed the thread's message loop ends
   BOOL m_bAutoDelete;  // the object deletes itself at the thread's end; TRUE unless set
   HANDLE m_hThread;    // closed by the destructor
   DWORD m_nThreadID;

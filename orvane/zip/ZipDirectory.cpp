@@ -126,9 +126,9 @@ ZipResult ZipDirectory::Index(ZipInput& input, uint64_t end) {
     return input.ReadData(m_start + old, m_bytes.data() + old, m_bytes.size() - old);
   };
 
-  m_records.reserve(m_count);
+  m_records.reserve(static_cast<size_t>(std::min<uint64_t>(m_count, most / kZipCentralSize)));
   uint64_t at = 0;
-  while (static_cast<int>(m_records.size()) < m_count) {
+  while (ReadableCount() < m_count) {
     ZipResult result = copy(at + kZipCentralSize);
     if (result == kZipReadError) return result;
     if (result != kZipOk || GetLe32(&m_bytes[at]) != kZipCentralSignature) break;

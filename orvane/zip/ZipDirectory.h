@@ -31,12 +31,13 @@ class ZipDirectory {
   // kZipCorrupt when the archive has no end record with a directory, kZipReadError.
   ZipResult Open(ZipInput& input);
 
-  // As the end record announces it; where the directory holds fewer sound records, the entries from
-  // the first broken one on are not Readable.
+  // As the end record announces it.
   int Count() const { return m_count; }
-  bool IsReadable(int index) const { return static_cast<size_t>(index) < m_records.size(); }
 
-  // Only of readable entries.
+  // The entries before this one have sound records; it is less than Count when a record is broken.
+  int ReadableCount() const { return static_cast<int>(m_records.size()); }
+
+  // Of an entry from 0 below ReadableCount.
   ZipCentralRecord Record(int index) const;
   std::string_view Name(int index) const;
 

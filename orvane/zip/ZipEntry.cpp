@@ -71,7 +71,7 @@ ZipResult ReadLocalHeader(ZipInput& input, const ZipDirectory& directory,
 
 ZipResult ReadZipEntry(ZipInput& input, const ZipDirectory& directory, const ZipTimeZone& timeZone,
                        int index, ZIPENTRY& entry) {
-  if (!directory.IsReadable(index)) return kZipCorrupt;
+  if (index >= directory.ReadableCount()) return kZipCorrupt;
   const ZipCentralRecord record = directory.Record(index);
   ZipLocalHeader header;
   if (const ZipResult result = ReadLocalHeader(input, directory, record, header); result != kZipOk)

@@ -20,8 +20,8 @@ uint64_t KnownDataSize(const ZipCentralRecord& record) {
 
 ZipExtents::ZipExtents(ZipInput& input, const ZipDirectory& directory)
     : m_input(input), m_directory(directory) {
-  m_extents.reserve(directory.Count());
-  for (int i = 0; i < directory.Count() && directory.IsReadable(i); ++i) {
+  m_extents.reserve(directory.ReadableCount());
+  for (int i = 0; i < directory.ReadableCount(); ++i) {
     const ZipCentralRecord record = directory.Record(i);
     const uint64_t start = directory.Base() + record.offset;
     m_extents.push_back({i, start, start + kZipLocalSize + KnownDataSize(record), 0, 0, 0});

@@ -91,6 +91,7 @@ size_t ZipExtraction::Inflate(uint8_t* to, size_t capacity) {
   // Told that all is there, zlib keeps no copy of the last 32 KB.
   const bool isAllThere = available == m_compressedLeft && room > m_left;
   const int status = inflate(&m_stream, isAllThere ? Z_FINISH : Z_NO_FLUSH);
+  if (status == Z_MEM_ERROR) throw std::bad_alloc();
   const size_t consumed = available - m_stream.avail_in;
   size_t produced = room - m_stream.avail_out;
   m_position += consumed;

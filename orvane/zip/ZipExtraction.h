@@ -31,7 +31,7 @@ class ZipExtraction {
   };
 
   // The next bytes, at most capacity of them; none at the end, where the state tells how it went.
-  // What was read before a fault shows is given out first.
+  // What was read before a fault shows is given out first. Throws bad_alloc.
   State Read(uint8_t* to, size_t capacity, size_t& got);
 
  private:

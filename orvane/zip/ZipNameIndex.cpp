@@ -19,9 +19,9 @@ uint64_t NewSeed(const void* place) {
 
 ZipNameIndex::ZipNameIndex(const ZipDirectory& directory, bool ignoreCase)
     : m_directory(directory), m_ignoreCase(ignoreCase), m_seed(NewSeed(this)) {
-  m_slots.assign(std::bit_ceil(static_cast<size_t>(directory.Count()) * 2 + 1), {0, -1});
+  m_slots.assign(std::bit_ceil(static_cast<size_t>(directory.ReadableCount()) * 2 + 1), {0, -1});
   std::vector<char> folded;
-  for (int i = 0; i < directory.Count() && directory.IsReadable(i); ++i) {
+  for (int i = 0; i < directory.ReadableCount(); ++i) {
     const std::string_view name = Fold(directory.Name(i), folded);
     const uint32_t hash = Hash(name);
     auto& slot = const_cast<Slot&>(SlotOf(name, hash));

@@ -100,7 +100,7 @@ ZipResult ZipReader::Unzip(int index, void* destination, unsigned int length, un
 }
 
 ZipResult ZipReader::StartExtraction(int index) {
-  if (!m_directory.IsReadable(index)) return kZipCorrupt;
+  if (index >= m_directory.ReadableCount()) return kZipCorrupt;
   const ZipCentralRecord record = m_directory.Record(index);
   ZipLocalHeader header;
   if (const ZipResult result = ReadLocalHeader(m_input, m_directory, record, header);
@@ -118,12 +118,15 @@ ZipResult ZipReader::UnzipToMemory(int index, void* destination, unsigned int le
     m_inProgress = -1;
     if (index < 0 || index >= m_directory.Count()) return kZipBadArguments;
     if (const ZipResult result = StartExtraction(index); result != kZipOk) return result;
-    m_inProgress = index;
   }
+  // In progress again only when it went well.
+  m_inProgress = -1;
   size_t got;
   const auto state = m_extraction.Read(static_cast<uint8_t*>(destination), length, got);
-  if (got > 0) return kZipMore;
-  m_inProgress = -1;
+  if (got > 0) {
+    m_inProgress = index;
+    return kZipMore;
+  }
   switch (state) {
     case ZipExtraction::State::kBroken:
       return kZipFlateError;

@@ -53,16 +53,17 @@ ZipResult ZipSource::Open(void* source, unsigned int length, unsigned long kind)
 
 ZipResult ZipSource::OpenHandle(HANDLE handle, unsigned int length) {
   m_file = handle;
-  if (GetFileType(handle) == FILE_TYPE_DISK) return OpenDiskFile();
+  // The facts are taken first: asking for the type can count as an access.
+  BY_HANDLE_FILE_INFORMATION facts;
+  const bool hasFacts = GetFileInformationByHandle(handle, &facts);
+  if (GetFileType(handle) == FILE_TYPE_DISK) return hasFacts ? OpenDiskFile(facts) : kZipNoFile;
   if (length > 0) m_size = length;
   m_attributes = kPlainFile;
   UseCurrentTime();
   return kZipOk;
 }
 
-ZipResult ZipSource::OpenDiskFile() {
-  BY_HANDLE_FILE_INFORMATION facts;
-  if (!GetFileInformationByHandle(m_file, &facts)) return kZipNoFile;
+ZipResult ZipSource::OpenDiskFile(const BY_HANDLE_FILE_INFORMATION& facts) {
   m_size = static_cast<uint64_t>(facts.nFileSizeHigh) << 32 | facts.nFileSizeLow;
   m_modified = facts.ftLastWriteTime;
   // File systems that keep fewer times give zeros.

@@ -28,7 +28,7 @@ class ZipSource {
 
  private:
   ZipResult OpenHandle(HANDLE handle, unsigned int length);
-  ZipResult OpenDiskFile();
+  ZipResult OpenDiskFile(const BY_HANDLE_FILE_INFORMATION& facts);
   ZipResult ReadPiece(size_t& size);
   ZipResult MarkProgram();
   void UseCurrentTime();

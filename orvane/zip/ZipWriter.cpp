@@ -198,9 +198,9 @@ ZipResult ZipWriter::WriteEntry(NewEntry& entry, ZipSource& source) {
         .U32(entry.compressedSize)
         .U32(entry.size);
     result = m_target.Write(descriptor, sizeof descriptor);
-    // Whoever reads a pipe gets every entry when it is added.
-    if (result == kZipOk) result = m_target.Flush();
   }
+  // Whoever reads a pipe gets every entry when it is added, and a full disk shows here.
+  if (result == kZipOk) result = m_target.Flush();
   if (result == kZipOk) AppendToDirectory(entry);
   return result;
 }

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "support/Allocations.h"
+
 namespace {
 
 // Counts how many of it live, and knows when it is used outside of its life.
@@ -331,6 +333,49 @@ TEST(List, ElementsAreMadeAndEndedOnceEach) {
     EXPECT_EQ(Counted::alive, before + 5);
   }
   EXPECT_EQ(Counted::alive, before);
+}
+
+// Runs a call with its first allocation failing, then the second, until none is left to fail.
+template <class Collection, class Call>
+void expectUnchangedByFailures(Collection& collection, int size, Call call) {
+  for (unsigned n = 1;; ++n) {
+    bool threw = false, happened;
+    {
+      allocations::FailNth failure(n);
+      try {
+        call(collection);
+      } catch (CMemoryException* e) {
+        e->Delete();
+        threw = true;
+      }
+      happened = failure.Happened();
+    }
+    ASSERT_EQ(threw, happened);
+    if (!happened) return;
+    if constexpr (requires { collection.GetSize(); })
+      ASSERT_EQ(collection.GetSize(), size);
+    else
+      ASSERT_EQ(collection.GetCount(), size);
+  }
+}
+
+TEST(Collections, ACallThatFailsChangesNothing) {
+  StringArray array;
+  NumberMap map;
+  CStringList list;
+  for (int i = 0; i < 200; ++i) {
+    CString text;
+    text.Format("a text with room of its own %d", i);
+    expectUnchangedByFailures(array, i, [&](StringArray& a) { a.Add(text + "!"); });
+    const LPCTSTR characters = text;
+    expectUnchangedByFailures(map, i, [&](NumberMap& m) { m[characters] = i; });
+    expectUnchangedByFailures(list, i, [&](CStringList& l) { l.AddTail(characters); });
+  }
+  EXPECT_STREQ(array[199], "a text with room of its own 199!");
+  EXPECT_STREQ(list.GetTail(), "a text with room of its own 199");
+  int value = 0;
+  EXPECT_TRUE(map.Lookup("a text with room of its own 199", value));
+  EXPECT_EQ(value, 199);
 }
 
 }  // namespace

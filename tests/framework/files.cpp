@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "framework/temporary_folder.h"
+#include "support/TempFolder.h"
 
 namespace {
 
@@ -24,23 +24,16 @@ int causeOf(Call call) {
   return -1;
 }
 
-std::string contents(LPCSTR name) {
-  CFile file(name, CFile::modeRead | CFile::shareDenyNone);
-  std::string text(file.GetLength(), '\0');
-  EXPECT_EQ(file.Read(text.data(), static_cast<UINT>(text.size())), text.size());
-  return text;
-}
-
-void write(LPCSTR name, const std::string& text) {
-  CFile file(name, CFile::modeCreate | CFile::modeWrite);
-  file.Write(text.data(), static_cast<UINT>(text.size()));
-  file.Close();
-}
+constexpr char kFile[] = "a file.txt";
 
 class Files : public testing::Test {
  protected:
-  TemporaryFolder m_folder;
-  const CString m_name = m_folder.File("a file.txt");
+  CString PathOf(const char* name) const { return CString((m_folder / name).c_str()); }
+  std::string Contents() const { return m_folder.Read(kFile); }
+  void Write(const std::string& text) const { m_folder.Write(kFile, text); }
+
+  TempFolder m_folder;
+  const CString m_name = PathOf(kFile);
 };
 
 TEST_F(Files, PositionsFollowReadingAndWriting) {
@@ -62,32 +55,32 @@ TEST_F(Files, PositionsFollowReadingAndWriting) {
   EXPECT_EQ(causeOf([&] { file.Seek(-1, CFile::begin); }), CFileException::badSeek);
   file.Flush();
   file.Close();
-  EXPECT_EQ(contents(m_name), "ab234");
+  EXPECT_EQ(Contents(), "ab234");
 }
 
 TEST_F(Files, ModesDecideWhatBecomesOfAnOldFile) {
-  write(m_name, "old text");
+  Write("old text");
   { CFile file(m_name, CFile::modeCreate | CFile::modeNoTruncate | CFile::modeWrite); }
-  EXPECT_EQ(contents(m_name), "old text");
+  EXPECT_EQ(Contents(), "old text");
   { CFile file(m_name, CFile::modeWrite); }
-  EXPECT_EQ(contents(m_name), "old text");
+  EXPECT_EQ(Contents(), "old text");
   { CFile file(m_name, CFile::modeCreate | CFile::modeWrite); }
-  EXPECT_EQ(contents(m_name), "");
+  EXPECT_EQ(Contents(), "");
 }
 
 TEST_F(Files, OpenSaysWhyItFails) {
-  write(m_name, "text");
+  Write("text");
   CFile holder(m_name, CFile::modeRead | CFile::shareDenyWrite);
   CFile reader(m_name, CFile::modeRead | CFile::shareDenyNone);
-  const CString longName = m_folder.File(CString('x', MAX_PATH));
+  const CString longName = PathOf(CString('x', MAX_PATH));
   struct Case {
     CString name;
     UINT flags;
     int cause;
     LONG osError;
   } const cases[] = {
-      {m_folder.File("none"), CFile::modeRead, CFileException::fileNotFound, ERROR_FILE_NOT_FOUND},
-      {m_folder.File("none\\none"), CFile::modeCreate | CFile::modeWrite, CFileException::badPath,
+      {PathOf("none"), CFile::modeRead, CFileException::fileNotFound, ERROR_FILE_NOT_FOUND},
+      {PathOf("none\\none"), CFile::modeCreate | CFile::modeWrite, CFileException::badPath,
        ERROR_PATH_NOT_FOUND},
       {m_name, CFile::modeWrite | CFile::shareDenyNone, CFileException::sharingViolation,
        ERROR_SHARING_VIOLATION},
@@ -110,7 +103,7 @@ TEST_F(Files, OpenSaysWhyItFails) {
 }
 
 TEST_F(Files, WritingWithoutTheRightThrows) {
-  write(m_name, "text");
+  Write("text");
   CFile file(m_name, CFile::modeRead);
   EXPECT_EQ(causeOf([&] { file.Write("x", 1); }), CFileException::accessDenied);
   file.Close();
@@ -119,7 +112,7 @@ TEST_F(Files, WritingWithoutTheRightThrows) {
 }
 
 TEST_F(Files, RangesAreLockedForOthers) {
-  write(m_name, "0123456789");
+  Write("0123456789");
   CFile one(m_name, CFile::modeReadWrite | CFile::shareDenyNone);
   CFile other(m_name, CFile::modeReadWrite | CFile::shareDenyNone);
   one.LockRange(0, 5);
@@ -148,7 +141,7 @@ TEST_F(Files, NamesComeFromTheAbsolutePath) {
 }
 
 TEST_F(Files, ADuplicateHasAHandleOfItsOwn) {
-  write(m_name, "0123456789");
+  Write("0123456789");
   CFile file(m_name, CFile::modeRead);
   std::unique_ptr<CFile> copy(file.Duplicate());
   file.Seek(3, CFile::begin);
@@ -159,7 +152,7 @@ TEST_F(Files, ADuplicateHasAHandleOfItsOwn) {
 }
 
 TEST_F(Files, AHandleOfSomebodyElseStaysOpen) {
-  write(m_name, "text");
+  Write("text");
   CFile owner(m_name, CFile::modeRead);
   { CFile guest(static_cast<int>(owner.m_hFile)); }
   char text[5] = "";
@@ -167,7 +160,7 @@ TEST_F(Files, AHandleOfSomebodyElseStaysOpen) {
 }
 
 TEST_F(Files, StatusCanBeReadAndSet) {
-  write(m_name, "12345");
+  Write("12345");
   CFileStatus status;
   ASSERT_TRUE(CFile::GetStatus(m_name, status));
   EXPECT_EQ(status.m_size, 5);
@@ -193,16 +186,16 @@ TEST_F(Files, StatusCanBeReadAndSet) {
   EXPECT_EQ(changed.m_mtime.GetTime(), 1'100'000'000);
   EXPECT_FALSE(changed.m_attribute & CFile::readOnly);
 
-  EXPECT_FALSE(CFile::GetStatus(m_folder.File("none"), status));
-  EXPECT_EQ(causeOf([&] { CFile::SetStatus(m_folder.File("none"), status); }),
+  EXPECT_FALSE(CFile::GetStatus(PathOf("none"), status));
+  EXPECT_EQ(causeOf([&] { CFile::SetStatus(PathOf("none"), status); }),
             CFileException::fileNotFound);
 }
 
 TEST_F(Files, RenamingAndRemovingSayWhenTheyFail) {
-  write(m_name, "text");
-  const CString other = m_folder.File("other");
+  Write("text");
+  const CString other = PathOf("other");
   CFile::Rename(m_name, other);
-  EXPECT_EQ(contents(other), "text");
+  EXPECT_EQ(m_folder.Read("other"), "text");
   EXPECT_EQ(causeOf([&] { CFile::Rename(m_name, other); }), CFileException::fileNotFound);
   CFile::Remove(other);
   EXPECT_EQ(causeOf([&] { CFile::Remove(other); }), CFileException::fileNotFound);
@@ -229,8 +222,7 @@ TEST_F(Files, LinesAreTextUnlessSaidOtherwise) {
     file.Write("a\0b", 3);
     file.Close();
   }
-  EXPECT_EQ(contents(m_name),
-            "one\r\n\r\n" + std::string(1000, 'x') + "\r\n" + std::string("a\0b", 3));
+  EXPECT_EQ(Contents(), "one\r\n\r\n" + std::string(1000, 'x') + "\r\n" + std::string("a\0b", 3));
   {
     CStdioFile file(m_name, CFile::modeRead);
     CString line;
@@ -270,8 +262,8 @@ TEST_F(Files, StreamsKeepPositionsAndLengths) {
   EXPECT_EQ(file.GetPosition(), 6u);
   file.WriteString("x");
   file.Close();
-  EXPECT_EQ(contents(m_name), "012345x");
-  EXPECT_EQ(causeOf([&] { CStdioFile(m_folder.File("none"), CFile::modeRead); }),
+  EXPECT_EQ(Contents(), "012345x");
+  EXPECT_EQ(causeOf([&] { CStdioFile(PathOf("none"), CFile::modeRead); }),
             CFileException::fileNotFound);
   CStdioFile old(m_name, CFile::modeCreate | CFile::modeNoTruncate | CFile::modeWrite);
   old.SeekToEnd();
@@ -279,7 +271,7 @@ TEST_F(Files, StreamsKeepPositionsAndLengths) {
   EXPECT_THROW(old.LockRange(0, 1), CNotSupportedException*);
   EXPECT_THROW(old.Duplicate(), CNotSupportedException*);
   old.Close();
-  EXPECT_EQ(contents(m_name), "012345xy");
+  EXPECT_EQ(Contents(), "012345xy");
 }
 
 }  // namespace

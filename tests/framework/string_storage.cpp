@@ -11,6 +11,8 @@
 #include <thread>
 #include <vector>
 
+#include "support/Allocations.h"
+
 namespace {
 
 LPCTSTR characters(const CString& s) { return s; }
@@ -158,6 +160,46 @@ TEST(StringMemory, WhatDoesNotFitThrowsAndChangesNothing) {
   EXPECT_THROW(CString("text", INT_MAX), CMemoryException*);
   EXPECT_THROW(CString('x', INT_MAX), CMemoryException*);
   EXPECT_STREQ(s, "kept");
+}
+
+TEST(StringMemory, ACallThatFailsChangesNothing) {
+  void (*const calls[])(CString&) = {
+      [](CString& s) { s = "another text, which needs room of its own"; },
+      [](CString& s) { s = L"another text"; },
+      [](CString& s) { s += "more"; },
+      [](CString& s) { s = s + "more"; },
+      [](CString& s) { s.SetAt(0, 'x'); },
+      [](CString& s) { s.MakeUpper(); },
+      [](CString& s) { s.TrimLeft('-'); },
+      [](CString& s) { s.Replace("-", "+-+"); },
+      [](CString& s) { s.Remove('-'); },
+      [](CString& s) { s.Insert(2, "["); },
+      [](CString& s) { s.Delete(0, 2); },
+      [](CString& s) { s.Format("%s%1000d", static_cast<LPCTSTR>(s), 1); },
+      [](CString& s) { s.FormatMessage("<%1>", static_cast<LPCTSTR>(s)); },
+      [](CString& s) { s.GetBuffer(1000); },
+      [](CString& s) { s.LockBuffer(); },
+  };
+  for (const auto call : calls) {
+    const CString original("--Text-");
+    for (unsigned n = 1;; ++n) {
+      CString s = original;
+      bool threw = false, happened;
+      {
+        allocations::FailNth failure(n);
+        try {
+          call(s);
+        } catch (CMemoryException* e) {
+          e->Delete();
+          threw = true;
+        }
+        happened = failure.Happened();
+      }
+      EXPECT_EQ(threw, happened) << &call - calls;
+      if (!happened) break;
+      EXPECT_STREQ(s, original) << &call - calls;
+    }
+  }
 }
 
 TEST(StringSystemString, GoesThereAndBack) {

@@ -9,8 +9,7 @@ namespace {
 
 _AfxSetAside* setAside = nullptr;  // innermost load first
 
-// The process's state, whatever the loading thread has set: extension modules are found by all.
-AFX_MODULE_STATE& state() { return *AfxGetStaticModuleState(); }
+AFX_MODULE_STATE& state() { return *AfxGetModuleState(); }
 
 void restore(_AfxSetAside* lists) {
   state().m_classList = lists->classList;

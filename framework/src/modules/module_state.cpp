@@ -2,12 +2,11 @@
 
 #include "modules/module_lock.h"
 
-namespace {
+static constinit AFX_MODULE_STATE processState = {};
 
-constinit AFX_MODULE_STATE processState = {};
-thread_local constinit AFX_MODULE_STATE* threadState = nullptr;
+AFX_MODULE_STATE* AFXAPI AfxGetModuleState() { return &processState; }
 
-}  // namespace
+AFX_MODULE_STATE* AFXAPI AfxGetStaticModuleState() { return &processState; }
 
 // Made on first use, because static constructors come here in no known order, and never deleted,
 // because libraries leave at the very end.
@@ -17,18 +16,6 @@ CRITICAL_SECTION* ModuleLock::Section() {
   };
   static Section section;
   return &section;
-}
-
-AFX_MODULE_STATE* AFXAPI AfxGetModuleState() {
-  return threadState != nullptr ? threadState : &processState;
-}
-
-AFX_MODULE_STATE* AFXAPI AfxGetStaticModuleState() { return &processState; }
-
-AFX_MODULE_STATE* AFXAPI AfxSetModuleState(AFX_MODULE_STATE* pNewState) noexcept {
-  AFX_MODULE_STATE* before = AfxGetModuleState();
-  threadState = pNewState == &processState ? nullptr : pNewState;
-  return before;
 }
 
 HINSTANCE AFXAPI AfxGetInstanceHandle() {

@@ -14,7 +14,7 @@ namespace {
 std::vector<HINSTANCE> extensionModules() {
   std::vector<HINSTANCE> modules;
   ModuleLock lock;
-  for (CDynLinkLibrary* library = AfxGetStaticModuleState()->m_libraryList; library != nullptr;
+  for (CDynLinkLibrary* library = AfxGetModuleState()->m_libraryList; library != nullptr;
        library = library->m_pNextDLL)
     if (library->m_hResource != nullptr) modules.push_back(library->m_hResource);
   return modules;

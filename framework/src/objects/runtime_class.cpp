@@ -32,7 +32,7 @@ CObject* AFXAPI AfxDynamicDownCast(CRuntimeClass* pClass, CObject* pObject) {
 
 AFX_CLASSINIT::AFX_CLASSINIT(CRuntimeClass* pNewClass) {
   ModuleLock lock;
-  AFX_MODULE_STATE* state = AfxGetStaticModuleState();
+  AFX_MODULE_STATE* state = AfxGetModuleState();
   pNewClass->m_pNextClass = state->m_classList;
   state->m_classList = pNewClass;
 }
@@ -62,7 +62,7 @@ static CRuntimeClass* findIn(CRuntimeClass* list, LPCSTR name) {
 CRuntimeClass* PASCAL CRuntimeClass::FromName(LPCSTR lpszClassName) {
   if (lpszClassName == nullptr) return nullptr;
   ModuleLock lock;
-  const AFX_MODULE_STATE* state = AfxGetStaticModuleState();
+  const AFX_MODULE_STATE* state = AfxGetModuleState();
   CRuntimeClass* found = findIn(state->m_classList, lpszClassName);
   for (_AfxSetAside* lists = SetAsideLists(); lists != nullptr && found == nullptr;
        lists = lists->next)

@@ -47,6 +47,7 @@ bool PreTranslateByDefault(MSG& message) {
   if (CWnd::WalkPreTranslateTree(stop, &message)) return true;
   // The main window's keys work in other windows at the top, too.
   if (mainWindow == nullptr || message.hwnd == nullptr) return false;
-  CWnd* const window = CWnd::FromHandle(message.hwnd);
-  return window->GetTopLevelParent() != mainWindow && mainWindow->PreTranslateMessage(&message);
+  HWND top = message.hwnd;
+  while (const HWND further = GetParent(top)) top = further;
+  return top != stop && mainWindow->PreTranslateMessage(&message);
 }

@@ -17,7 +17,6 @@ CWinThread::CWinThread() : CWinThread(nullptr, nullptr) {}
 
 CWinThread::CWinThread(AFX_THREADPROC pfnThreadProc, LPVOID pParam)
     : m_pMainWnd(nullptr),
-      m_pActiveWnd(nullptr),
       m_bAutoDelete(TRUE),
       m_hThread(nullptr),
       m_nThreadID(0),

@@ -15,7 +15,7 @@ constexpr LONGLONG kSecondsFrom1601To1970 = 11'644'473'600;
 
 // The runtime's time functions give nothing for times they cannot express.
 struct tm* orEarliest(struct tm* fields, struct tm* destination) {
-  static thread_local struct tm earliest;
+  static struct tm earliest;  // whoever writes it writes the same
   if (fields == nullptr) {
     earliest = {};
     earliest.tm_year = 70;

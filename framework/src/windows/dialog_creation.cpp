@@ -66,6 +66,24 @@ class DisabledOwner {
   HWND m_owner;
 };
 
+// Whether a template says where the dialog is to stand: a position that is not the corner's was
+// meant.
+bool hasPlace(LPCDLGTEMPLATE contents) {
+  // An extended template begins with the version 1 and the word 0xFFFF.
+  struct [[gnu::packed]] Extended {
+    WORD version, signature;
+    DWORD helpId, exStyle, style;
+    WORD items;
+    short x, y, cx, cy;
+  };
+  const auto extended = reinterpret_cast<const Extended*>(contents);
+  const bool isExtended = extended->version == 1 && extended->signature == 0xFFFF;
+  const DWORD style = isExtended ? extended->style : contents->style;
+  const short x = isExtended ? extended->x : contents->x;
+  const short y = isExtended ? extended->y : contents->y;
+  return (style & (DS_CENTER | DS_CENTERMOUSE | DS_ABSALIGN)) != 0 || x != 0 || y != 0;
+}
+
 }  // namespace
 
 BOOL CDialog::Create(UINT nIDTemplate, CWnd* pParentWnd) {
@@ -109,6 +127,7 @@ BOOL CDialog::InitModalIndirect(HGLOBAL hDialogTemplate, CWnd* pParentWnd) {
 BOOL CDialog::CreateDlgIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd,
                                 HINSTANCE hInst) {
   if (lpDialogTemplate == nullptr) return FALSE;
+  m_nFlags = hasPlace(lpDialogTemplate) ? m_nFlags | WF_PLACED : m_nFlags & ~WF_PLACED;
   RegisterCommonControls();
   const HWND owner = pParentWnd != nullptr        ? pParentWnd->m_hWnd
                      : AfxGetMainWnd() != nullptr ? AfxGetMainWnd()->m_hWnd
@@ -176,25 +195,4 @@ int CDialog::DoModal() {
   return result;
 }
 
-// A position in the template that is not the corner's was meant.
-BOOL CDialog::CheckAutoCenter() {
-  LPCDLGTEMPLATE contents = m_lpDialogTemplate;
-  const LockedTemplate locked(m_hDialogTemplate);
-  if (locked.Contents() != nullptr) contents = locked.Contents();
-  if (m_lpszTemplateName != nullptr) contents = Template(m_lpszTemplateName).contents;
-  if (contents == nullptr) return TRUE;
-
-  // An extended template begins with the version 1 and the word 0xFFFF.
-  struct [[gnu::packed]] Extended {
-    WORD version, signature;
-    DWORD helpId, exStyle, style;
-    WORD items;
-    short x, y, cx, cy;
-  };
-  const auto extended = reinterpret_cast<const Extended*>(contents);
-  const bool isExtended = extended->version == 1 && extended->signature == 0xFFFF;
-  const DWORD style = isExtended ? extended->style : contents->style;
-  const short x = isExtended ? extended->x : contents->x;
-  const short y = isExtended ? extended->y : contents->y;
-  return (style & (DS_CENTER | DS_CENTERMOUSE | DS_ABSALIGN)) == 0 && x == 0 && y == 0;
-}
+BOOL CDialog::CheckAutoCenter() { return (m_nFlags & WF_PLACED) == 0; }

@@ -12,16 +12,13 @@ const CRect CFrameWnd::rectDefault(CW_USEDEFAULT, CW_USEDEFAULT, 0, 0);
 BEGIN_MESSAGE_MAP(CFrameWnd, CWnd)
 ON_WM_CREATE()
 ON_WM_CLOSE()
-ON_WM_DESTROY()
 ON_WM_SIZE()
 ON_WM_ACTIVATE()
 ON_WM_SETFOCUS()
 ON_WM_ERASEBKGND()
 ON_WM_INITMENUPOPUP()
 ON_WM_MENUSELECT()
-ON_WM_ENTERIDLE()
 ON_MESSAGE(WM_SETMESSAGESTRING, &CFrameWnd::OnSetMessageString)
-ON_MESSAGE(WM_IDLEUPDATECMDUI, &CFrameWnd::OnIdleUpdateCmdUI)
 END_MESSAGE_MAP()
 
 CFrameWnd::CFrameWnd()
@@ -101,8 +98,6 @@ BOOL CFrameWnd::OnCreateClient(LPCREATESTRUCT, CCreateContext*) { return TRUE; }
 
 void CFrameWnd::OnClose() { DestroyWindow(); }
 
-void CFrameWnd::OnDestroy() { CWnd::OnDestroy(); }
-
 void CFrameWnd::PostNcDestroy() { delete this; }
 
 void CFrameWnd::OnSize(UINT nType, int cx, int cy) {
@@ -117,16 +112,12 @@ BOOL CFrameWnd::OnEraseBkgnd(CDC* pDC) {
   return ::GetDlgItem(m_hWnd, AFX_IDW_PANE_FIRST) != nullptr || CWnd::OnEraseBkgnd(pDC);
 }
 
-void CFrameWnd::OnUpdateFrameTitle(BOOL) { SetWindowText(m_strTitle); }
-
 void CFrameWnd::ActivateFrame(int nCmdShow) {
   if (nCmdShow == -1)
     nCmdShow = IsIconic() ? SW_RESTORE : IsWindowVisible() ? SW_SHOW : SW_SHOWNORMAL;
   BringWindowToTop();
   ShowWindow(nCmdShow);
 }
-
-CFrameWnd* CFrameWnd::GetActiveFrame() { return this; }
 
 // The focus comes back to where it was when another window was activated.
 void CFrameWnd::OnActivate(UINT nState, CWnd* pWndOther, BOOL bMinimized) {

@@ -8,14 +8,13 @@ BOOL CFrameWnd::PreTranslateMessage(MSG* pMsg) {
   return m_hAccelTable != nullptr && ::TranslateAccelerator(m_hWnd, m_hAccelTable, pMsg);
 }
 
-// A command goes to the pane, to the frame and to the program.
+// A command goes to the frame and to the program; a frame with a pane that handles commands asks it
+// first in an OnCmdMsg of its own.
 BOOL CFrameWnd::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo) {
   if (CWnd::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo)) return TRUE;
   CWinThread* const thread = AfxGetThread();
   return thread != nullptr && thread->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
 }
-
-BOOL CFrameWnd::OnCommand(WPARAM wParam, LPARAM lParam) { return CWnd::OnCommand(wParam, lParam); }
 
 void CFrameWnd::OnInitMenuPopup(CMenu* pMenu, UINT nIndex, BOOL bSysMenu) {
   CWnd::OnInitMenuPopup(pMenu, nIndex, bSysMenu);
@@ -60,12 +59,7 @@ void CFrameWnd::OnMenuSelect(UINT nItemID, UINT nFlags, HMENU hSysMenu) {
   SetMessageText(m_nIDTracking);
 }
 
-void CFrameWnd::OnEnterIdle(UINT nWhy, CWnd* pWho) { CWnd::OnEnterIdle(nWhy, pWho); }
-
-CWnd* CFrameWnd::GetMessageBar() {
-  CWnd* const bar = GetDescendantWindow(AFX_IDW_STATUS_BAR, FALSE);
-  return bar;
-}
+CWnd* CFrameWnd::GetMessageBar() { return GetDescendantWindow(AFX_IDW_STATUS_BAR); }
 
 void CFrameWnd::SetMessageText(LPCTSTR lpszText) {
   SendMessage(WM_SETMESSAGESTRING, 0, reinterpret_cast<LPARAM>(lpszText));
@@ -92,5 +86,3 @@ LRESULT CFrameWnd::OnSetMessageString(WPARAM wParam, LPARAM lParam) {
   }
   return 0;
 }
-
-LRESULT CFrameWnd::OnIdleUpdateCmdUI(WPARAM, LPARAM) { return 0; }

@@ -19,6 +19,7 @@ struct ThreadState {
   MSG message;               // the one that is being handled
   CWnd* creating = nullptr;  // waits for its window
   HHOOK creationHook = nullptr;
+  char className[64] = "";    // of AfxRegisterWndClass
   HWND exchanging = nullptr;  // a dialog whose values go to its controls
 
   CWinThread* thread = nullptr;

@@ -2,25 +2,9 @@
 
 #include <stdio.h>
 
-#include <set>
-#include <string>
+#include "windows/thread_state.h"
 
 namespace {
-
-// Names that AfxRegisterWndClass has given out; they stay for as long as the program.
-LPCTSTR keepName(const char* name) {
-  struct Names {
-    Names() { InitializeCriticalSection(&lock); }
-    ~Names() { DeleteCriticalSection(&lock); }
-    CRITICAL_SECTION lock;
-    std::set<std::string> names;
-  };
-  static Names names;
-  EnterCriticalSection(&names.lock);
-  const LPCTSTR kept = names.names.insert(name).first->c_str();
-  LeaveCriticalSection(&names.lock);
-  return kept;
-}
 
 LPCTSTR registered(LPCTSTR name, HBRUSH background, HICON icon) {
   WNDCLASS windowClass = {};
@@ -44,7 +28,7 @@ BOOL AFXAPI AfxRegisterClass(WNDCLASS* lpWndClass) {
 
 LPCTSTR AFXAPI AfxRegisterWndClass(UINT nClassStyle, HCURSOR hCursor, HBRUSH hbrBackground,
                                    HICON hIcon) {
-  char name[64];
+  char(&name)[64] = State().className;
   snprintf(name, sizeof name, "Afx:%p:%x:%p:%p:%p", static_cast<void*>(AfxGetInstanceHandle()),
            nClassStyle, static_cast<void*>(hCursor), static_cast<void*>(hbrBackground),
            static_cast<void*>(hIcon));
@@ -57,7 +41,7 @@ LPCTSTR AFXAPI AfxRegisterWndClass(UINT nClassStyle, HCURSOR hCursor, HBRUSH hbr
   windowClass.hbrBackground = hbrBackground;
   windowClass.lpszClassName = name;
   if (!AfxRegisterClass(&windowClass)) AfxThrowResourceException();
-  return keepName(name);
+  return name;
 }
 
 LPCTSTR ChildWindowClass() { return registered("AfxWnd42", nullptr, nullptr); }

@@ -29,6 +29,7 @@ struct _AfxModalLoop {
 // m_nFlags
 constexpr UINT WF_MODALLOOP = 0x10;      // RunModalLoop is running
 constexpr UINT WF_CONTINUEMODAL = 0x20;  // and is to go on
+constexpr UINT WF_PLACED = 0x40;         // the dialog's template says where it is to stand
 
 // Whether the window's procedure is the framework's.
 bool IsSubclassed(HWND window);

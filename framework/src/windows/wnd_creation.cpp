@@ -2,6 +2,8 @@
 
 #include <afxwin.h>
 
+#include <utility>
+
 #include "windows/thread_state.h"
 #include "windows/window_class.h"
 #include "windows/wnd_access.h"
@@ -19,13 +21,14 @@ LRESULT CALLBACK creationHook(int code, WPARAM wParam, LPARAM lParam) {
   ThreadState& state = State();
   const HWND created = reinterpret_cast<HWND>(wParam);
   if (code == HCBT_CREATEWND && state.creating != nullptr && !isInputMethod(created)) {
-    CWnd& window = *state.creating;
+    CWnd& window = *std::exchange(state.creating, nullptr);
     try {
       window.Attach(created);
-      state.creating = nullptr;
       _AfxWndAccess::PreSubclass(window);
       ReplaceProcedure(window);
     } catch (...) {
+      window.Detach();
+      state.creating = &window;
       return 1;  // the window is not created
     }
   }

@@ -25,7 +25,6 @@ END_MESSAGE_MAP()
 void CWnd::OnNcDestroy() {
   _AfxModalLoop::WindowEnds(m_pModalLoop);
   if (CWinThread* const thread = AfxGetThread()) {
-    if (thread->m_pActiveWnd == this) thread->m_pActiveWnd = nullptr;
     if (thread->m_pMainWnd == this) {
       thread->m_pMainWnd = nullptr;
       AfxPostQuitMessage(0);

@@ -52,7 +52,7 @@ BOOL CWnd::Attach(HWND hWndNew) {
 }
 
 // A window that the framework has subclassed still has the framework's procedure, which passes its
-// messages on to the former one.
+// messages on to the former one until another object takes it.
 HWND CWnd::Detach() {
   const HWND window = m_hWnd;
   if (window == nullptr) return nullptr;

@@ -1,0 +1,118 @@
+"""Runs orv and the outside tools for the interop tests, and sums up what was found."""
+
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+import traceback
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
+ANSI = "cp1252"  # the code page that Windows programs run in here
+
+
+class Failure(Exception):
+    """A check that did not hold; its text is for a person."""
+
+
+def check(condition, message):
+    if not condition:
+        raise Failure(message)
+
+
+def check_equal(found, expected, what):
+    check(found == expected, f"{what}: {short(found)} instead of {short(expected)}")
+
+
+def short(value):
+    text = repr(value)
+    return text if len(text) <= 300 else text[:300] + "..."
+
+
+def windows_path(path):
+    return "Z:" + str(path).replace("/", "\\")
+
+
+class Result:
+    def __init__(self, command, status, stdout, stderr):
+        self.command = " ".join(str(part) for part in command)
+        self.status = status
+        self.stdout = stdout
+        self.stderr = stderr.decode(errors="replace")
+
+    def expect(self, status=0):
+        check(
+            self.status == status,
+            f"{self.command}: exit status {self.status} instead of {status}\n"
+            f"{self.stdout[-1000:].decode(errors='replace')}\n{self.stderr[-1000:]}",
+        )
+        return self
+
+
+def run(*command, zone="UTC", stdout=None, **options):
+    """Runs a program of this machine, in a time zone; gives what it printed, unless stdout goes
+    elsewhere."""
+    environment = dict(os.environ, LC_ALL="C.UTF-8", TZ=zone)
+    # Into files: the services that Wine starts in the background inherit the streams, and the end of
+    # a pipe would come only with theirs, a second later.
+    with tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as messages:
+        finished = subprocess.run(
+            [str(part) for part in command],
+            stdout=stdout or output,
+            stderr=messages,
+            env=environment,
+            **options,
+        )
+        output.seek(0)
+        messages.seek(0)
+        return Result(command, finished.returncode, output.read(), messages.read())
+
+
+class Orv:
+    def __init__(self, programs):
+        self._program = pathlib.Path(programs) / "orv.exe"
+        check(self._program.exists(), f"there is no {self._program}: build first")
+
+    def run(self, *arguments, **options):
+        """Paths among the arguments become those of Windows."""
+        translated = [
+            windows_path(argument) if isinstance(argument, pathlib.Path) else argument
+            for argument in arguments
+        ]
+        return run(ROOT / "tools" / "run", self._program, *translated, **options)
+
+
+class Folder:
+    """A temporary folder, with read-only files removed too at its end."""
+
+    def __enter__(self):
+        self.path = pathlib.Path(tempfile.mkdtemp(prefix="orvane-interop-"))
+        return self.path
+
+    def __exit__(self, *_):
+        shutil.rmtree(self.path, ignore_errors=True)
+
+
+def main(tests, summary):
+    """Runs test functions, each with orv and a folder of its own; ends the program."""
+    if len(sys.argv) != 2:
+        sys.exit(f"usage: {sys.argv[0]} FOLDER_OF_THE_PROGRAMS")
+    orv = Orv(sys.argv[1])
+    failed = 0
+    start = time.monotonic()
+    for test in tests:
+        name = test.__name__
+        try:
+            with Folder() as folder:
+                test(orv, folder)
+        except Failure as failure:
+            print(f"FAILED {name}: {failure}")
+            failed += 1
+        except Exception:
+            print(f"FAILED {name}:\n{traceback.format_exc()}")
+            failed += 1
+    seconds = time.monotonic() - start
+    print(f"{summary}: {len(tests) - failed} of {len(tests)} passed ({seconds:.1f} s)")
+    sys.exit(1 if failed else 0)

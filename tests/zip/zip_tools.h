@@ -1,0 +1,124 @@
+// What the tests of the zip functions share.
+#pragma once
+
+#include <afxwin.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "entry/Handles.h"
+#include "zip/XUnzip.h"
+#include "zip/ZipWriter.h"
+
+// Texts as the untyped arguments of the zip functions.
+inline void* Arg(const std::string& text) { return const_cast<char*>(text.c_str()); }
+
+inline unsigned long AddText(HZIP zip, const std::string& name, const std::string& text) {
+  return ZipAdd(zip, name.c_str(), Arg(text), static_cast<unsigned>(text.size()), kZipMemory);
+}
+
+inline unsigned long AddFile(HZIP zip, const std::string& name, const std::string& path) {
+  return ZipAdd(zip, name.c_str(), Arg(path), 0, kZipFileName);
+}
+
+// An archive that the writer makes in memory.
+class MemoryZip {
+ public:
+  explicit MemoryZip(unsigned size = 8 << 20) : m_zip(CreateZipZ(nullptr, size, kZipMemory)) {}
+  ~MemoryZip() { CloseZipZ(m_zip); }
+  MemoryZip(const MemoryZip&) = delete;
+  MemoryZip& operator=(const MemoryZip&) = delete;
+
+  operator HZIP() const { return m_zip; }
+
+  // Ends the archive.
+  std::string Bytes() const {
+    void* memory = nullptr;
+    unsigned long size = 0;
+    EXPECT_EQ(ZipGetMemory(m_zip, &memory, &size), kZipOk);
+    return std::string(static_cast<char*>(memory), size);
+  }
+
+ private:
+  HZIP m_zip;
+};
+
+// An archive that the reader reads, with a copy of its bytes.
+class OpenZip {
+ public:
+  explicit OpenZip(std::string bytes, const char* root = nullptr)
+      : m_bytes(std::move(bytes)),
+        m_zip(OpenZipU(m_bytes.data(), static_cast<unsigned>(m_bytes.size()), kZipMemory, root)) {}
+  ~OpenZip() {
+    if (m_zip != nullptr) CloseZipU(m_zip);
+  }
+  OpenZip(const OpenZip&) = delete;
+  OpenZip& operator=(const OpenZip&) = delete;
+
+  operator HZIP() const { return m_zip; }
+
+ private:
+  std::string m_bytes;
+  HZIP m_zip;
+};
+
+// A pipe that holds a megabyte before its writer waits.
+struct Pipe {
+  Pipe() {
+    HANDLE reads, writes;
+    EXPECT_TRUE(CreatePipe(&reads, &writes, nullptr, 1 << 20));
+    readEnd.reset(reads);
+    writeEnd.reset(writes);
+  }
+
+  void Put(const std::string& bytes) const {
+    DWORD written = 0;
+    WriteFile(writeEnd.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    EXPECT_EQ(written, bytes.size());
+  }
+
+  // All that was written, after closing the end that writes.
+  std::string TakeAll() {
+    writeEnd.reset();
+    std::string all;
+    char piece[4096];
+    for (DWORD got; ReadFile(readEnd.get(), piece, sizeof piece, &got, nullptr) && got > 0;)
+      all.append(piece, got);
+    return all;
+  }
+
+  unique_kernel_handle readEnd;
+  unique_kernel_handle writeEnd;
+};
+
+inline unique_file OpenForReading(const std::string& path) {
+  return unique_file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                 nullptr, OPEN_EXISTING, 0, nullptr));
+}
+
+inline unique_file CreateForWriting(const std::string& path, DWORD access = GENERIC_WRITE) {
+  return unique_file(
+      CreateFileA(path.c_str(), access, FILE_SHARE_READ, nullptr, CREATE_ALWAYS, 0, nullptr));
+}
+
+inline FILETIME FileTimeOf(WORD year, WORD month, WORD day, WORD hour, WORD minute, WORD second) {
+  const SYSTEMTIME time = {year, month, 0, day, hour, minute, second, 0};
+  FILETIME result = {};
+  SystemTimeToFileTime(&time, &result);
+  return result;
+}
+
+inline bool operator==(const FILETIME& left, const FILETIME& right) {
+  return CompareFileTime(&left, &right) == 0;
+}
+
+// Bytes that don't compress.
+inline std::string Noise(size_t size) {
+  std::string noise(size, 0);
+  uint32_t state = 12345;
+  for (char& byte : noise) {
+    state = state * 1664525 + 1013904223;
+    byte = static_cast<char>(state >> 24);
+  }
+  return noise;
+}
