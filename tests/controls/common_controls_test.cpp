@@ -95,6 +95,34 @@ TEST_F(CommonControls, StatusBarsKeepTextsOfAnyLength) {
   EXPECT_GE(horizontal, 0);
 }
 
+TEST_F(CommonControls, ToolBarsKeepTheirButtons) {
+  CToolBarCtrl bar;
+  ASSERT_TRUE(bar.Create(WS_CHILD | WS_VISIBLE | CCS_NORESIZE, m_place, &m_parent, kControl));
+  EXPECT_EQ(bar.AddStrings("First\0Second\0"), 0);
+  TBBUTTON buttons[2] = {};
+  for (int i = 0; i < 2; ++i) {
+    buttons[i].idCommand = 100 + i;
+    buttons[i].fsState = TBSTATE_ENABLED;
+    buttons[i].fsStyle = TBSTYLE_CHECK;
+    buttons[i].iString = i;
+  }
+  EXPECT_TRUE(bar.AddButtons(2, buttons));
+  EXPECT_EQ(bar.GetButtonCount(), 2);
+  EXPECT_EQ(bar.CommandToIndex(101), 1u);
+  bar.EnableButton(100, FALSE);
+  bar.CheckButton(101);
+  EXPECT_FALSE(bar.IsButtonEnabled(100));
+  EXPECT_TRUE(bar.IsButtonEnabled(101));
+  EXPECT_TRUE(bar.IsButtonChecked(101));
+  EXPECT_EQ(bar.GetState(999), -1);
+  CRect second;
+  EXPECT_TRUE(bar.GetItemRect(1, &second));
+  CPoint inside = second.CenterPoint();
+  EXPECT_EQ(bar.HitTest(&inside), 1);
+  EXPECT_TRUE(bar.DeleteButton(0));
+  EXPECT_EQ(bar.CommandToIndex(101), 0u);
+}
+
 // Gives its tools' texts when they are to be shown.
 class TipWindow : public CWnd {
  public:

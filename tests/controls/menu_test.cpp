@@ -88,6 +88,14 @@ TEST_F(Menus, ATemplateInMemory) {
   ASSERT_TRUE(menu.LoadMenuIndirect(words.data()));
   EXPECT_EQ(menu.GetMenuItemCount(), 1u);
   EXPECT_EQ(menu.GetSubMenu(0)->GetMenuItemID(1), kCheck);
+}
+
+TEST_F(Menus, AResource) {
+  CMenu menu;
+  ASSERT_TRUE(menu.LoadMenu("MENU_TEST"));
+  CString string;
+  menu.GetSubMenu(0)->GetMenuString(kOpen, string, MF_BYCOMMAND);
+  EXPECT_EQ(text(string), "&Open");
   CMenu missing;
   EXPECT_FALSE(missing.LoadMenu(4711));
 }
