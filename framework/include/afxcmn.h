@@ -5,6 +5,7 @@
 #include "afxwin.h"
 #include "afximl_.h"
 #include "afxlctl_.h"
+#include "afxtbar_.h"
 #include "afxtctl_.h"
 
 class AFX_CORE_DATA CToolTipCtrl : public CWnd {

@@ -63,7 +63,7 @@ class AFX_CORE_DATA CButton : public CWnd {
   // 0 unchecked, 1 checked, 2 undetermined.
   int GetCheck() const { return _AfxSend(this, BM_GETCHECK); }
   void SetCheck(int nCheck) { _AfxSend(this, BM_SETCHECK, nCheck); }
-  UINT GetButtonStyle() const { return GetStyle() & 0xff; }
+  UINT GetButtonStyle() const { return ::GetWindowLong(m_hWnd, GWL_STYLE) & 0xff; }
   void SetButtonStyle(UINT nStyle, BOOL bRedraw = TRUE) {
     _AfxSend(this, BM_SETSTYLE, nStyle, bRedraw);
   }
@@ -370,11 +370,7 @@ class AFX_CORE_DATA CScrollBar : public CWnd {
   BOOL EnableScrollBar(UINT nArrowFlags = ESB_ENABLE_BOTH) {
     return ::EnableScrollBar(m_hWnd, SB_CTL, nArrowFlags);
   }
-  BOOL GetScrollInfo(LPSCROLLINFO lpScrollInfo, UINT nMask = SIF_ALL) {
-    return CWnd::GetScrollInfo(SB_CTL, lpScrollInfo, nMask);
-  }
-  BOOL SetScrollInfo(LPSCROLLINFO lpScrollInfo, BOOL bRedraw = TRUE) {
-    return CWnd::SetScrollInfo(SB_CTL, lpScrollInfo, bRedraw);
-  }
-  int GetScrollLimit() { return CWnd::GetScrollLimit(SB_CTL); }
+  BOOL GetScrollInfo(LPSCROLLINFO lpScrollInfo, UINT nMask = SIF_ALL);
+  BOOL SetScrollInfo(LPSCROLLINFO lpScrollInfo, BOOL bRedraw = TRUE);
+  int GetScrollLimit();
 };

@@ -74,9 +74,7 @@ class AFX_CORE_DATA CDateTimeCtrl : public CWnd {
     return _AfxSend(this, DTM_GETSYSTEMTIME, 0, pTimeDest);
   }
   DWORD GetTime(CTime& timeDest) const;
-  BOOL SetTime(LPSYSTEMTIME pTimeNew = nullptr) {
-    return _AfxSend(this, DTM_SETSYSTEMTIME, pTimeNew != nullptr ? GDT_VALID : GDT_NONE, pTimeNew);
-  }
+  BOOL SetTime(LPSYSTEMTIME pTimeNew = nullptr);
   BOOL SetTime(const CTime* pTimeNew);
   // The values that may be chosen; null: no limit on that side. GetRange answers GDTR_ flags and
   // sets a limit that is none to 0.

@@ -175,6 +175,13 @@ DWORD CDateTimeCtrl::GetTime(CTime& timeDest) const {
   return result;
 }
 
+// Some versions of the control want a time even for none.
+BOOL CDateTimeCtrl::SetTime(LPSYSTEMTIME pTimeNew) {
+  if (pTimeNew != nullptr) return _AfxSend(this, DTM_SETSYSTEMTIME, GDT_VALID, pTimeNew);
+  const SYSTEMTIME ignored = {};
+  return _AfxSend(this, DTM_SETSYSTEMTIME, GDT_NONE, &ignored);
+}
+
 BOOL CDateTimeCtrl::SetTime(const CTime* pTimeNew) {
   if (pTimeNew == nullptr) return SetTime(static_cast<LPSYSTEMTIME>(nullptr));
   SYSTEMTIME time;

@@ -3,6 +3,8 @@
 #include <stdint.h>
 #include <string.h>
 
+#include <algorithm>
+
 #include "controls/common_classes.h"
 #include "controls/item_text.h"
 #include "controls/new_image_list.h"
@@ -124,7 +126,11 @@ int CListCtrl::GetItemText(int nItem, int nSubItem, LPTSTR lpszText, int nLen) c
   item.iSubItem = nSubItem;
   item.pszText = lpszText;
   item.cchTextMax = nLen;
-  return _AfxSend(this, LVM_GETITEMTEXT, nItem, &item);
+  const int length = _AfxSend(this, LVM_GETITEMTEXT, nItem, &item);
+  if (length < nLen) return length;
+  // Some versions of the control do not end a text that they cut.
+  if (nLen > 0) lpszText[nLen - 1] = '\0';
+  return std::max(nLen - 1, 0);
 }
 
 CString CListCtrl::GetItemText(int nItem, int nSubItem) const {

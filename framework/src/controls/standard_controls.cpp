@@ -42,6 +42,16 @@ void CEdit::SetSel(int nStartChar, int nEndChar, BOOL bNoScroll) {
   if (!bNoScroll) _AfxSend(this, EM_SCROLLCARET);
 }
 
+BOOL CScrollBar::GetScrollInfo(LPSCROLLINFO lpScrollInfo, UINT nMask) {
+  return CWnd::GetScrollInfo(SB_CTL, lpScrollInfo, nMask);
+}
+
+BOOL CScrollBar::SetScrollInfo(LPSCROLLINFO lpScrollInfo, BOOL bRedraw) {
+  return CWnd::SetScrollInfo(SB_CTL, lpScrollInfo, bRedraw);
+}
+
+int CScrollBar::GetScrollLimit() { return CWnd::GetScrollLimit(SB_CTL); }
+
 // The control reads the size of the buffer from where it writes the line.
 int CEdit::GetLine(int nIndex, LPTSTR lpszBuffer, int nMaxLength) const {
   const WORD size = static_cast<WORD>(nMaxLength);

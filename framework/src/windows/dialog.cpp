@@ -43,7 +43,10 @@ LRESULT CDialog::HandleInitDialog(WPARAM, LPARAM) {
   return Default();
 }
 
-LRESULT CDialog::HandleSetFont(WPARAM, LPARAM) { return Default(); }
+LRESULT CDialog::HandleSetFont(WPARAM wParam, LPARAM) {
+  OnSetFont(CFont::FromHandle(reinterpret_cast<HFONT>(wParam)));
+  return Default();
+}
 
 void CDialog::PreInitDialog() {}
 void CDialog::OnSetFont(CFont*) {}
