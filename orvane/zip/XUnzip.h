@@ -35,8 +35,8 @@ struct ZIPENTRYW : ZIPENTRY {};
 //   kZipFileName  source is a path. The file may be read by others meanwhile, not written.
 //   kZipMemory    source is a block of length bytes that must stay until CloseZipU.
 //
-// rootFolder is where UnzipItem creates the folders of relative destinations; null: the current
-// directory. At most 259 characters with its closing "\".
+// rootFolder is where UnzipItem creates the folders of relative destinations; null or empty: the
+// current directory. At most 259 characters with its closing "\".
 //
 // Returns the handle, or null: kZipNoDuplicate, kZipNoFile, kZipNoSeek, kZipBadArguments,
 // kZipNoMemory, or kZipCorrupt when no end record with a directory is found.
@@ -72,8 +72,8 @@ ORVANE_API unsigned long FindZipItemW(HZIP archive, const char* name, bool ignor
 //   kZipNoFile        the file can't be created
 //   kZipCorrupt       the entry can't be opened, or its size or CRC doesn't match at its end: its
 //                     bytes are written, its times not set
-//   kZipWriteError    the target didn't take the bytes, or the data can't be read
-//   kZipFlateError    the same into memory
+//   kZipWriteError    the target didn't take the bytes, or the data can't be read or unpacked
+//   kZipFlateError    the data can't be read or unpacked into memory
 ORVANE_API unsigned long UnzipItem(HZIP archive, int index, void* destination, unsigned int length,
                                    unsigned long kind);
 

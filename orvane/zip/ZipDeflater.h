@@ -1,12 +1,9 @@
 // Raw deflate at the library's level, one stream for all entries of an archive.
 #pragma once
 
-#ifndef ZLIB_CONST
-#define ZLIB_CONST
-#endif
-#include <zlib.h>
-
 #include <new>
+
+#include "zip/ZipZlib.h"
 
 class ZipDeflater {
  public:

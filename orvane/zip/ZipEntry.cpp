@@ -7,16 +7,13 @@
 
 namespace {
 
-// External attributes: Windows attributes in the low byte, the Unix mode in the high word.
-constexpr uint32_t kUnixFolder = 1u << 30;
-constexpr uint32_t kUnixWritable = 1u << 23;
-
 unsigned long WindowsAttributesOf(uint32_t external) {
   unsigned long attributes = FILE_ATTRIBUTE_NORMAL;
-  if (external & (kUnixFolder | FILE_ATTRIBUTE_DIRECTORY)) attributes |= FILE_ATTRIBUTE_DIRECTORY;
+  if (external & (kZipUnixFolder | FILE_ATTRIBUTE_DIRECTORY))
+    attributes |= FILE_ATTRIBUTE_DIRECTORY;
   attributes |= external & (FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
   // By design an entry without a Unix mode is read-only: its writer did not say that it isn't.
-  if (!(external & kUnixWritable) || external & FILE_ATTRIBUTE_READONLY)
+  if (!(external & kZipUnixWritable) || external & FILE_ATTRIBUTE_READONLY)
     attributes |= FILE_ATTRIBUTE_READONLY;
   return attributes;
 }

@@ -2,15 +2,11 @@
 // more than announced, and at their end their size and CRC must be as announced too.
 #pragma once
 
-#ifndef ZLIB_CONST
-#define ZLIB_CONST
-#endif
-#include <zlib.h>
-
 #include <cstdint>
 
 #include "zip/ZipDirectory.h"
 #include "zip/ZipInput.h"
+#include "zip/ZipZlib.h"
 
 class ZipExtraction {
  public:

@@ -30,6 +30,13 @@ constexpr uint16_t kZipFlagDescriptor = 1 << 3;
 constexpr uint16_t kZipFlagPatch = 1 << 5;
 constexpr uint16_t kZipFlagStrongEncryption = 1 << 6;
 
+// External attributes: the Windows attributes in the low byte, the Unix mode in the high word.
+constexpr uint32_t kZipUnixFile = 1u << 31;
+constexpr uint32_t kZipUnixFolder = 1u << 30;
+constexpr uint32_t kZipUnixReadable = 1u << 24;  // by its owner, as the two below
+constexpr uint32_t kZipUnixWritable = 1u << 23;
+constexpr uint32_t kZipUnixRunnable = 1u << 22;
+
 // The extended time stamp of Info-ZIP: a flag byte with a bit for each time, then the times as
 // 32-bit seconds since 1970. The local header holds all that are flagged, the directory only the
 // first.

@@ -7,7 +7,7 @@
 namespace {
 
 constexpr size_t kPageSize = 4 * 1024;
-constexpr size_t kMostPages = 2048;
+constexpr size_t kMostPages = 2048;  // 8 MB: all headers of an archive of small entries
 
 constexpr size_t kWindowSize = 128 * 1024;
 

@@ -24,7 +24,7 @@ ZipNameIndex::ZipNameIndex(const ZipDirectory& directory, bool ignoreCase)
   for (int i = 0; i < directory.ReadableCount(); ++i) {
     const std::string_view name = Fold(directory.Name(i), folded);
     const uint32_t hash = Hash(name);
-    auto& slot = const_cast<Slot&>(SlotOf(name, hash));
+    Slot& slot = m_slots[PlaceOf(name, hash)];
     if (slot.entry < 0) slot = {hash, i};
   }
 }
@@ -32,7 +32,7 @@ ZipNameIndex::ZipNameIndex(const ZipDirectory& directory, bool ignoreCase)
 int ZipNameIndex::Find(std::string_view name) const {
   std::vector<char> folded;
   name = Fold(name, folded);
-  return SlotOf(name, Hash(name)).entry;
+  return m_slots[PlaceOf(name, Hash(name))].entry;
 }
 
 std::string_view ZipNameIndex::Fold(std::string_view name, std::vector<char>& buffer) const {
@@ -62,12 +62,12 @@ uint32_t ZipNameIndex::Hash(std::string_view name) const {
   return static_cast<uint32_t>(hash);
 }
 
-// The slot that holds the name, or the free one where it would stand.
-const ZipNameIndex::Slot& ZipNameIndex::SlotOf(std::string_view folded, uint32_t hash) const {
+// Where the slot is that holds the name, or the free one where it would stand.
+size_t ZipNameIndex::PlaceOf(std::string_view folded, uint32_t hash) const {
   const size_t mask = m_slots.size() - 1;
   for (size_t at = hash & mask;; at = (at + 1) & mask) {
     const Slot& slot = m_slots[at];
-    if (slot.entry < 0) return slot;
-    if (slot.hash == hash && Fold(m_directory.Name(slot.entry), m_folded) == folded) return slot;
+    if (slot.entry < 0) return at;
+    if (slot.hash == hash && Fold(m_directory.Name(slot.entry), m_folded) == folded) return at;
   }
 }

@@ -23,11 +23,11 @@ class ZipNameIndex {
 
   std::string_view Fold(std::string_view name, std::vector<char>& buffer) const;
   uint32_t Hash(std::string_view name) const;
-  const Slot& SlotOf(std::string_view folded, uint32_t hash) const;
+  size_t PlaceOf(std::string_view folded, uint32_t hash) const;
 
   const ZipDirectory& m_directory;
   const bool m_ignoreCase;
   const uint64_t m_seed;
-  std::vector<Slot> m_slots;  // a power of two, at most half of them used
-  mutable std::vector<char> m_folded;
+  std::vector<Slot> m_slots;           // a power of two, at most half of them used
+  mutable std::vector<char> m_folded;  // the name that is compared with
 };

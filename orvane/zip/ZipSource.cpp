@@ -7,13 +7,9 @@
 
 namespace {
 
-// External attributes: the Unix mode in the high word, the Windows attributes in the low byte.
-constexpr uint32_t kUnixFile = 0x81000000;      // a file, readable
-constexpr uint32_t kUnixFolder = 0x41000000;    // a folder, readable
-constexpr uint32_t kUnixWritable = 0x00800000;  // by its owner
-constexpr uint32_t kUnixRunnable = 0x00400000;  // by its owner
-constexpr uint32_t kPlainFile = 0x80000000;     // what has no attributes of its own
-constexpr uint32_t kEmptyFolder = 0x41C00010;   // readable, writable, to be entered
+constexpr uint32_t kPlainFile = kZipUnixFile;  // what has no attributes of its own
+constexpr uint32_t kEmptyFolder = kZipUnixFolder | kZipUnixReadable | kZipUnixWritable |
+                                  kZipUnixRunnable | FILE_ATTRIBUTE_DIRECTORY;
 constexpr uint32_t kWindowsAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN |
                                         FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_DIRECTORY |
                                         FILE_ATTRIBUTE_ARCHIVE;
@@ -76,8 +72,9 @@ ZipResult ZipSource::OpenDiskFile(const FILE_BASIC_INFO& facts) {
   m_created = facts.CreationTime.QuadPart != 0 ? FileTimeOf(facts.CreationTime) : m_modified;
 
   m_attributes = facts.FileAttributes & kWindowsAttributes;
-  m_attributes |= facts.FileAttributes & FILE_ATTRIBUTE_DIRECTORY ? kUnixFolder : kUnixFile;
-  if (!(facts.FileAttributes & FILE_ATTRIBUTE_READONLY)) m_attributes |= kUnixWritable;
+  m_attributes |= kZipUnixReadable;
+  m_attributes |= facts.FileAttributes & FILE_ATTRIBUTE_DIRECTORY ? kZipUnixFolder : kZipUnixFile;
+  if (!(facts.FileAttributes & FILE_ATTRIBUTE_READONLY)) m_attributes |= kZipUnixWritable;
 
   if (!m_owned && !SetFilePointerEx(m_file, {}, nullptr, FILE_BEGIN)) return kZipReadError;
   if (const ZipResult result = ReadPiece(m_firstPiece); result != kZipOk) return result;
@@ -138,7 +135,7 @@ ZipResult ZipSource::MarkProgram() {
     case 0x454E:  // "NE"
     case 0x454C:  // "LE"
     case 0x4550:  // "PE"
-      m_attributes |= kUnixRunnable;
+      m_attributes |= kZipUnixRunnable;
   }
   return kZipOk;
 }

@@ -45,8 +45,9 @@ ORVANE_API HZIP CreateZipZ(void* target, unsigned int length, unsigned long kind
 //   kZipSizeDiffers   the source gave more or fewer bytes than announced
 //   kZipWriteError    the target didn't take the bytes (kZipMemoryFull: the block is full); every
 //                     later addition gives kZipEarlierError
-//   kZipNoSeek, kZipNoChange, kZipFlateError, kZipEnded, kZipWrongKind
-// An entry that failed is not in the archive; the entries before it are, and stay good.
+//   kZipNoSeek, kZipNoMemory, kZipFlateError, kZipEnded, kZipWrongKind
+// An entry that failed is not in the archive; the entries before it are, and stay good. What a pipe
+// has taken of it stays between the others, in no directory.
 ORVANE_API unsigned long ZipAdd(HZIP archive, const char* name, void* source, unsigned int length,
                                 unsigned long kind);
 
