@@ -48,6 +48,7 @@ class AFX_CORE_DATA CWnd : public CCmdTarget {
   ~CWnd() override;
 
   // Window and object. Objects are found by the windows of the calling thread only.
+  // GetSafeHwnd is for an object without a window; it is not for a null pointer.
   HWND GetSafeHwnd() const { return m_hWnd; }
   operator HWND() const { return m_hWnd; }
   BOOL operator==(const CWnd& wnd) const { return wnd.m_hWnd == m_hWnd; }

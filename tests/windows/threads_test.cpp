@@ -61,14 +61,10 @@ class WindowThread : public CWinThread {
   static constexpr UINT kAdd = WM_APP + 1;
   static inline const UINT kRegisteredAdd = RegisterWindowMessage("orvane thread add");
   static inline std::atomic<int> alive;
-  static inline HANDLE ended;
   static inline bool starts;
 
   WindowThread() { ++alive; }
-  ~WindowThread() override {
-    --alive;
-    if (ended != nullptr) ::SetEvent(ended);
-  }
+  ~WindowThread() override { --alive; }
   BOOL InitInstance() override {
     m_window.CreateEx(0, nullptr, "in thread", WS_POPUP, CRect(0, 0, 9, 9), nullptr, 0);
     m_pMainWnd = &m_window;
@@ -120,11 +116,16 @@ TEST_F(Threads, InitInstanceMayRefuse) {
 
 TEST_F(Threads, ObjectsDeleteThemselves) {
   WindowThread::starts = false;
-  WindowThread::ended = ::CreateEvent(nullptr, FALSE, FALSE, nullptr);
-  AfxBeginThread(RUNTIME_CLASS(WindowThread));
-  EXPECT_EQ(::WaitForSingleObject(WindowThread::ended, 10000), DWORD(WAIT_OBJECT_0));
+  CWinThread* const thread = AfxBeginThread(RUNTIME_CLASS(WindowThread), 0, 0, CREATE_SUSPENDED);
+  EXPECT_EQ(WindowThread::alive, 1);
+  // The object closes its handle.
+  HANDLE handle = nullptr;
+  ::DuplicateHandle(::GetCurrentProcess(), thread->m_hThread, ::GetCurrentProcess(), &handle,
+                    SYNCHRONIZE, FALSE, 0);
+  thread->ResumeThread();
+  ::WaitForSingleObject(handle, INFINITE);
+  ::CloseHandle(handle);
   EXPECT_EQ(WindowThread::alive, 0);
-  ::CloseHandle(std::exchange(WindowThread::ended, nullptr));
 }
 
 namespace {

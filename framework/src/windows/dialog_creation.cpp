@@ -143,12 +143,11 @@ BOOL CDialog::CreateDlgIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWn
   if (lpDialogTemplate == nullptr) return FALSE;
   m_nFlags = hasPlace(lpDialogTemplate) ? m_nFlags | WF_PLACED : m_nFlags & ~WF_PLACED;
   RegisterCommonControls();
-  const HWND owner = pParentWnd != nullptr        ? pParentWnd->m_hWnd
-                     : AfxGetMainWnd() != nullptr ? AfxGetMainWnd()->m_hWnd
-                                                  : nullptr;
+  CWnd* const owner = pParentWnd != nullptr ? pParentWnd : AfxGetMainWnd();
   HWND window = nullptr;
   if (HookCreation(*this))
-    window = ::CreateDialogIndirectParam(hInst, lpDialogTemplate, owner,
+    window = ::CreateDialogIndirectParam(hInst, lpDialogTemplate,
+                                         owner != nullptr ? owner->m_hWnd : nullptr,
                                          &_AfxDialogAccess::Procedure, 0);
   if (!UnhookCreation()) PostNcDestroy();
   return window != nullptr;

@@ -80,6 +80,7 @@ void CWnd::SendMessageToDescendants(UINT message, WPARAM wParam, LPARAM lParam, 
 CWnd* PASCAL CWnd::GetSafeOwner(CWnd* pParent, HWND* pWndTop) {
   CWnd* const chosen = pParent != nullptr ? pParent : AfxGetMainWnd();
   HWND owner = chosen != nullptr ? chosen->m_hWnd : nullptr;
+  if (!::IsWindow(owner)) owner = nullptr;  // another thread's main window may be gone
   while (owner != nullptr && isChild(owner)) owner = ::GetParent(owner);
   HWND top = nullptr;
   if (owner != nullptr) {
