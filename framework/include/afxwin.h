@@ -1,9 +1,24 @@
-// What programs include: the foundation, the program's state and its resources.
+// What programs include: the foundation, the program's state and resources, windows, the standard
+// controls, drawing and threads.
 #pragma once
 
 #include "afx.h"
 #include "afxstat_.h"
 #include "afxdll_.h"
+#include "afxgeo_.h"
+#include "afxgdi_.h"
+#include "afxdc_.h"
+#include "afxmenu_.h"
+#include "afxcmdt_.h"
+#include "afxwnd_.h"
+#include "afxctl_.h"
+#include "afxdd_.h"
+#include "afxdlg_.h"
+#include "afxframe_.h"
+#include "afxthrd_.h"
+#include "afxapp_.h"
+#include "afxmsg_.h"
+#include "afxres.h"
 
 // The program's module, without an application object the one of the .exe file.
 AFX_CORE_DATA HINSTANCE AFXAPI AfxGetInstanceHandle();

@@ -4,7 +4,6 @@
 #include <cstring>
 #include <new>
 
-#include "zip/ZipCrc.h"
 #include "zip/ZipFormat.h"
 
 namespace {
@@ -43,7 +42,7 @@ ZipExtraction::State ZipExtraction::Read(uint8_t* to, size_t capacity, size_t& g
   while (m_state == State::kReading && m_left > 0 && got < capacity) {
     const size_t piece =
         m_isDeflated ? Inflate(to + got, capacity - got) : Copy(to + got, capacity - got);
-    m_crc = ZipCrc(m_crc, to + got, piece);
+    m_crc = crc32(m_crc, to + got, static_cast<uInt>(piece));
     got += piece;
   }
   return m_state;

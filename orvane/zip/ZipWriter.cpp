@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "zip/ZipArchive.h"
-#include "zip/ZipCrc.h"
 #include "zip/ZipDeflater.h"
 #include "zip/ZipFormat.h"
 #include "zip/ZipMessages.h"
@@ -219,7 +218,7 @@ ZipResult ZipWriter::WriteData(NewEntry& entry, ZipSource& source) {
     if (result != kZipOk) return result;
     size += piece;
     if (size > mostBytes) return source.Size() ? kZipSizeDiffers : kZipBadArguments;
-    crc = ZipCrc(crc, bytes, piece);
+    crc = crc32(crc, bytes, static_cast<uInt>(piece));
     const bool isEnd = piece == 0;
     if (stream != nullptr)
       result = Deflate(*stream, bytes, piece, isEnd);

@@ -1,0 +1,10 @@
+#include "windows/thread_state.h"
+
+#include "gdi/thread_object.h"
+
+ThreadState::ThreadState() : windows([](CWnd& window) { window.m_hWnd = nullptr; }), message() {}
+
+ThreadState& State() {
+  static ThreadObject<ThreadState> states;
+  return states.Get();
+}

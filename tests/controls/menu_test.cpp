@@ -1,0 +1,184 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "controls/ControlTest.h"
+#include "controls/Pixels.h"
+
+namespace {
+
+using Menus = ControlTest;
+
+constexpr UINT kOpen = 100;
+constexpr UINT kCheck = 101;
+constexpr UINT kRadio = 110;  // and the two after it
+
+TEST_F(Menus, ItemsKeepWhatIsSet) {
+  CMenu menu;
+  ASSERT_TRUE(menu.CreatePopupMenu());
+  menu.AppendMenu(MF_STRING, kOpen, "&Open\tCtrl+O");
+  menu.AppendMenu(MF_SEPARATOR);
+  menu.AppendMenu(MF_STRING, kCheck, "Check");
+  for (UINT i = 0; i < 3; ++i)
+    menu.InsertMenu(3 + i, MF_BYPOSITION | MF_STRING, kRadio + i, "Radio");
+  EXPECT_EQ(menu.GetMenuItemCount(), 6u);
+  EXPECT_EQ(menu.GetMenuItemID(0), kOpen);
+  EXPECT_EQ(menu.GetMenuItemID(1), 0u);
+
+  CString string("left over");
+  EXPECT_EQ(menu.GetMenuString(kOpen, string, MF_BYCOMMAND), 12);
+  EXPECT_EQ(text(string), "&Open\tCtrl+O");
+  EXPECT_EQ(menu.GetMenuString(1, string, MF_BYPOSITION), 0) << "of a separator";
+  EXPECT_TRUE(string.IsEmpty());
+  const std::string longText(1000, 'x');
+  menu.ModifyMenu(kOpen, MF_BYCOMMAND | MF_STRING, kOpen, longText.c_str());
+  menu.GetMenuString(kOpen, string, MF_BYCOMMAND);
+  EXPECT_EQ(text(string), longText);
+
+  EXPECT_EQ(menu.CheckMenuItem(kCheck, MF_CHECKED), static_cast<UINT>(MF_UNCHECKED));
+  EXPECT_TRUE(menu.GetMenuState(kCheck, MF_BYCOMMAND) & MF_CHECKED);
+  EXPECT_EQ(menu.CheckMenuItem(999, MF_CHECKED), static_cast<UINT>(-1));
+  menu.EnableMenuItem(kCheck, MF_GRAYED);
+  EXPECT_TRUE(menu.GetMenuState(kCheck, MF_BYCOMMAND) & MF_GRAYED);
+  menu.CheckMenuRadioItem(3, 5, 4, MF_BYPOSITION);
+  EXPECT_FALSE(menu.GetMenuState(3, MF_BYPOSITION) & MF_CHECKED);
+  EXPECT_TRUE(menu.GetMenuState(4, MF_BYPOSITION) & MF_CHECKED);
+  menu.SetDefaultItem(kCheck);
+  EXPECT_EQ(menu.GetDefaultItem(GMDI_USEDISABLED), kCheck);
+  EXPECT_TRUE(menu.DeleteMenu(kOpen, MF_BYCOMMAND));
+  EXPECT_EQ(menu.GetMenuItemCount(), 5u);
+}
+
+TEST_F(Menus, PopupMenusAreFoundAgainAndGoWithTheirMenu) {
+  HMENU handle;
+  {
+    CMenu bar;
+    ASSERT_TRUE(bar.CreateMenu());
+    CMenu popup;
+    ASSERT_TRUE(popup.CreatePopupMenu());
+    popup.AppendMenu(MF_STRING, kOpen, "Open");
+    handle = popup;
+    bar.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(handle), "File");
+    EXPECT_EQ(bar.GetSubMenu(0), &popup);
+    EXPECT_EQ(bar.GetMenuItemID(0), static_cast<UINT>(-1));
+    popup.Detach();
+    CMenu* const temporary = bar.GetSubMenu(0);
+    ASSERT_NE(temporary, nullptr);
+    EXPECT_EQ(temporary->GetMenuItemID(0), kOpen);
+    CMenu::DeleteTempMap();
+    EXPECT_TRUE(::IsMenu(handle)) << "a temporary object destroys nothing";
+  }
+  EXPECT_FALSE(::IsMenu(handle));
+}
+
+TEST_F(Menus, ATemplateInMemory) {
+  // Version and offset of a menu template, then its items: flags, id, text.
+  std::vector<WORD> words = {0, 0};
+  const auto item = [&](WORD flags, WORD id, const char* string) {
+    words.push_back(flags);
+    if ((flags & MF_POPUP) == 0) words.push_back(id);
+    do words.push_back(static_cast<WORD>(*string));
+    while (*string++ != 0);
+  };
+  item(MF_POPUP | MF_END, 0, "File");
+  item(0, kOpen, "Open");
+  item(MF_END, kCheck, "Check");
+  CMenu menu;
+  ASSERT_TRUE(menu.LoadMenuIndirect(words.data()));
+  EXPECT_EQ(menu.GetMenuItemCount(), 1u);
+  EXPECT_EQ(menu.GetSubMenu(0)->GetMenuItemID(1), kCheck);
+}
+
+TEST_F(Menus, AResource) {
+  CMenu menu;
+  ASSERT_TRUE(menu.LoadMenu("MENU_TEST"));
+  CString string;
+  menu.GetSubMenu(0)->GetMenuString(kOpen, string, MF_BYCOMMAND);
+  EXPECT_EQ(text(string), "&Open");
+  CMenu missing;
+  EXPECT_FALSE(missing.LoadMenu(4711));
+}
+
+// Measures and draws its items itself.
+class ColouredMenu : public CMenu {
+ public:
+  std::vector<UINT> measured, drawn;
+  bool close = false;
+
+  void MeasureItem(LPMEASUREITEMSTRUCT item) override {
+    measured.push_back(item->itemID);
+    item->itemWidth = 60;
+    item->itemHeight = 20;
+  }
+  void DrawItem(LPDRAWITEMSTRUCT item) override {
+    drawn.push_back(item->itemID);
+    CDC* const dc = CDC::FromHandle(item->hDC);
+    dc->FillSolidRect(&item->rcItem, static_cast<COLORREF>(item->itemData));
+    colour = dc->GetPixel(item->rcItem.left + 5, item->rcItem.top + 5);
+    height = item->rcItem.bottom - item->rcItem.top;
+  }
+  COLORREF colour = 0;
+  int height = 0;
+};
+
+// Chooses the first item of the menu that it shows.
+class Chooser : public CWnd {
+ public:
+  UINT command = 0;
+
+ protected:
+  afx_msg void OnEnterIdle(UINT why, CWnd* who) {
+    CWnd::OnEnterIdle(why, who);
+    if (why != MSGF_MENU || m_chosen) return;
+    m_chosen = true;
+    PostMessage(WM_KEYDOWN, VK_DOWN);
+    PostMessage(WM_KEYDOWN, VK_RETURN);
+  }
+  BOOL OnCommand(WPARAM wParam, LPARAM lParam) override {
+    command = LOWORD(wParam);
+    return CWnd::OnCommand(wParam, lParam);
+  }
+  DECLARE_MESSAGE_MAP()
+
+ private:
+  bool m_chosen = false;
+};
+
+BEGIN_MESSAGE_MAP(Chooser, CWnd)
+ON_WM_ENTERIDLE()
+END_MESSAGE_MAP()
+
+TEST_F(Menus, OwnerDrawnItemsAreMeasuredDrawnAndChosen) {
+  Chooser owner;
+  ASSERT_TRUE(owner.CreateEx(0, AfxRegisterWndClass(0), "Owner", WS_POPUP | WS_VISIBLE, 0, 0, 100,
+                             100, nullptr, nullptr));
+  ColouredMenu menu;
+  ASSERT_TRUE(menu.CreatePopupMenu());
+  menu.AppendMenu(MF_OWNERDRAW, kOpen, reinterpret_cast<LPCTSTR>(static_cast<UINT_PTR>(kGreen)));
+  menu.AppendMenu(MF_OWNERDRAW, kCheck, reinterpret_cast<LPCTSTR>(static_cast<UINT_PTR>(kGreen)));
+  EXPECT_TRUE(menu.TrackPopupMenu(TPM_LEFTALIGN, 20, 20, &owner));
+  pumpMessages();
+  EXPECT_EQ(owner.command, kOpen);
+  EXPECT_EQ(menu.measured, std::vector<UINT>({kOpen, kCheck}));
+  EXPECT_GE(menu.drawn.size(), 2u);
+  EXPECT_EQ(menu.colour, kGreen);
+  EXPECT_GE(menu.height, 20);
+}
+
+TEST_F(Menus, TheWindowsMenuIsItsObject) {
+  CWnd window;
+  ASSERT_TRUE(window.CreateEx(0, AfxRegisterWndClass(0), "Menu", WS_OVERLAPPEDWINDOW, 0, 0, 200,
+                              100, nullptr, nullptr));
+  CMenu menu;
+  menu.CreateMenu();
+  menu.AppendMenu(MF_STRING, kOpen, "Open");
+  EXPECT_TRUE(window.SetMenu(&menu));
+  EXPECT_EQ(window.GetMenu(), &menu);
+  EXPECT_TRUE(window.SetMenu(nullptr));
+  EXPECT_EQ(window.GetMenu(), nullptr);
+  EXPECT_EQ(window.GetSystemMenu(FALSE)->GetMenuState(SC_CLOSE, MF_BYCOMMAND) & MF_GRAYED, 0u);
+  window.DestroyWindow();
+}
+
+}  // namespace

@@ -1,0 +1,198 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "controls/ControlTest.h"
+#include "controls/Pixels.h"
+
+namespace {
+
+using Controls = ControlTest;
+
+// Lengths around the places where buffers grow, and one that no buffer on a stack holds.
+const int kLengths[] = {0, 1, 2, 254, 255, 256, 257, 511, 512, 5000, 50000};
+
+std::string ofLength(int length) {
+  std::string text;
+  for (int i = 0; i < length; ++i) text += static_cast<char>('a' + i % 26);
+  return text;
+}
+
+TEST_F(Controls, TextsOfAnyLengthComeBackWhole) {
+  CEdit edit;
+  ASSERT_TRUE(edit.Create(WS_CHILD | ES_MULTILINE | ES_AUTOHSCROLL, m_place, &m_parent, kControl));
+  edit.SetLimitText(0);
+  CListBox list;
+  ASSERT_TRUE(list.Create(WS_CHILD, m_place, &m_parent, kControl + 1));
+  CComboBox combo;
+  ASSERT_TRUE(combo.Create(WS_CHILD | CBS_DROPDOWN, m_place, &m_parent, kControl + 2));
+  for (const int length : kLengths) {
+    const std::string expected = ofLength(length);
+    CString read("left over");
+    edit.SetWindowText(expected.c_str());
+    edit.GetWindowText(read);
+    EXPECT_EQ(text(read), expected);
+    m_parent.GetDlgItemText(kControl, read);
+    EXPECT_EQ(text(read), expected);
+    list.GetText(list.AddString(expected.c_str()), read);
+    EXPECT_EQ(text(read), expected);
+    combo.GetLBText(combo.AddString(expected.c_str()), read);
+    EXPECT_EQ(text(read), expected);
+  }
+  CString none("left over");
+  list.GetText(100, none);
+  EXPECT_TRUE(none.IsEmpty());
+  none = "left over";
+  combo.GetLBText(-1, none);
+  EXPECT_TRUE(none.IsEmpty());
+}
+
+TEST_F(Controls, EditsHaveLinesAndASelection) {
+  CEdit edit;
+  ASSERT_TRUE(edit.Create(WS_CHILD | ES_MULTILINE, m_place, &m_parent, kControl));
+  edit.SetWindowText("first\r\nsecond line\r\n");
+  EXPECT_EQ(edit.GetLineCount(), 3);
+  char line[20] = "...................";
+  EXPECT_EQ(edit.GetLine(1, line, 10), 10) << "a line is cut to the buffer, without a null";
+  EXPECT_EQ(std::string(line, 11), "second lin.");
+  EXPECT_EQ(edit.LineFromChar(edit.LineIndex(1)), 1);
+  edit.SetSel(0, 5);
+  int start, end;
+  edit.GetSel(start, end);
+  EXPECT_EQ(start, 0);
+  EXPECT_EQ(end, 5);
+  edit.SetModify(FALSE);
+  edit.ReplaceSel("1st", TRUE);
+  EXPECT_TRUE(edit.GetModify());
+  EXPECT_TRUE(edit.Undo());
+  edit.SetSel(MAKELONG(0, -1));
+  edit.Clear();
+  EXPECT_EQ(edit.GetWindowTextLength(), 0);
+}
+
+TEST_F(Controls, ListBoxesSelectRangesAndSingleItems) {
+  CListBox list;
+  ASSERT_TRUE(list.Create(WS_CHILD | LBS_EXTENDEDSEL, m_place, &m_parent, kControl));
+  for (const char* item : {"zero", "one", "two", "three"}) list.AddString(item);
+  EXPECT_EQ(list.FindStringExact(-1, "TWO"), 2);
+  EXPECT_EQ(list.FindString(-1, "t"), 2);
+  list.SelItemRange(TRUE, 0, 3);
+  EXPECT_EQ(list.GetSelCount(), 4);
+  list.SelItemRange(FALSE, 1, 2);
+  list.SelItemRange(FALSE, 3, 3);
+  int selected[4];
+  EXPECT_EQ(list.GetSelItems(4, selected), 1);
+  EXPECT_EQ(selected[0], 0);
+  list.SelItemRange(TRUE, 2, 2);
+  EXPECT_EQ(list.GetSelCount(), 2);
+
+  int value = 5;
+  list.SetItemDataPtr(1, &value);
+  EXPECT_EQ(list.GetItemDataPtr(1), &value);
+  CRect second;
+  list.GetItemRect(1, &second);
+  BOOL outside = TRUE;
+  EXPECT_EQ(list.ItemFromPoint(second.CenterPoint(), outside), 1u);
+  EXPECT_FALSE(outside);
+}
+
+TEST_F(Controls, ButtonsAndScrollBarsKeepTheirState) {
+  CButton check;
+  ASSERT_TRUE(check.Create("&Check", WS_CHILD | BS_AUTO3STATE, m_place, &m_parent, kControl));
+  for (const int state : {1, 2, 0}) {
+    check.SetCheck(state);
+    EXPECT_EQ(check.GetCheck(), state);
+  }
+  EXPECT_EQ(check.GetButtonStyle() & BS_TYPEMASK, static_cast<UINT>(BS_AUTO3STATE));
+  CScrollBar bar;
+  ASSERT_TRUE(bar.Create(WS_CHILD | SBS_VERT, m_place, &m_parent, kControl + 1));
+  SCROLLINFO info = {};
+  info.fMask = SIF_ALL;
+  info.nMax = 1000000;
+  info.nPage = 100;
+  info.nPos = 500000;
+  bar.SetScrollInfo(&info);
+  EXPECT_EQ(bar.GetScrollPos(), 500000);
+  EXPECT_EQ(bar.GetScrollLimit(), 1000000 - 99);
+}
+
+// Sorts its items by their data, from the largest to the smallest, and draws them.
+class NumberList : public CListBox {
+ public:
+  int measured = 0, deleted = 0;
+  std::vector<ULONG_PTR> drawn;
+
+  void MeasureItem(LPMEASUREITEMSTRUCT item) override {
+    ++measured;
+    item->itemHeight = 30;
+  }
+  int CompareItem(LPCOMPAREITEMSTRUCT items) override {
+    return items->itemData1 < items->itemData2 ? 1 : items->itemData1 > items->itemData2 ? -1 : 0;
+  }
+  void DrawItem(LPDRAWITEMSTRUCT item) override {
+    if (item->itemID != static_cast<UINT>(-1)) drawn.push_back(item->itemData);
+  }
+  void DeleteItem(LPDELETEITEMSTRUCT) override { ++deleted; }
+  int VKeyToItem(UINT key, UINT) override { return key == 'X' ? 2 : -1; }
+};
+
+TEST_F(Controls, OwnerDrawnListsAnswerForThemselves) {
+  NumberList list;
+  ASSERT_TRUE(
+      list.Create(WS_CHILD | WS_VISIBLE | LBS_OWNERDRAWFIXED | LBS_SORT | LBS_WANTKEYBOARDINPUT,
+                  m_place, &m_parent, kControl));
+  EXPECT_EQ(list.measured, 1);
+  EXPECT_EQ(list.GetItemHeight(0), 30);
+  for (const int number : {5, 9, 7}) {
+    list.AddString(reinterpret_cast<LPCTSTR>(static_cast<UINT_PTR>(number)));
+  }
+  list.drawn.clear();
+  list.RedrawWindow();
+  EXPECT_EQ(list.drawn, std::vector<ULONG_PTR>({9, 7, 5}));
+  const LPARAM sender = reinterpret_cast<LPARAM>(list.m_hWnd);
+  EXPECT_EQ(m_parent.SendMessage(WM_VKEYTOITEM, MAKEWPARAM('X', 0), sender), 2);
+  EXPECT_EQ(m_parent.SendMessage(WM_VKEYTOITEM, MAKEWPARAM('Y', 0), sender), -1);
+  list.DeleteString(0);
+  EXPECT_EQ(list.deleted, 1);
+  list.ResetContent();
+  EXPECT_EQ(list.deleted, 3);
+}
+
+class ColouredButton : public CButton {
+ public:
+  void DrawItem(LPDRAWITEMSTRUCT item) override {
+    CDC::FromHandle(item->hDC)->FillSolidRect(&item->rcItem,
+                                              item->itemState & ODS_DISABLED ? kRed : kGreen);
+  }
+};
+
+TEST_F(Controls, OwnerDrawnButtonsDrawThemselves) {
+  ColouredButton button;
+  ASSERT_TRUE(
+      button.Create("", WS_CHILD | WS_VISIBLE | BS_OWNERDRAW, m_place, &m_parent, kControl));
+  for (const bool enabled : {true, false}) {
+    button.EnableWindow(enabled);
+    button.RedrawWindow();
+    CClientDC dc(&button);
+    EXPECT_EQ(dc.GetPixel(5, 5), enabled ? kGreen : kRed);
+  }
+}
+
+TEST_F(Controls, CombosDropAndChoose) {
+  CComboBox combo;
+  ASSERT_TRUE(combo.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWNLIST, m_place, &m_parent, kControl));
+  for (const char* item : {"zero", "one", "two"}) combo.AddString(item);
+  EXPECT_EQ(combo.GetCurSel(), CB_ERR);
+  EXPECT_EQ(combo.SelectString(-1, "TW"), 2);
+  combo.ShowDropDown();
+  EXPECT_TRUE(combo.GetDroppedState());
+  combo.SendMessage(WM_KEYDOWN, VK_UP);
+  combo.SendMessage(WM_KEYDOWN, VK_RETURN);
+  EXPECT_FALSE(combo.GetDroppedState());
+  CString chosen;
+  combo.GetWindowText(chosen);
+  EXPECT_EQ(text(chosen), "one");
+}
+
+}  // namespace

@@ -1,0 +1,79 @@
+// Nothing is left behind by windows that come and go.
+#include <afxwin.h>
+
+#include "windows/GuiObjects.h"
+#include "windows/Steps.h"
+
+namespace {
+
+class Balance : public WindowTest {};
+
+// A dialog that uses what dialogs use: subclassed controls, fonts, menus, drawing.
+class BusyDialog : public StepDialog {
+ public:
+  BusyDialog()
+      : StepDialog(DialogTemplate("Busy").Edit("text", 1).Button("Go", 2).Static("text", 3)) {}
+
+ protected:
+  BOOL OnInitDialog() override {
+    StepDialog::OnInitDialog();
+    m_edit.SubclassDlgItem(1, this);
+    m_font.CreatePointFont(90, "Tahoma");
+    m_edit.SetFont(&m_font);
+    CClientDC dc(this);
+    dc.TextOut(0, 0, "x");
+    CMenu menu;
+    menu.CreatePopupMenu();
+    menu.AppendMenu(MF_STRING, 9, "Item");
+    return TRUE;
+  }
+
+ private:
+  CFont m_font;
+  CWnd m_edit;
+};
+
+BOOL CALLBACK countWindow(HWND, LPARAM count) {
+  ++*reinterpret_cast<int*>(count);
+  return TRUE;
+}
+
+int windowsOfThread() {
+  int count = 0;
+  ::EnumThreadWindows(GetCurrentThreadId(), countWindow, reinterpret_cast<LPARAM>(&count));
+  return count;
+}
+
+}  // namespace
+
+constexpr int kDialogs = 1000;
+constexpr int kFewerThanOneEach = kDialogs / 2;
+
+TEST_F(Balance, CountersSeeObjects) {
+  const int user = UserObjects(), gdi = GdiObjects();
+  std::vector<HMENU> menus(kDialogs);
+  std::vector<HPEN> pens(kDialogs);
+  for (HMENU& menu : menus) menu = ::CreateMenu();
+  for (HPEN& pen : pens) pen = ::CreatePen(PS_SOLID, 1, RGB(1, 2, 3));
+  EXPECT_GT(UserObjects(), user + kFewerThanOneEach);
+  EXPECT_EQ(GdiObjects(), gdi + kDialogs);
+  for (HMENU menu : menus) ::DestroyMenu(menu);
+  for (HPEN pen : pens) ::DeleteObject(pen);
+  EXPECT_EQ(GdiObjects(), gdi);
+}
+
+TEST_F(Balance, ThousandDialogsLeaveNothing) {
+  const auto run = [](int times) {
+    while (times-- > 0) {
+      BusyDialog dialog;
+      EXPECT_EQ(dialog.DoModal(), StepDialog::kStepsDone);
+      DeleteTemporaryObjects();
+    }
+  };
+  run(20);  // the system's own caches
+  const int user = UserObjects(), gdi = GdiObjects(), windows = windowsOfThread();
+  run(kDialogs);
+  EXPECT_EQ(windowsOfThread(), windows);
+  EXPECT_LT(UserObjects(), user + kFewerThanOneEach);
+  EXPECT_LE(GdiObjects(), gdi);
+}

@@ -1,0 +1,114 @@
+// Exceptions that a handler lets out stop at the window's border.
+#include <afxwin.h>
+
+#include <stdexcept>
+#include <string>
+
+#include "windows/BoxAnswer.h"
+#include "windows/Steps.h"
+
+namespace {
+
+constexpr UINT kThrow = WM_USER + 1;
+enum Kind { kFramework, kUser, kText, kStandard, kNumber };
+
+class Thrower : public CWnd {
+ public:
+  bool throwOnCreate = false;
+  int paints = 0;
+  bool Make() { return CreateEx(0, nullptr, "", WS_POPUP, CRect(0, 0, 50, 50), nullptr, 0); }
+
+ protected:
+  afx_msg int OnCreate(LPCREATESTRUCT) {
+    if (throwOnCreate) AfxThrowResourceException();
+    return 0;
+  }
+  afx_msg void OnPaint() {
+    ++paints;
+    AfxThrowUserException();
+  }
+  afx_msg LRESULT OnThrow(WPARAM kind, LPARAM) {
+    switch (kind) {
+      case kFramework:
+        AfxThrowNotSupportedException();
+      case kUser:
+        AfxThrowUserException();
+      case kText:
+        throw "the text";
+      case kStandard:
+        throw std::runtime_error("the reason");
+      default:
+        throw 1;
+    }
+  }
+  DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(Thrower, CWnd)
+ON_WM_CREATE()
+ON_WM_PAINT()
+ON_MESSAGE(kThrow, &Thrower::OnThrow)
+END_MESSAGE_MAP()
+
+class Exceptions : public WindowTest {};
+
+}  // namespace
+
+TEST_F(Exceptions, AreShownToTheUserUnlessTheyAreTheUsers) {
+  Thrower window;
+  ASSERT_TRUE(window.Make());
+  const struct {
+    Kind kind;
+    const char* text;
+  } cases[] = {
+      {kFramework, "An unsupported operation was attempted."},
+      {kText, "the text"},
+      {kStandard, "the reason"},
+      {kNumber, "An unknown error occurred."},
+  };
+  for (const auto& c : cases) {
+    BoxAnswer box(IDOK);
+    EXPECT_EQ(window.SendMessage(kThrow, c.kind), 0);
+    EXPECT_EQ(box.text, c.text);
+  }
+  EXPECT_EQ(window.SendMessage(kThrow, kUser), 0);
+}
+
+TEST_F(Exceptions, ProgramMayTakeThem) {
+  class App : public CWinApp {
+   public:
+    App() : CWinApp("exceptions") {}
+    LRESULT ProcessWndProcException(CException* e, const MSG* message) override {
+      isUnsupported = e->IsKindOf(RUNTIME_CLASS(CNotSupportedException));
+      last = message->message;
+      return 5;
+    }
+    bool isUnsupported = false;
+    UINT last = 0;
+  } app;
+  Thrower window;
+  ASSERT_TRUE(window.Make());
+  EXPECT_EQ(window.SendMessage(kThrow, kFramework), 5);
+  EXPECT_TRUE(app.isUnsupported);
+  EXPECT_EQ(app.last, kThrow);
+}
+
+TEST_F(Exceptions, StopTheCreationOfAWindow) {
+  Thrower window;
+  window.throwOnCreate = true;
+  EXPECT_FALSE(window.Make());
+  EXPECT_EQ(window.m_hWnd, nullptr);
+  window.throwOnCreate = false;
+  EXPECT_TRUE(window.Make());
+}
+
+// The system asks for a painting until it is done.
+TEST_F(Exceptions, DoNotPaintForEver) {
+  Thrower window;
+  ASSERT_TRUE(window.Make());
+  window.ShowWindow(SW_SHOWNOACTIVATE);
+  window.Invalidate();
+  window.UpdateWindow();
+  EXPECT_EQ(window.paints, 1);
+  EXPECT_FALSE(window.GetUpdateRect(nullptr));
+}
