@@ -9,7 +9,7 @@ namespace {
 constexpr size_t kPageSize = 4 * 1024;
 constexpr size_t kMostPages = 2048;  // 8 MB: all headers of an archive of small entries
 
-constexpr size_t kWindowSize = 128 * 1024;
+constexpr size_t kWindowSize = 256 * 1024;
 
 }  // namespace
 
@@ -94,23 +94,24 @@ ZipResult ZipInput::ShowData(uint64_t position, uint64_t wanted, const uint8_t*&
     return kZipOk;
   }
   // Small entries often lie in the page of their header.
-  if (const Page* page = FindPage(position / kPageSize)) {
-    const auto offset = static_cast<size_t>(position % kPageSize);
-    bytes = page->bytes + offset;
-    size = static_cast<size_t>(std::min<uint64_t>(kPageSize - offset, wanted));
+  const auto inPage = static_cast<size_t>(position % kPageSize);
+  const Page* const page = FindPage(position / kPageSize);
+  if (page != nullptr && wanted <= kPageSize - inPage) {
+    bytes = page->bytes + inPage;
+    size = static_cast<size_t>(wanted);
     return kZipOk;
   }
   if (position < m_windowStart || position >= m_windowStart + m_windowFill) {
     const auto piece = static_cast<size_t>(std::min<uint64_t>(wanted, kWindowSize));
-    if (!m_window) m_window.reset(new uint8_t[kWindowSize]);
     m_windowFill = 0;
-    if (const ZipResult result = ReadFileAt(position, m_window.get(), piece); result != kZipOk)
+    if (m_window.size() < piece) m_window.resize(piece);
+    if (const ZipResult result = ReadFileAt(position, m_window.data(), piece); result != kZipOk)
       return result;
     m_windowStart = position;
     m_windowFill = piece;
   }
   const auto offset = static_cast<size_t>(position - m_windowStart);
-  bytes = m_window.get() + offset;
+  bytes = m_window.data() + offset;
   size = static_cast<size_t>(std::min<uint64_t>(m_windowFill - offset, wanted));
   return kZipOk;
 }

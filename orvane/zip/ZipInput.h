@@ -59,7 +59,7 @@ class ZipInput {
 
   std::vector<std::unique_ptr<Page>> m_pages;  // a power of two; each place is that of many pages
 
-  std::unique_ptr<uint8_t[]> m_window;
+  std::vector<uint8_t> m_window;  // no larger than was ever wanted
   uint64_t m_windowStart = 0;
   size_t m_windowFill = 0;
 };
