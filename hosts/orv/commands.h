@@ -8,3 +8,4 @@ int ZipCommand(int count, char** arguments);
 int UnzipCommand(int count, char** arguments);
 int ListCommand(int count, char** arguments);
 int TestCommand(int count, char** arguments);
+int XmlCommand(int count, char** arguments);

@@ -1,0 +1,273 @@
+"""Markup files that packages of this machine install, read by orv and by well-formedness checkers
+(expat for XML, Python's reader for HTML): the same verdict and the same tree, except for differences
+whose cause is known. They are counted by cause."""
+
+import collections
+import glob
+import html.parser
+import pathlib
+import re
+import xml.parsers.expat
+
+import interop
+from interop import check, check_equal
+
+# Installed by tools/setup, or by Debian itself.
+XML = [
+    "/etc/fonts/fonts.conf",
+    "/usr/share/fontconfig/conf.avail/*.conf",
+    "/etc/ImageMagick-6/*.xml",
+    "/usr/share/ImageMagick-6/*.xml",
+    "/usr/share/X11/xkb/rules/*.xml",
+    "/usr/share/dbus-1/system.d/*.conf",
+    "/usr/share/metainfo/*.xml",
+    "/usr/share/icons/hicolor/scalable/apps/*.svg",
+    "/usr/share/mime/packages/freedesktop.org.xml",
+]
+HTML = [
+    "/usr/share/doc/base-passwd/*.html",
+    "/usr/share/doc/libffi8/html/*.html",
+    "/usr/share/doc/libz-mingw-w64-dev/examples/*.html",
+    "/usr/share/doc/ninja-build/*.html",
+    "/usr/share/doc/ocl-icd-libopencl1/html/*.html",
+    "/usr/share/doc/python3/*.html",
+    "/usr/share/doc/librapidxml-dev/*.html",
+]
+MOST_OF_A_KIND = 12
+FEWEST = 30
+
+# What orv says of a document that XML allows, and why.
+ORV_IS_STRICTER = [
+    (r": 105 Illegal character \([^\x00-\x7f]", "a name with letters beyond ASCII"),
+    (r": 105 Illegal character \(\.\)", "a name with a dot"),
+    (r": 106 Unexpected token\.", "a text that begins with > or ="),
+    (r": 108 Bad character entity", "an entity declared elsewhere"),
+]
+# What only orv takes: by what expat says of the document, or by what is in it.
+ORV_IS_MILDER = [
+    (r"junk after document element", "several top-level elements"),
+    (r"duplicate attribute", "an attribute that is there twice"),
+    (r"(?s)<!--(?:(?!-->).)*--(?!>)", "two dashes inside a comment"),
+    (r"<\?xml [^>]*=(?!['\"])", "the inside of an instruction isn't looked at"),
+    (r"<[^?!>]*=-?\d", "a number without quotes"),
+]
+# What makes a tree differ on purpose, and how to recognise it.
+TREE_DIFFERS = [
+    (rb"='[^'<>]*&[^']*'", "a value in single quotes is not decoded"),
+    (rb"&#(x[0-9a-fA-F]{3,}|[3-9]\d\d|2[6-9]\d|25[6-9]|\d{4,});", "a character reference above 255"),
+    (rb"&#(32|x20);", "a reference to a blank adds nothing"),
+    (rb"<!ENTITY", "declared values keep their quotes"),
+]
+
+
+def documents(patterns):
+    """The files that are there, without doubles."""
+    seen = set()
+    for pattern in patterns:
+        paths = sorted(glob.glob(pattern))
+        step = max(1, len(paths) // MOST_OF_A_KIND)
+        for path in map(pathlib.Path, paths[::step]):
+            data = path.read_bytes()
+            if data not in seen and data.lstrip(b"\xef\xbb\xbf \r\n").startswith(b"<"):
+                seen.add(data)
+                yield path, data
+
+
+class Tree:
+    """What a checker reads: start tags with attributes, and the characters without white space."""
+
+    def __init__(self):
+        self.error = None
+        self.elements = []
+        self.depth = 0
+        self._open = 0
+        self._text = []
+
+    @classmethod
+    def of_xml(cls, data):
+        tree = cls()
+        parser = xml.parsers.expat.ParserCreate()
+        parser.specified_attributes = True  # not those that a declaration adds
+        parser.StartElementHandler = tree.start
+        parser.EndElementHandler = tree.end
+        parser.CharacterDataHandler = tree._text.append
+        try:
+            parser.Parse(data, True)
+        except xml.parsers.expat.ExpatError as error:
+            tree.error = str(error)
+        return tree
+
+    def start(self, name, attributes):
+        values = {key: "".join(value.split()) for key, value in attributes.items()}
+        self.elements.append((name, values))
+        self._open += 1
+        self.depth = max(self.depth, self._open)
+
+    def end(self, _):
+        self._open -= 1
+
+    @property
+    def attributes(self):
+        return sum(len(attributes) for _, attributes in self.elements)
+
+    @property
+    def text(self):
+        return "".join("".join(self._text).split())
+
+
+class TagCounter(html.parser.HTMLParser):
+    def __init__(self, data):
+        super().__init__()
+        self.elements = self.attributes = 0
+        self.feed(data.decode("latin-1"))
+        self.close()
+
+    def handle_starttag(self, _, attributes):
+        self.elements += 1
+        self.attributes += len(attributes)
+
+
+def summary(output):
+    return {key: int(value) for key, value in (line.split() for line in output.decode().splitlines())}
+
+
+def cause(table, text, what):
+    for pattern, name in table:
+        if re.search(pattern, text):
+            return name
+    raise interop.Failure(f"{what}: {text[:300]}")
+
+
+class Causes:
+    """Differences by their cause."""
+
+    def __init__(self):
+        self._files = collections.defaultdict(list)
+
+    def add(self, name, path):
+        self._files[name].append(path.name)
+
+    def print(self, what):
+        print(what)
+        for name, files in sorted(self._files.items()):
+            print(f"  {name}: {len(files)} ({', '.join(sorted(set(files))[:5])})")
+
+    def __len__(self):
+        return sum(len(files) for files in self._files.values())
+
+
+def check_xml(orv, folder, path, data, causes):
+    written = folder / "written.xml"
+    written.unlink(missing_ok=True)
+    expected = Tree.of_xml(data)
+    result = orv.run("xml", path, "-o", written)
+    check(result.status in (0, 1), f"{path}: exit status {result.status}\n{result.stderr}")
+    if result.status != 0:
+        if expected.error is None:
+            why = cause(ORV_IS_STRICTER, result.stderr, f"{path}: only orv refuses it")
+            causes.add(why, path)
+        return
+    if expected.error is not None:
+        text = expected.error + "\n" + data.decode("latin-1")
+        causes.add(cause(ORV_IS_MILDER, text, f"{path}: only orv takes it"), path)
+        return
+    found = summary(result.stdout)
+    check_equal(found["elements"], len(expected.elements), f"{path}: elements")
+    check_equal(found["attributes"], expected.attributes, f"{path}: attributes")
+    check_equal(found["depth"], expected.depth, f"{path}: depth")
+
+    output = written.read_bytes()
+    # The internal subset isn't kept, and leaves its closing bracket.
+    output = re.sub(rb"(<!DOCTYPE[^>\]]*)\]", rb"\1", output)
+    tree = Tree.of_xml(output)
+    check_equal(tree.error, None, f"{path}: expat's word on what orv wrote")
+    names = [name for name, _ in tree.elements]
+    check_equal(names, [name for name, _ in expected.elements], f"{path}: names of elements")
+    if (tree.elements, tree.text) != (expected.elements, expected.text):
+        known = [name for pattern, name in TREE_DIFFERS if re.search(pattern, data)]
+        check(known, f"{path}: the written tree differs")
+        causes.add(known[0], path)
+
+
+def installed_xml(orv, folder):
+    causes = Causes()
+    count = 0
+    for path, data in documents(XML):
+        check_xml(orv, folder, path, data, causes)
+        count += 1
+    check(count >= FEWEST, f"only {count} XML files were found")
+    causes.print(f"{count} XML files; differences by cause:")
+
+
+def broken_xml(orv, folder):
+    """The same with one mistake each."""
+    causes = Causes()
+    count = 0
+    path = folder / "broken.xml"
+    for number, (_, data) in enumerate(documents(XML)):
+        if number % 8 != 0:
+            continue
+        tags = [match.span() for match in re.finditer(rb"</[^>]*>", data)]
+        start, end = tags[len(tags) // 2]
+        for broken in (
+            data[: start + 1],
+            data[:start] + data[end:],
+            data[: end - 1] + data[end:],
+            data[:start] + b"</other>" + data[end:],
+            data[:start] + b"<" + data[start:],
+            re.sub(rb'="', b"=", data, count=1),
+        ):
+            path.write_bytes(broken)
+            check_xml(orv, folder, path, broken, causes)
+            count += 1
+    causes.print(f"{count} XML files with a mistake; differences by cause:")
+
+
+def installed_html(orv, folder):
+    count = 0
+    causes = Causes()
+    for path, data in documents(HTML):
+        result = orv.run("xml", "--html", path, "-o", folder / "written.html")
+        count += 1
+        if result.status != 0:
+            causes.add(cause(ORV_IS_STRICTER, result.stderr, f"{path}: orv refuses it"), path)
+            continue
+        tags = TagCounter(data)
+        found = summary(result.stdout)
+        check_equal(found["elements"], tags.elements, f"{path}: elements")
+        check_equal(found["attributes"], tags.attributes, f"{path}: attributes")
+        again = orv.run("xml", "--html", folder / "written.html")
+        again.expect()
+        check_equal(summary(again.stdout)["elements"], tags.elements, f"{path}: written elements")
+    causes.print(f"{count} HTML files; differences by cause:")
+    check(len(causes) * 5 <= count, "more than a fifth of the HTML files are refused")
+
+
+def command_line(orv, folder):
+    """What scripts rely on."""
+    good = folder / "good.xml"
+    good.write_bytes(b"<a x='1'>t<b/></a><![CDATA[u]]>")
+    bad = folder / "bad.xml"
+    bad.write_bytes(b"<a>\n &x; </b>")
+    out = folder / "new" / "out.xml"
+    result = orv.run("xml", good, "-o", out).expect()
+    check_equal(summary(result.stdout), {"elements": 2, "attributes": 1, "texts": 2, "depth": 2}, "summary")
+    check(out.exists(), "-o wrote nothing")
+    result = orv.run("xml", bad).expect(1)
+    check_equal(result.stdout, b"", "stdout for a file with problems")
+    name = interop.windows_path(bad)
+    check_equal(
+        result.stderr.splitlines(),
+        [
+            f"{name}:2:4: 108 Bad character entity '&x;' encountered.",
+            f"{name}:2:9: 107 Expecting end tag 'a'. Found end tag 'b' instead.",
+        ],
+        "problems",
+    )
+    check("no such file" in orv.run("xml", folder / "none.xml").expect(1).stderr, "a missing file")
+    for arguments in ([], ["--html"], [good, good], [good, "-o"], [good, "--what"]):
+        check("usage" in orv.run("xml", *arguments).expect(2).stderr, f"usage: {arguments}")
+
+
+if __name__ == "__main__":
+    interop.main([command_line, installed_xml, broken_xml, installed_html], "markup")

@@ -1,0 +1,251 @@
+// Parsers derived from COXParser: what the virtual operations and the readers are for.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <stdexcept>
+
+#include "tree_text.h"
+
+namespace {
+
+bool IsOneOf(const char* name, std::initializer_list<const char*> names) {
+  for (const char* each : names) {
+    if (_stricmp(name, each) == 0) return true;
+  }
+  return false;
+}
+
+// A small part of HTML.
+class PageParser : public COXParser {
+ public:
+  explicit PageParser(bool strict = true) { m_strictEndTags = strict; }
+
+ protected:
+  int IsEndTagMissing(const char* element, const char* tag, int isEndTag) override {
+    if (IsOneOf(element, {"br", "img"})) return TRUE;
+    if (!IsOneOf(element, {"p", "li"})) return FALSE;
+    return isEndTag || IsOneOf(tag, {"p", "li", "ul"});
+  }
+  int IgnoreStartTag(COXParserElement* element, int) override {
+    return element->IsName("font", FALSE);
+  }
+  int IgnoreEndTag(const char* name) override { return IsOneOf(name, {"font", "br"}); }
+  int AddObjectToElement(COXParserElement* element, COXParserObject* object) override {
+    if (object->GetType() == COXParserObject::COMMENT) {
+      delete object;
+      return 1;
+    }
+    return COXParser::AddObjectToElement(element, object);
+  }
+  const char* GetLiteralString(const char* name) override {
+    return strcmp(name, "nbsp") == 0 ? "\xA0" : COXParser::GetLiteralString(name);
+  }
+  COXParserElement* ParseStartTag(COXParserElement* parent, int& empty) override {
+    COXParserElement* const element = COXParser::ParseStartTag(parent, empty);
+    if (element != nullptr && IsOneOf(element->GetName(), {"br", "img"})) empty = 1;
+    return element;
+  }
+};
+
+TEST(DerivedParser, ClosesIgnoresAndReplaces) {
+  struct {
+    const char* document;
+    const char* tree;
+    const char* errors = "";
+  } const cases[] = {
+      {"<ul><li>a<LI>b</ul>c", "ul{li{\"a\"} LI{\"b\"}} \"c\""},
+      {"<p>a<p>b<br>c</p><p>", "p{\"a\"} p{\"b\" br \"c\"} p"},
+      {"<p>a<ul><li><p>b</ul>", "p{\"a\"} ul{li p{\"b\"}}"},
+      {"<p><font size=3>a</font><!-- gone --></p>", "p{\"a\"}"},
+      {"<p>a&nbsp;b",
+       "p{\"a\xA0"
+       "b\"}"},
+      {"</font>a</br>", "\"a\""},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.document);
+    PageParser parser;
+    const Errors errors(parser);
+    EXPECT_TRUE(parser.Parse(each.document));
+    EXPECT_EQ(Describe(parser.Root()), std::string("[Root]{") + each.tree + "}");
+    EXPECT_EQ(errors.Text(), each.errors);
+  }
+}
+
+TEST(DerivedParser, WrongEndTagsMayBePassedOver) {
+  PageParser parser(false);
+  const Errors errors(parser);
+  EXPECT_TRUE(parser.Parse("<a>\n<b></x></b>t</a>"));
+  EXPECT_EQ(Describe(parser.Root()), "[Root]{a{b \"t\"}}");
+  EXPECT_EQ(errors.Text(), "107 2:7 Expecting end tag 'b'. Found end tag 'x' instead.");
+}
+
+// Opens the readers to the tests.
+class Reader : public COXParser {
+ public:
+  using COXParser::GetNameToken;
+  using COXParser::GetNextChar;
+  using COXParser::GetNumberToken;
+  using COXParser::GetStringToken;
+  using COXParser::GetToken;
+  using COXParser::RemoveWhiteSpace;
+  using COXParser::ReportError;
+  using COXParser::RestoreBufferPos;
+  using COXParser::SaveBufferPos;
+  using COXParser::UngetChar;
+
+  // Runs something in place of parsing the text.
+  std::string Read(const char* text, const std::function<void(Reader&)>& run) {
+    const Errors errors(*this);
+    m_run = run;
+    Parse(text);
+    return errors.Text();
+  }
+
+ protected:
+  int ParseElement(COXParserElement*, int) override {
+    m_run(*this);
+    return 1;
+  }
+
+ private:
+  std::function<void(Reader&)> m_run;
+};
+
+TEST(DerivedParser, ReadsCharacters) {
+  std::string read;
+  const auto next = [&read](Reader& reader, int count = 1, int join = TRUE) {
+    read += reader.GetNextChar(count, FALSE, join);
+    reader.ReportError(0, "%s", "");
+  };
+  Reader reader;
+  EXPECT_EQ(reader.Read("a\r\nb\rc",
+                        [&](Reader& r) {
+                          for (int i = 0; i < 6; ++i) next(r);
+                        }),
+            "0 1:2 ; 0 2:0 ; 0 2:1 ; 0 2:2 ; 0 2:3 ; 0 2:3 ");
+  EXPECT_EQ(read, std::string("a\nb\rc\0", 6));
+
+  read.clear();
+  EXPECT_EQ(reader.Read("ab\r\ncd",
+                        [&](Reader& r) {
+                          next(r, 3, FALSE);  // the carriage return alone
+                          next(r);
+                          const char* const place = r.SaveBufferPos();
+                          next(r, 2);
+                          r.UngetChar(4);
+                          next(r, 0);
+                          r.UngetChar(99);
+                          next(r, 0);
+                          r.RestoreBufferPos(place);
+                          next(r, 0);
+                          r.GetNextChar(3);
+                        }),
+            "0 1:4 ; 0 2:0 ; 0 2:2 ; 0 1:3 ; 0 1:1 ; 0 2:0 ; 102 2:2 Unexpected end of buffer.");
+  EXPECT_EQ(read, std::string("\r\nd\0\0\0", 6));
+
+  reader.Read("  \r\n x ", [](Reader& r) {
+    EXPECT_TRUE(r.RemoveWhiteSpace());
+    EXPECT_EQ(r.GetNextChar(), 'x');
+    EXPECT_FALSE(r.RemoveWhiteSpace());
+  });
+}
+
+TEST(DerivedParser, ReadsTokens) {
+  struct {
+    const char* text;
+    int type;
+    char next;
+  } const cases[] = {
+      {"<a", COXToken::TAG_START, 'a'},
+      {"< a", COXToken::TAG_START, ' '},
+      {"</a", COXToken::END_TAG_START, 'a'},
+      {"<?a", COXToken::PI_START, 'a'},
+      {" >a", COXToken::TAG_CLOSE, 'a'},
+      {"/>a", COXToken::EMPTY_TAG_CLOSE, 'a'},
+      {"<!--a", COXToken::COMMENT_START, 'a'},
+      {"<!-a", COXToken::MARKUP_START, '-'},
+      {"<!a", COXToken::MARKUP_START, 'a'},
+      {"-->a", COXToken::COMMENT_END, 'a'},
+      {"\n=a", COXToken::EQUALS, 'a'},
+      {"\"a", COXToken::DOUBLE_QUOTE, 'a'},
+      {"'a", COXToken::SINGLE_QUOTE, 'a'},
+      {"/a", COXToken::TEXT, '/'},
+      {"--a", COXToken::TEXT, '-'},
+      {"->a", COXToken::TEXT, '-'},
+      {"a", COXToken::TEXT, 'a'},
+      {"!a", COXToken::TEXT, '!'},
+  };
+  Reader reader;
+  for (const auto& each : cases) {
+    const std::string errors = reader.Read(each.text, [&each](Reader& r) {
+      COXToken token;
+      EXPECT_TRUE(r.GetToken(token, TRUE)) << each.text;
+      EXPECT_EQ(token.GetType(), each.type) << each.text;
+      EXPECT_EQ(r.GetNextChar(), each.next) << each.text;
+    });
+    EXPECT_EQ(errors, "");
+  }
+  EXPECT_EQ(reader.Read(" \n",
+                        [](Reader& r) {
+                          COXToken token;
+                          EXPECT_FALSE(r.GetToken(token, FALSE));
+                          EXPECT_FALSE(r.GetToken(token, TRUE));
+                          EXPECT_EQ(token.GetType(), COXToken::NONE);
+                        }),
+            "102 2:0 Unexpected end of buffer.");
+}
+
+TEST(DerivedParser, ReadsContentsOfTokens) {
+  Reader reader;
+  const std::string errors = reader.Read("na-me 12 x|y&lt;| 'a&lt;\r\nb'", [](Reader& r) {
+    COXQuickString text("before");
+    EXPECT_TRUE(r.GetNameToken(text));
+    EXPECT_STREQ(text, "na-me");
+    r.RemoveWhiteSpace();
+    int number = 0;
+    EXPECT_TRUE(r.GetNumberToken(number));
+    EXPECT_EQ(number, 12);
+    r.RemoveWhiteSpace();
+    EXPECT_TRUE(r.GetNumberToken(number));  // no digits
+    EXPECT_EQ(number, 0);
+    EXPECT_EQ(r.GetNextChar(2), '|');
+    EXPECT_TRUE(r.GetStringToken(text, '|', TRUE));
+    EXPECT_STREQ(text, "y<");
+    r.RemoveWhiteSpace();
+    EXPECT_EQ(r.GetNextChar(), '\'');
+    EXPECT_TRUE(r.GetStringToken(text, '\'', TRUE));
+    EXPECT_STREQ(text, "a<\nb");
+    EXPECT_FALSE(r.GetStringToken(text, '\'', TRUE));
+    EXPECT_TRUE(text.IsEmpty());
+  });
+  EXPECT_EQ(errors, "102 2:2 Unexpected end of buffer while parsing string.");
+}
+
+TEST(DerivedParser, HandlesErrorsItself) {
+  class Handler : public COXParser {
+   public:
+    int m_code = 0;
+
+   protected:
+    int DefErrorHandler(int code, const char*, int, int, unsigned long) override {
+      return m_code = code;
+    }
+  };
+  Handler parser;
+  EXPECT_FALSE(parser.Parse("<a>"));
+  EXPECT_EQ(parser.m_code, 107);
+}
+
+TEST(DerivedParser, AnExceptionOfTheHostEndsTheParse) {
+  COXParser parser;
+  parser.SetErrorRptFunction(
+      [](int, const char*, int, int, unsigned long) -> int { throw std::runtime_error("stop"); },
+      0);
+  EXPECT_FALSE(parser.Parse("<a x='1'>&lt<b>"));
+  EXPECT_EQ(Describe(parser.Root()), "[Root]");
+  EXPECT_FALSE(parser.Parse("<a/><b x='1' y=>"));
+  EXPECT_EQ(Describe(parser.Root()), "[Root]{a}");
+}
+
+}  // namespace

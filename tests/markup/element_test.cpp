@@ -1,0 +1,197 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "support/Allocations.h"
+#include "support/AssertionLog.h"
+#include "tree_text.h"
+
+namespace {
+
+std::unique_ptr<COXParserElement> Tree() {
+  auto root = std::make_unique<COXParserElement>(nullptr, "root");
+  root->AddElement("a")->AddElement("b")->AddAttribute("n", 1);
+  root->AddElement("A")->AddElement("c");
+  root->AddObject(new COXParserObject(root.get(), COXParserObject::PLAINTEXT, "a"));
+  root->AddElement("b");
+  return root;
+}
+
+TEST(Element, FindsByPath) {
+  struct {
+    const char* path;
+    int caseSensitive;
+    const char* found;  // the path from the root, or null
+  } const cases[] = {
+      {"a", TRUE, "root/a"},      {"A", TRUE, "root/A"},         {"A", FALSE, "root/a"},
+      {"a\\b", TRUE, "root/a/b"}, {"a\\x\\b", TRUE, "root/a/b"}, {"x\\b", TRUE, "root/b"},
+      {"a\\b\\x", TRUE, nullptr}, {"a\\", TRUE, "root/a"},       {"a\\\\b", TRUE, "root/a"},
+      {"\\a", TRUE, nullptr},     {"", TRUE, nullptr},           {nullptr, TRUE, nullptr},
+      {"ab", TRUE, nullptr},      {"A\\C", FALSE, nullptr},      {"A\\c", TRUE, "root/A/c"},
+  };
+  const auto root = Tree();
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.path != nullptr ? each.path : "null");
+    const COXParserElement* const found = root->FindElement(each.path, each.caseSensitive);
+    ASSERT_EQ(found != nullptr, each.found != nullptr);
+    if (found == nullptr) continue;
+    std::string path = found->GetName();
+    for (const COXParserElement* at = found->GetParent(); at != nullptr; at = at->GetParent()) {
+      path = at->GetName() + ("/" + path);
+    }
+    EXPECT_EQ(path, each.found);
+  }
+}
+
+TEST(Element, FindsAttributes) {
+  COXParserElement element(nullptr, "e");
+  COXAttribute* const number = element.AddAttribute("n", 5);
+  COXAttribute* const text = element.AddAttribute("n", "5");
+  COXAttribute* const other = element.AddAttribute("N", "five");
+  EXPECT_EQ(element.FindAttribute("n", true), number);
+  EXPECT_EQ(element.FindAttribute("N", true), other);
+  EXPECT_EQ(element.FindAttribute("N", false), number);
+  EXPECT_EQ(element.FindAttribute("n", "5", true), text);
+  EXPECT_EQ(element.FindAttribute("n", "FIVE", false), other);
+  EXPECT_EQ(element.FindAttribute("n", "five", true), nullptr);
+  EXPECT_EQ(element.FindAttribute("N", 5, false), number);
+  EXPECT_EQ(element.FindAttribute("n", 6, true), nullptr);
+  EXPECT_EQ(element.FindAttribute(nullptr, true), nullptr);
+  EXPECT_EQ(element.FindAttribute("n", nullptr, true), nullptr);
+}
+
+TEST(Attribute, HoldsATextOrAnInteger) {
+  COXAttribute attribute;
+  EXPECT_STREQ(attribute.GetStringValue(), "");
+  EXPECT_EQ(attribute.GetIntValue(), 0);
+  EXPECT_TRUE(attribute.IsValidObj());
+  attribute.SetValue(-5);
+  EXPECT_STREQ(attribute.GetStringValue(), "-5");
+  EXPECT_FALSE(attribute.IsValue("-5", TRUE));
+  attribute.SetValue("text");
+  EXPECT_EQ(attribute.GetIntValue(), 0);
+  EXPECT_TRUE(attribute.IsValue("TEXT", FALSE));
+  EXPECT_FALSE(attribute.IsValue("TEXT", TRUE));
+  attribute.SetName("name");
+  COXAttribute copy("other", 7);
+  copy = attribute;
+  EXPECT_TRUE(copy.IsName("name", TRUE));
+  EXPECT_STREQ(copy.GetStringValue(), "text");
+  copy = COXAttribute("number", INT_MIN);
+  EXPECT_STREQ(copy.GetStringValue(), "-2147483648");
+}
+
+TEST(Element, InsertsMovesAndDeletes) {
+  COXParserElement root(nullptr, "r");
+  root.AddElement("b");
+  root.InsertElement(0, "a");
+  root.InsertElement(2, "d");
+  COXParserElement* const c = root.InsertElement(2, "c");
+  EXPECT_EQ(Describe(root), "r{a b c d}");
+  EXPECT_EQ(root.MoveObject(0, c), 1);
+  EXPECT_EQ(Describe(root), "r{c a b d}");
+  EXPECT_EQ(root.MoveObject(3, c), 1);
+  EXPECT_EQ(Describe(root), "r{a b d c}");
+  EXPECT_EQ(root.MoveObject(0, nullptr), 0);
+  EXPECT_EQ(root.MoveObject(1, new COXParserElement(nullptr, "new")), 1);
+  EXPECT_EQ(Describe(root), "r{a new b d c}");
+  EXPECT_EQ(root.GetElement(1)->GetParent(), &root);
+  EXPECT_EQ(root.DelObject(1), 1);
+  EXPECT_EQ(root.DelObject(c), 1);
+  EXPECT_EQ(root.DelObject(static_cast<COXParserObject*>(nullptr)), 0);
+  EXPECT_EQ(Describe(root), "r{a b d}");
+
+  root.AddElementAtt("n", 0, "x", "text")->AddElementAtt("m", 0, "y", -3);
+  root.AddElementAtt("t", 0, "time", CTime(1000000000));
+  root.AddElementObj("c", 0, "raw", COXParserObject::CDATA);
+  EXPECT_EQ(Describe(root), "r{c{cdata\"raw\"} t[time='1000000000'] n[x='text']{m[y='-3']} a b d}");
+  root.GetElement(2)->AddAttribute("z", 1);
+  EXPECT_EQ(root.GetElement(2)->DelAttribute(0), 1);
+  EXPECT_EQ(root.GetElement(2)->DelAttribute(root.FindAttribute("z", true)), 0);
+  EXPECT_EQ(Describe(*root.GetElement(2)), "n[z=1]{m[y='-3']}");
+  root.ClearObjects();
+  EXPECT_EQ(Describe(root), "r");
+}
+
+TEST(Element, IndexOutOfRangeIsReported) {
+  const auto root = Tree();
+  const std::string before = Describe(*root);
+  const auto reported = [&](const std::function<bool()>& refused) {
+    const AssertionLog log;
+    return refused() && log.Names("OXElement");
+  };
+  EXPECT_TRUE(reported([&] { return root->GetObject(4) == nullptr; }));
+  EXPECT_TRUE(reported([&] { return root->GetObject(-1) == nullptr; }));
+  EXPECT_TRUE(reported([&] { return root->GetElement(2) == nullptr; }));  // a text
+  EXPECT_TRUE(reported([&] { return root->Attribute(0) == nullptr; }));
+  EXPECT_TRUE(reported([&] { return root->DelObject(4) == 0; }));
+  EXPECT_TRUE(reported([&] { return root->DelAttribute(0) == 0; }));
+  EXPECT_TRUE(reported([&] { return root->InsertElement(5, "x") == nullptr; }));
+  EXPECT_TRUE(reported([&] { return root->MoveObject(4, root->GetObject(0)) == 0; }));
+  EXPECT_EQ(Describe(*root), before);
+}
+
+TEST(Element, CopiesShareChildren) {
+  const auto root = Tree();
+  root->AddAttribute("x", "1");
+  const std::string before = Describe(*root);
+  {
+    COXParserElement copy(*root);
+    EXPECT_EQ(Describe(copy), before);
+    EXPECT_EQ(copy.GetObject(0), root->GetObject(0));
+    copy.InsertElement(1, "own")->AddElement("child");
+    copy.AddAttribute("own", 1);
+    copy.DelObject(0);
+    copy.MoveObject(0, copy.GetObject(2));
+    EXPECT_EQ(copy.GetObject(0)->GetParent(), root.get());
+    COXParserElement second(nullptr, "second");
+    second.AddElement("replaced");
+    second = copy;
+    EXPECT_EQ(Describe(second), Describe(copy));
+  }
+  EXPECT_EQ(Describe(*root), before);
+}
+
+// A thousand times what a stack of 1 MB takes, made without the parser.
+TEST(Element, DeepAndWideTreesAreDeleted) {
+  COXParserElement root(nullptr, "root");
+  COXParserElement* at = &root;
+  for (int i = 0; i < 300'000; ++i) {
+    at = at->AddElement("e");
+    at->SetParent(nullptr);  // deleting doesn't depend on it
+  }
+  for (int i = 0; i < 100'000; ++i) root.AddElement("wide")->AddAttribute("n", i);
+  root.ClearObjects();
+  EXPECT_EQ(root.NumObjects(), 0);
+}
+
+TEST(Element, OutOfMemoryAddsNothing) {
+  const auto root = Tree();
+  const std::string before = Describe(*root);
+  const std::function<bool(COXParserElement&)> additions[] = {
+      [](COXParserElement& e) { return e.AddElement("new") != nullptr; },
+      [](COXParserElement& e) { return e.AddAttribute("new", "value") != nullptr; },
+      [](COXParserElement& e) { return e.AddAttribute("new", 1) != nullptr; },
+      [](COXParserElement& e) { return e.AddElementAtt("new", 0, "x", "1") != nullptr; },
+      [](COXParserElement& e) { return e.AddElementObj("new", 0, "x", 1) != nullptr; },
+  };
+  for (const auto& add : additions) {
+    for (unsigned n = 1;; ++n) {
+      bool added;
+      bool failed;
+      {
+        const allocations::FailNth fail(n);
+        added = add(*root);
+        failed = fail.Happened();
+      }
+      EXPECT_EQ(added, !failed);
+      if (!failed) break;
+      EXPECT_EQ(Describe(*root), before);
+    }
+    const COXParserElement* const fresh = root->FindElement("new", TRUE);
+    if (fresh != nullptr) root->DelObject(const_cast<COXParserElement*>(fresh));
+    root->ClearAttributes();
+  }
+}
+
+}  // namespace
