@@ -63,7 +63,14 @@ struct ViewTraits {
   static void Release(Handle view) { UnmapViewOfFile(view); }
 };
 
+struct RegistryKeyTraits {
+  using Handle = HKEY;
+  static Handle None() { return nullptr; }
+  static void Release(Handle key) { RegCloseKey(key); }
+};
+
 using unique_file = unique_handle_of<FileHandleTraits>;
 using unique_find = unique_handle_of<FindHandleTraits>;
 using unique_kernel_handle = unique_handle_of<KernelHandleTraits>;
 using unique_view = unique_handle_of<ViewTraits>;
+using unique_registry_key = unique_handle_of<RegistryKeyTraits>;
