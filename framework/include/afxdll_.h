@@ -1,6 +1,7 @@
 // Extension modules: libraries that add their classes and resources to the program that loads them.
 #pragma once
 
+#include "afxcmdt_.h"
 #include "afxstat_.h"
 
 // The record of an extension module: one static object in the module, all zero before
@@ -25,7 +26,7 @@ AFX_CORE_DATA void AFXAPI AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BO
 // A module in the chain in which the program looks for resources and classes. DllMain makes one
 // with new, after AfxInitExtensionModule; it puts itself at the head of the chain, and the
 // framework deletes it.
-class AFX_CORE_DATA CDynLinkLibrary : public CObject {
+class AFX_CORE_DATA CDynLinkLibrary : public CCmdTarget {
   DECLARE_DYNAMIC(CDynLinkLibrary)
  public:
   // bSystem: a module that AfxTermExtensionModule leaves in the chain when it takes out all.

@@ -9,7 +9,6 @@
 #include "afxgdi_.h"
 #include "afxdc_.h"
 #include "afxmenu_.h"
-#include "afxcmdt_.h"
 #include "afxwnd_.h"
 #include "afxctl_.h"
 #include "afxdd_.h"

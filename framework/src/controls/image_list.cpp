@@ -1,9 +1,9 @@
 #include <afxcmn.h>
 
 #include "controls/common_classes.h"
-#include "gdi/handle_map.h"
+#include "threads/handle_map.h"
 #include "gdi/temporary_handles.h"
-#include "gdi/thread_object.h"
+#include "threads/thread_object.h"
 
 IMPLEMENT_DYNCREATE(CImageList, CObject)
 

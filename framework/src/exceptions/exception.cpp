@@ -35,9 +35,7 @@ int CException::ReportError(UINT nType, UINT nMessageID) {
   if (!GetErrorMessage(text, sizeof text) &&
       (nMessageID == 0 || AfxLoadString(nMessageID, text, sizeof text) == 0))
     strcpy(text, "No error message is available.");
-  char program[MAX_PATH] = "";
-  GetModuleFileName(nullptr, program, MAX_PATH);
-  return MessageBox(nullptr, text, PathFindFileName(program), nType | MB_TASKMODAL);
+  return AfxMessageBox(text, nType, nMessageID);
 }
 
 CSimpleException::CSimpleException() : CSimpleException(TRUE, nullptr) {}

@@ -2,9 +2,9 @@
 
 #include <stdlib.h>
 
-#include "gdi/handle_map.h"
+#include "threads/handle_map.h"
 #include "gdi/temporary_handles.h"
-#include "gdi/thread_object.h"
+#include "threads/thread_object.h"
 
 IMPLEMENT_DYNCREATE(CDC, CObject)
 

@@ -1,8 +1,8 @@
 #include <afxwin.h>
 
-#include "gdi/handle_map.h"
+#include "threads/handle_map.h"
 #include "gdi/temporary_handles.h"
-#include "gdi/thread_object.h"
+#include "threads/thread_object.h"
 #include "menus/owner_drawn.h"
 
 IMPLEMENT_DYNCREATE(CMenu, CObject)

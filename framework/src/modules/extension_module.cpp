@@ -3,7 +3,7 @@
 #include "modules/module_lock.h"
 #include "modules/raw_attach.h"
 
-IMPLEMENT_DYNAMIC(CDynLinkLibrary, CObject)
+IMPLEMENT_DYNAMIC(CDynLinkLibrary, CCmdTarget)
 
 namespace {
 

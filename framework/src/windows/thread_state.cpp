@@ -1,6 +1,6 @@
 #include "windows/thread_state.h"
 
-#include "gdi/thread_object.h"
+#include "threads/thread_object.h"
 
 ThreadState::ThreadState() : windows([](CWnd& window) { window.m_hWnd = nullptr; }), message() {}
 

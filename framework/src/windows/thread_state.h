@@ -6,7 +6,7 @@
 #include <map>
 #include <vector>
 
-#include "gdi/handle_map.h"
+#include "threads/handle_map.h"
 
 struct ThreadState {
   ThreadState();
