@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <string>
 
 #include "commands.h"
 #include "markup/OXParser.h"
@@ -85,6 +86,18 @@ const char* WhyNotLoaded(COXParser::ParseError status) {
   }
 }
 
+// Writes beside the name and puts the file in place when it is whole: what stood there is kept
+// until then, and may be the file that was read.
+bool Write(COXParser& parser, const std::string& name) {
+  const std::string part = name + ".part";
+  if (parser.WriteFile(part.c_str()) &&
+      MoveFileExA(part.c_str(), name.c_str(), MOVEFILE_REPLACE_EXISTING)) {
+    return true;
+  }
+  DeleteFileA(part.c_str());
+  return false;
+}
+
 }  // namespace
 
 int XmlCommand(int count, char** arguments) {
@@ -104,8 +117,9 @@ int XmlCommand(int count, char** arguments) {
   }
   if (!parsed) return kFailed;
 
-  if (options.out != nullptr && !parser->IsEmpty() && !parser->WriteFile(options.out)) {
-    fprintf(stderr, "orv: %s: can't be written\n", options.out);
+  if (options.out != nullptr && !Write(*parser, options.out)) {
+    fprintf(stderr, "orv: %s: %s\n", options.out,
+            parser->IsEmpty() ? "there is nothing to write" : "can't be written");
     return kFailed;
   }
   if (problems.count > 0) return kFailed;
