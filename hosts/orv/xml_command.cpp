@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
 
@@ -86,6 +88,13 @@ const char* WhyNotLoaded(COXParser::ParseError status) {
   }
 }
 
+// The parser reads a text up to its first zero byte: what stands behind it would be lost unnoticed.
+bool HoldsZeroByte(const char* path) {
+  std::ifstream file(path, std::ios::binary);
+  const std::istreambuf_iterator<char> end;
+  return std::find(std::istreambuf_iterator<char>(file), end, '\0') != end;
+}
+
 // Writes beside the name and puts the file in place when it is whole: what stood there is kept
 // until then, and may be the file that was read.
 bool Write(COXParser& parser, const std::string& name) {
@@ -105,6 +114,11 @@ int XmlCommand(int count, char** arguments) {
   if (!ReadOptions(count, arguments, options)) {
     fputs("usage: orv xml FILE [-o OUT] [--html]\n", stderr);
     return kWrongUsage;
+  }
+  if (HoldsZeroByte(options.file)) {
+    fprintf(stderr, "orv: %s: is no 8-bit text: it holds zero bytes, as UTF-16 does\n",
+            options.file);
+    return kFailed;
   }
   const std::unique_ptr<COXParser> parser =
       options.html ? std::make_unique<HtmlParser>() : std::make_unique<COXParser>();

@@ -294,11 +294,12 @@ def command_line(orv, folder):
         ],
         "problems",
     )
-    before = good.read_bytes()
-    orv.run("xml", good, "-o", good).expect()  # in place
-    check_equal(good.read_bytes(), out.read_bytes(), f"{before} written in place")
+    orv.run("xml", good, "-o", good).expect()
+    check_equal(good.read_bytes(), out.read_bytes(), "a file written in place")
     empty = folder / "empty.xml"
     empty.write_bytes(b"")
+    wide = folder / "wide.xml"
+    wide.write_bytes("<a/>".encode("utf-16"))
     blank = folder / "blank.xml"
     blank.write_bytes(b" \n")
     for arguments, message in (
@@ -306,13 +307,14 @@ def command_line(orv, folder):
         ([folder / "none" / "none.xml"], "there is no such folder"),
         ([folder], "can't be opened"),
         ([empty], "is empty"),
+        ([wide], "is no 8-bit text"),
         ([blank, "-o", out], "there is nothing to write"),
         ([good, "-o", folder], "can't be written"),
     ):
         result = orv.run("xml", *arguments).expect(1)
         check(message in result.stderr, f"{result.stderr} instead of {message}")
-    check_equal(sorted(path.name for path in folder.iterdir()), sorted(
-        ["bad.xml", "blank.xml", "empty.xml", "good.xml", "new"]), "files left")
+    left = {path.name for path in folder.iterdir()}
+    check_equal(left, {"bad.xml", "blank.xml", "empty.xml", "good.xml", "new", "wide.xml"}, "files left")
     for arguments in ([], ["--html"], [good, good], [good, "-o"], [good, "--what"]):
         check("usage" in orv.run("xml", *arguments).expect(2).stderr, f"usage: {arguments}")
 

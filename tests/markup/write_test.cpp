@@ -3,6 +3,7 @@
 
 #include <random>
 
+#include "support/LongRun.h"
 #include "support/TempFolder.h"
 #include "tree_text.h"
 
@@ -132,7 +133,8 @@ class Generator {
 
 TEST(Writer, GeneratedTreesReadBackTheSame) {
   const TempFolder folder;
-  for (unsigned seed = 0; seed < 300; ++seed) {
+  const unsigned count = IsLongRun() ? 20'000 : 300;
+  for (unsigned seed = 0; seed < count; ++seed) {
     SCOPED_TRACE(seed);
     COXParser parser;
     Generator(seed).Fill(parser.Root(), 0);
