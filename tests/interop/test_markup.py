@@ -217,7 +217,7 @@ def broken_xml(orv, folder):
     count = 0
     path = folder / "broken.xml"
     for number, (_, data) in enumerate(documents(XML)):
-        if number % 8 != 0:
+        if number % 8 != 0 or b"</" not in data:
             continue
         tags = [match.span() for match in re.finditer(rb"</[^>]*>", data)]
         start, end = tags[len(tags) // 2]
@@ -252,7 +252,7 @@ def installed_html(orv, folder):
         again.expect()
         check_equal(summary(again.stdout)["elements"], tags.elements, f"{path}: written elements")
     causes.print(f"{count} HTML files; differences by cause:")
-    check(len(causes) * 5 <= count, "more than a fifth of the HTML files are refused")
+    check(len(causes) * 3 <= count, "more than a third of the HTML files are refused")
 
 
 def html_page(orv, folder):
