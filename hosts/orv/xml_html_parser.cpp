@@ -111,7 +111,7 @@ int HtmlParser::ParseAttributes(COXParserElement* element) {
     more = GetToken(m_token, TRUE);
     if (!more) return 0;
     if (m_token.GetType() != COXToken::EQUALS) {
-      if (!Has(element, element->AddAttribute(name, ""))) return 0;
+      if (!Added(element, element->AddAttribute(name, ""))) return 0;
       continue;  // with the token that follows
     }
     if (!ParseValue(element, name)) return 0;
@@ -130,7 +130,7 @@ bool HtmlParser::ParseValue(COXParserElement* element, const char* name) {
   }
   COXQuickString value;
   if (!GetStringToken(value, quote, TRUE)) return false;
-  return Has(element, element->AddAttribute(name, value.GetString()));
+  return Added(element, element->AddAttribute(name, value.GetString()));
 }
 
 // A value ends at white space or the end of the tag; a plain number stays one.
@@ -142,11 +142,12 @@ bool HtmlParser::ParseBareValue(COXParserElement* element, const char* name) {
   }
   const std::string value(start, m_position);
   const int number = atoi(value.c_str());
-  return Has(element, std::to_string(number) == value ? element->AddAttribute(name, number)
-                                                      : element->AddAttribute(name, value.c_str()));
+  return Added(element, std::to_string(number) == value
+                            ? element->AddAttribute(name, number)
+                            : element->AddAttribute(name, value.c_str()));
 }
 
-bool HtmlParser::Has(const COXParserElement* element, const COXAttribute* attribute) {
+bool HtmlParser::Added(const COXParserElement* element, const COXAttribute* attribute) {
   if (attribute != nullptr) return true;
   ReportError(kOutOfMemory, "Unable to create new attribute (element %s)", element->GetName());
   return false;

@@ -34,7 +34,7 @@ class HtmlParser : public COXParser {
   bool ParseValue(COXParserElement* element, const char* name);
   bool ParseBareValue(COXParserElement* element, const char* name);
   // Whether an attribute was created; reports when it was not.
-  bool Has(const COXParserElement* element, const COXAttribute* attribute);
+  bool Added(const COXParserElement* element, const COXAttribute* attribute);
   bool ParseRaw(COXParserElement* element);
   void TakeTextOfMarks(COXParserElement* element);
   bool IsOpen(const char* name) const { return m_open.find(name) != m_open.end(); }

@@ -98,7 +98,8 @@ class Generator {
     return text;
   }
 
-  std::string Name() { return Text(1 + Below(12), "abcXYZ019:_-"); }
+  // An element named "--" would read as the end of a comment: names begin with a letter.
+  std::string Name() { return Text(1, "abcXYZ") + Text(Below(12), "abcXYZ019:_-"); }
 
   void AddAttribute(COXParserElement& element) {
     const std::string name = Name();
