@@ -5,7 +5,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <fstream>
+#include <iterator>
 #include <memory>
+#include <string>
 
 #include "commands.h"
 #include "markup/OXParser.h"
@@ -85,6 +88,25 @@ const char* WhyNotLoaded(COXParser::ParseError status) {
   }
 }
 
+// The parser reads a text up to its first zero byte: what stands behind it would be lost unnoticed.
+bool HoldsZeroByte(const char* path) {
+  std::ifstream file(path, std::ios::binary);
+  const std::istreambuf_iterator<char> end;
+  return std::find(std::istreambuf_iterator<char>(file), end, '\0') != end;
+}
+
+// Writes beside the name and puts the file in place when it is whole: what stood there is kept
+// until then, and may be the file that was read.
+bool Write(COXParser& parser, const std::string& name) {
+  const std::string part = name + ".part";
+  if (parser.WriteFile(part.c_str()) &&
+      MoveFileExA(part.c_str(), name.c_str(), MOVEFILE_REPLACE_EXISTING)) {
+    return true;
+  }
+  DeleteFileA(part.c_str());
+  return false;
+}
+
 }  // namespace
 
 int XmlCommand(int count, char** arguments) {
@@ -92,6 +114,11 @@ int XmlCommand(int count, char** arguments) {
   if (!ReadOptions(count, arguments, options)) {
     fputs("usage: orv xml FILE [-o OUT] [--html]\n", stderr);
     return kWrongUsage;
+  }
+  if (HoldsZeroByte(options.file)) {
+    fprintf(stderr, "orv: %s: is no 8-bit text: it holds zero bytes, as UTF-16 does\n",
+            options.file);
+    return kFailed;
   }
   const std::unique_ptr<COXParser> parser =
       options.html ? std::make_unique<HtmlParser>() : std::make_unique<COXParser>();
@@ -104,8 +131,9 @@ int XmlCommand(int count, char** arguments) {
   }
   if (!parsed) return kFailed;
 
-  if (options.out != nullptr && !parser->IsEmpty() && !parser->WriteFile(options.out)) {
-    fprintf(stderr, "orv: %s: can't be written\n", options.out);
+  if (options.out != nullptr && !Write(*parser, options.out)) {
+    fprintf(stderr, "orv: %s: %s\n", options.out,
+            parser->IsEmpty() ? "there is nothing to write" : "can't be written");
     return kFailed;
   }
   if (problems.count > 0) return kFailed;

@@ -111,7 +111,7 @@ int HtmlParser::ParseAttributes(COXParserElement* element) {
     more = GetToken(m_token, TRUE);
     if (!more) return 0;
     if (m_token.GetType() != COXToken::EQUALS) {
-      element->AddAttribute(name, "");
+      if (!Added(element, element->AddAttribute(name, ""))) return 0;
       continue;  // with the token that follows
     }
     if (!ParseValue(element, name)) return 0;
@@ -126,17 +126,15 @@ bool HtmlParser::ParseValue(COXParserElement* element, const char* name) {
   if (quote != '"' && quote != '\'') {
     if (quote == kEndOfText) return false;
     UngetChar();
-    ParseBareValue(element, name);
-    return true;
+    return ParseBareValue(element, name);
   }
   COXQuickString value;
   if (!GetStringToken(value, quote, TRUE)) return false;
-  element->AddAttribute(name, value.GetString());
-  return true;
+  return Added(element, element->AddAttribute(name, value.GetString()));
 }
 
 // A value ends at white space or the end of the tag; a plain number stays one.
-void HtmlParser::ParseBareValue(COXParserElement* element, const char* name) {
+bool HtmlParser::ParseBareValue(COXParserElement* element, const char* name) {
   const char* const start = m_position;
   while (*m_position != 0 && *m_position != kTagClose &&
          !isspace(static_cast<unsigned char>(*m_position))) {
@@ -144,20 +142,52 @@ void HtmlParser::ParseBareValue(COXParserElement* element, const char* name) {
   }
   const std::string value(start, m_position);
   const int number = atoi(value.c_str());
-  if (std::to_string(number) == value) {
-    element->AddAttribute(name, number);
-  } else {
-    element->AddAttribute(name, value.c_str());
-  }
+  return Added(element, std::to_string(number) == value
+                            ? element->AddAttribute(name, number)
+                            : element->AddAttribute(name, value.c_str()));
+}
+
+bool HtmlParser::Added(const COXParserElement* element, const COXAttribute* attribute) {
+  if (attribute != nullptr) return true;
+  ReportError(kOutOfMemory, "Unable to create new attribute (element %s)", element->GetName());
+  return false;
 }
 
 int HtmlParser::ParseElement(COXParserElement* element, int depth) {
   if (depth > 0 && IsAmong(element->GetName(), kRaw) && ParseRaw(element)) return 1;
+  TakeTextOfMarks(element);
   const auto open = m_open.try_emplace(element->GetName(), 0).first;
   ++open->second;
   const int parsed = COXParser::ParseElement(element, depth);
   if (--open->second == 0) m_open.erase(open);
   return parsed;
+}
+
+int HtmlParser::AddObjectToElement(COXParserElement* element, COXParserObject* object) {
+  if (!COXParser::AddObjectToElement(element, object)) return 0;
+  TakeTextOfMarks(element);
+  return 1;
+}
+
+// A text may begin with what is a token of its own: <code>=</code>. Where it can't be added the
+// parser goes on to refuse that token.
+void HtmlParser::TakeTextOfMarks(COXParserElement* element) {
+  RemoveWhiteSpace();
+  const char* const start = SaveBufferPos();
+  COXToken token;
+  GetToken(token, FALSE);
+  RestoreBufferPos(start);
+  const int type = token.GetType();
+  if (type != COXToken::EQUALS && type != COXToken::TAG_CLOSE &&
+      type != COXToken::EMPTY_TAG_CLOSE && type != COXToken::COMMENT_END) {
+    return;
+  }
+  std::unique_ptr<COXParserObject> text(ParseText(element));
+  if (text == nullptr || !COXParser::AddObjectToElement(element, text.get())) {
+    RestoreBufferPos(start);
+  } else {
+    text.release();
+  }
 }
 
 // The content of a script or style, up to its end tag, is one section. False: it is read as markup,

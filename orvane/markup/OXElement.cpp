@@ -14,6 +14,16 @@ const char* NameEnd(const char* path) {
   return path;
 }
 
+// A new attribute with its name and value, or null.
+template <class Value>
+std::unique_ptr<COXAttribute> MakeAttribute(const char* name, Value value) {
+  std::unique_ptr<COXAttribute> attribute(new (std::nothrow) COXAttribute);
+  if (attribute == nullptr || !attribute->SetName(name) || !attribute->SetValue(value)) {
+    return nullptr;
+  }
+  return attribute;
+}
+
 }  // namespace
 
 COXParserElement::COXParserElement(COXParserElement* parent, const char* name)
@@ -120,6 +130,7 @@ COXParserElement* COXParserElement::AddElementAtt(const char* name, int index,
                                                   const char* attribute, CTime value) {
   return AddElementAtt(name, index, attribute, static_cast<int>(value.GetTime()));
 }
+
 COXParserElement* COXParserElement::AddElementObj(const char* name, int index, const char* text,
                                                   int type) {
   COXParserElement* const element = InsertElement(index, name);
@@ -133,14 +144,17 @@ COXParserElement* COXParserElement::AddElementObj(const char* name, int index, c
   return nullptr;
 }
 
-int COXParserElement::DelObject(int index) {
-  ASSERT(index >= 0 && index < NumObjects());
-  if (index < 0 || index >= NumObjects()) return 0;
-  std::unique_ptr<COXParserObject> object(m_objects.At(index));
-  if (m_objects.IsShared(index)) object.release();
-  m_objects.Remove(index);
+int COXParserElement::Delete(COXNodeList& list, int index) {
+  ASSERT(index >= 0 && index < list.Count());
+  if (index < 0 || index >= list.Count()) return 0;
+  COXParserObject* const node = list.At(index);
+  const bool shared = list.IsShared(index);
+  list.Remove(index);
+  if (!shared) delete node;
   return 1;
 }
+
+int COXParserElement::DelObject(int index) { return Delete(m_objects, index); }
 
 int COXParserElement::DelObject(COXParserObject* object) {
   const int index = object == nullptr ? -1 : m_objects.Find(object);
@@ -181,31 +195,16 @@ COXAttribute* COXParserElement::AddAttribute(COXAttribute* attribute) {
 }
 
 COXAttribute* COXParserElement::AddAttribute(const char* name, const char* value) {
-  std::unique_ptr<COXAttribute> attribute(new (std::nothrow) COXAttribute);
-  if (attribute == nullptr || !attribute->SetName(name) || !attribute->SetValue(value) ||
-      AddAttribute(attribute.get()) == nullptr) {
-    return nullptr;
-  }
-  return attribute.release();
+  std::unique_ptr<COXAttribute> attribute = MakeAttribute(name, value);
+  return AddAttribute(attribute.get()) != nullptr ? attribute.release() : nullptr;
 }
 
 COXAttribute* COXParserElement::AddAttribute(const char* name, int value) {
-  std::unique_ptr<COXAttribute> attribute(new (std::nothrow) COXAttribute);
-  if (attribute == nullptr || !attribute->SetName(name) || !attribute->SetValue(value) ||
-      AddAttribute(attribute.get()) == nullptr) {
-    return nullptr;
-  }
-  return attribute.release();
+  std::unique_ptr<COXAttribute> attribute = MakeAttribute(name, value);
+  return AddAttribute(attribute.get()) != nullptr ? attribute.release() : nullptr;
 }
 
-int COXParserElement::DelAttribute(int index) {
-  ASSERT(index >= 0 && index < NumAttributes());
-  if (index < 0 || index >= NumAttributes()) return 0;
-  std::unique_ptr<COXParserObject> attribute(m_attributes.At(index));
-  if (m_attributes.IsShared(index)) attribute.release();
-  m_attributes.Remove(index);
-  return 1;
-}
+int COXParserElement::DelAttribute(int index) { return Delete(m_attributes, index); }
 
 int COXParserElement::DelAttribute(COXAttribute* attribute) {
   const int index = attribute == nullptr ? -1 : m_attributes.Find(attribute);

@@ -98,6 +98,7 @@ class ORVANE_API COXParserElement : public COXParserObject {
   friend class COXParser;
 
   COXParserObject* Insert(COXNodeList& list, int index, COXParserObject* node);
+  static int Delete(COXNodeList& list, int index);
   // Makes a node the last of a list, whose array comes from the pool; false: out of memory.
   bool Append(COXNodeList& list, COXParserObject* node, COXNodePool& pool) {
     if (!list.Append(node, &pool)) return false;

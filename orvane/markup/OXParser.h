@@ -153,8 +153,8 @@ class ORVANE_API COXParser {
   virtual int ParseEndTag(COXParserElement* element, COXQuickString& name);
 
   // The value of an entity; of a character reference ("#65", "#x41") its low byte, in a buffer that
-  // the next call overwrites. Null: there is none. A use of the value ends at its first blank or
-  // ">".
+  // the next call overwrites. Null: there is none. What a text gets of the value ends at its first
+  // blank or ">"; a value that is ">" alone is used whole.
   virtual const char* GetLiteralString(const char* name);
   // A character as an entity, or as itself, in a buffer that the next call overwrites.
   virtual const char* GetCharEntity(char c);

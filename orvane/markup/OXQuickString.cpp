@@ -12,9 +12,7 @@ namespace {
 constexpr unsigned kMaxBlock = 0x7FFFFFFF;
 
 // The length of text, at most limit, without looking further.
-size_t BoundedLength(const char* text, int limit) {
-  return limit < 1 ? 0 : static_cast<unsigned>(strnlen(text, static_cast<size_t>(limit)));
-}
+size_t BoundedLength(const char* text, int limit) { return limit < 1 ? 0 : strnlen(text, limit); }
 
 }  // namespace
 

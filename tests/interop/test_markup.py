@@ -12,7 +12,8 @@ import xml.parsers.expat
 import interop
 from interop import check, check_equal
 
-# Installed by tools/setup, or by Debian itself.
+# Installed by tools/setup (fontconfig-config, imagemagick-6-common and xkb-data alone are more than
+# FEWEST), by Debian itself, or by chance: what is there is read.
 XML = [
     "/etc/fonts/fonts.conf",
     "/usr/share/fontconfig/conf.avail/*.conf",
@@ -25,13 +26,16 @@ XML = [
     "/usr/share/mime/packages/freedesktop.org.xml",
 ]
 HTML = [
-    "/usr/share/doc/base-passwd/*.html",
-    "/usr/share/doc/libffi8/html/*.html",
+    "/usr/share/doc/librapidxml-dev/*.html",
     "/usr/share/doc/libz-mingw-w64-dev/examples/*.html",
     "/usr/share/doc/ninja-build/*.html",
+    "/usr/share/doc/base-passwd/*.html",
+    "/usr/share/doc/bzip2/*.html",
+    "/usr/share/doc/fontconfig/*.html",
+    "/usr/share/doc/gcc-*-base/*.html",
+    "/usr/share/doc/libffi8/html/*.html",
     "/usr/share/doc/ocl-icd-libopencl1/html/*.html",
     "/usr/share/doc/python3/*.html",
-    "/usr/share/doc/librapidxml-dev/*.html",
 ]
 MOST_OF_A_KIND = 12
 FEWEST = 30
@@ -42,6 +46,11 @@ ORV_IS_STRICTER = [
     (r": 105 Illegal character \(\.\)", "a name with a dot"),
     (r": 106 Unexpected token\.", "a text that begins with > or ="),
     (r": 108 Bad character entity", "an entity declared elsewhere"),
+]
+# Why orv refuses a page that browsers show.
+HTML_IS_REFUSED = [
+    (r": 105 Illegal character \(\.\)", "a name with a dot"),
+    (r": 107 Expecting end tag", "a wrong end tag"),
 ]
 # What only orv takes: by what expat says of the document, or by what is in it.
 ORV_IS_MILDER = [
@@ -78,6 +87,7 @@ class Tree:
 
     def __init__(self):
         self.error = None
+        self.unknown = None
         self.elements = []
         self.depth = 0
         self._open = 0
@@ -93,6 +103,8 @@ class Tree:
         parser.CharacterDataHandler = tree._text.append
         try:
             parser.Parse(data, True)
+        except ValueError as error:  # an encoding that expat doesn't know
+            tree.unknown = str(error)
         except xml.parsers.expat.ExpatError as error:
             tree.error = str(error)
         return tree
@@ -160,6 +172,9 @@ def check_xml(orv, folder, path, data, causes):
     written = folder / "written.xml"
     written.unlink(missing_ok=True)
     expected = Tree.of_xml(data)
+    if expected.unknown is not None:
+        causes.add(expected.unknown, path)
+        return
     result = orv.run("xml", path, "-o", written)
     check(result.status in (0, 1), f"{path}: exit status {result.status}\n{result.stderr}")
     if result.status != 0:
@@ -180,12 +195,9 @@ def check_xml(orv, folder, path, data, causes):
     # The internal subset isn't kept, and leaves its closing bracket.
     output = re.sub(rb"(<!DOCTYPE[^>\]]*)\]", rb"\1", output)
     tree = Tree.of_xml(output)
-    check_equal(tree.error, None, f"{path}: expat's word on what orv wrote")
-    names = [name for name, _ in tree.elements]
-    check_equal(names, [name for name, _ in expected.elements], f"{path}: names of elements")
-    if (tree.elements, tree.text) != (expected.elements, expected.text):
+    if (tree.error, tree.elements, tree.text) != (None, expected.elements, expected.text):
         known = [name for pattern, name in TREE_DIFFERS if re.search(pattern, data)]
-        check(known, f"{path}: the written tree differs")
+        check(known, f"{path}: the written tree differs: {tree.error or ''}")
         causes.add(known[0], path)
 
 
@@ -205,7 +217,7 @@ def broken_xml(orv, folder):
     count = 0
     path = folder / "broken.xml"
     for number, (_, data) in enumerate(documents(XML)):
-        if number % 8 != 0:
+        if number % 8 != 0 or b"</" not in data:
             continue
         tags = [match.span() for match in re.finditer(rb"</[^>]*>", data)]
         start, end = tags[len(tags) // 2]
@@ -230,7 +242,7 @@ def installed_html(orv, folder):
         result = orv.run("xml", "--html", path, "-o", folder / "written.html")
         count += 1
         if result.status != 0:
-            causes.add(cause(ORV_IS_STRICTER, result.stderr, f"{path}: orv refuses it"), path)
+            causes.add(cause(HTML_IS_REFUSED, result.stderr, f"{path}: orv refuses it"), path)
             continue
         tags = TagCounter(data)
         found = summary(result.stdout)
@@ -240,7 +252,25 @@ def installed_html(orv, folder):
         again.expect()
         check_equal(summary(again.stdout)["elements"], tags.elements, f"{path}: written elements")
     causes.print(f"{count} HTML files; differences by cause:")
-    check(len(causes) * 5 <= count, "more than a fifth of the HTML files are refused")
+    check(len(causes) * 3 <= count, "more than a third of the HTML files are refused")
+
+
+def html_page(orv, folder):
+    """End tags that are left out, elements without any, values without quotes, scripts."""
+    page = folder / "page.html"
+    page.write_bytes(
+        b"<!DOCTYPE html><HTML><body><p>one<p>&eacute;<br>two</P><ul><li>a<li><b>=</b></ul><script>if (a < b)"
+        b"</script><table><tr><td width=50%>1<td>2<tr><th>3</table><select><option selected>x<option>y</select>"
+    )
+    orv.run("xml", "--html", page, "-o", folder / "written.html").expect()
+    lines = (folder / "written.html").read_bytes().decode().split("\r\n")
+    check_equal(
+        "".join(line.strip() for line in lines),
+        "<!DOCTYPE html><HTML><body><p>one</p><p>é<br/>two</p><ul><li>a</li><li><b>&#61;</b></li></ul>"
+        "<script><![CDATA[if (a < b)]]></script><table><tr><td width=\"50%\">1</td><td>2</td></tr><tr><th>3</th>"
+        "</tr></table><select><option selected=\"\">x</option><option>y</option></select></body></HTML>",
+        "the written page",
+    )
 
 
 def command_line(orv, folder):
@@ -264,10 +294,30 @@ def command_line(orv, folder):
         ],
         "problems",
     )
-    check("no such file" in orv.run("xml", folder / "none.xml").expect(1).stderr, "a missing file")
+    orv.run("xml", good, "-o", good).expect()
+    check_equal(good.read_bytes(), out.read_bytes(), "a file written in place")
+    empty = folder / "empty.xml"
+    empty.write_bytes(b"")
+    wide = folder / "wide.xml"
+    wide.write_bytes("<a/>".encode("utf-16"))
+    blank = folder / "blank.xml"
+    blank.write_bytes(b" \n")
+    for arguments, message in (
+        ([folder / "none.xml"], "there is no such file"),
+        ([folder / "none" / "none.xml"], "there is no such folder"),
+        ([folder], "can't be opened"),
+        ([empty], "is empty"),
+        ([wide], "is no 8-bit text"),
+        ([blank, "-o", out], "there is nothing to write"),
+        ([good, "-o", folder], "can't be written"),
+    ):
+        result = orv.run("xml", *arguments).expect(1)
+        check(message in result.stderr, f"{result.stderr} instead of {message}")
+    left = {path.name for path in folder.iterdir()}
+    check_equal(left, {"bad.xml", "blank.xml", "empty.xml", "good.xml", "new", "wide.xml"}, "files left")
     for arguments in ([], ["--html"], [good, good], [good, "-o"], [good, "--what"]):
         check("usage" in orv.run("xml", *arguments).expect(2).stderr, f"usage: {arguments}")
 
 
 if __name__ == "__main__":
-    interop.main([command_line, installed_xml, broken_xml, installed_html], "markup")
+    interop.main([command_line, html_page, installed_xml, broken_xml, installed_html], "markup")

@@ -15,15 +15,6 @@ class String : public COXQuickString {
   const void* Block() const { return m_buffer; }
 };
 
-TEST(QuickString, IsEmptyAtFirst) {
-  const String text;
-  EXPECT_STREQ(text.GetString(), "");
-  EXPECT_EQ(text.GetLength(), 0u);
-  EXPECT_TRUE(text.IsEmpty());
-  EXPECT_EQ(text.Block(), nullptr);
-  EXPECT_EQ(text.GetGrowBy(), 10u);
-}
-
 TEST(QuickString, GrowsInFourWays) {
   struct {
     const char* what;
