@@ -73,8 +73,9 @@ int YearSince1900(const FixedWidthFields& fields, const char* text, int fourDigi
                   size_t& start) {
   const bool isLong = fields.HasDigit(2);
   start = isLong ? 2 : 0;
-  const bool isOld = isLong ? fields.At(0) == 19 : !fourDigitYear && *text != '2';
-  return fields.At(start) + (isOld ? 0 : 100);
+  const bool isOfThisCentury = fourDigitYear || *text == '2';
+  const int century = isLong ? fields.At(0) - 19 : isOfThisCentury;
+  return 100 * century + fields.At(start);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 // Answers questions about dates in the time zone that it was started in, a line for a line:
-//   bias                 the zone's bias
+//   bias REFRESH         the zone's bias
+//   change               by how much that differs from the bias of this moment
+//   pause MILLISECONDS   0, after a while
 //   show SECONDS BIAS    the time as text
 //   parse TEXT FLAG      the seconds of a text
 //   file HIGH LOW LOCAL  the seconds of a file time
@@ -15,7 +17,16 @@ int main() {
   std::string question;
   while (std::cin >> question) {
     if (question == "bias") {
-      std::cout << GetZoneBias(0) << '\n';
+      int refresh;
+      std::cin >> refresh;
+      std::cout << GetZoneBias(refresh) << '\n';
+    } else if (question == "change") {
+      std::cout << ChangeTimeZone() << '\n';
+    } else if (question == "pause") {
+      DWORD milliseconds;
+      std::cin >> milliseconds;
+      Sleep(milliseconds);
+      std::cout << "0\n";
     } else if (question == "show") {
       long seconds;
       int bias;
