@@ -8,8 +8,8 @@
 #include <string>
 
 #include "diag/trace.h"
+#include "messages/message.h"
 #include "resources/resource.h"
-#include "settings/message.h"
 #include "util/Utf8File.h"
 
 namespace {

@@ -8,9 +8,9 @@
 
 #include "diag/trace.h"
 #include "entry/Handles.h"
+#include "messages/message.h"
 #include "ops/DirOp.h"
 #include "resources/resource.h"
-#include "settings/message.h"
 
 // Where this library is loaded; the linker's own symbol.
 extern "C" IMAGE_DOS_HEADER __ImageBase;
