@@ -65,22 +65,25 @@ bool Print(MFile& text) {
   return ReadPieces(text, print) && fflush(stdout) == 0;
 }
 
-// The bytes as they are.
+// The bytes as they are; when they cannot all be written, there is no file.
 bool Copy(MFile& text, const char* target) {
+  CFile out;
+  // Without sharing, so that the file that is read from is refused, not emptied.
+  if (!out.Open(target, CFile::modeCreate | CFile::modeWrite | CFile::shareExclusive)) return false;
+  const auto write = [&out](const char* piece, size_t size) {
+    out.Write(piece, static_cast<UINT>(size));
+    return true;
+  };
   try {
-    // Without sharing, so that a file that is read from is refused, not emptied.
-    CFile out(target, CFile::modeCreate | CFile::modeWrite | CFile::shareExclusive);
-    const auto write = [&out](const char* piece, size_t size) {
-      out.Write(piece, static_cast<UINT>(size));
-      return true;
-    };
-    const bool read = ReadPieces(text, write);
+    const bool complete = ReadPieces(text, write);
     out.Close();
-    return read;
+    if (complete) return true;
   } catch (CFileException* error) {
     error->Delete();
-    return false;
   }
+  out.Abort();
+  DeleteFileA(target);
+  return false;
 }
 
 // What the text was, to be told from what was written: a pipe cannot be read again.

@@ -71,8 +71,10 @@ class ORVANE_API MFile : public CFile {
   // written: no part of the target is left then. nonAscii: whether any character is beyond ASCII.
   int UnicodeToTextFile(const char* target, int& nonAscii, int& wasUnicode);
 
-  // Whether the first maxChars characters of an 8-bit file hold UTF-8 beyond ASCII and nothing
-  // that cannot be UTF-8 before it. Reading starts at the beginning again afterwards.
+  // Whether an 8-bit file holds UTF-8 beyond ASCII: 1 when a lead byte with bytes that continue it
+  // was found, 0 when none was, or one without such bytes. A byte that continues nothing ends the
+  // look with what was found before it, and so do maxChars characters. Reading starts at the
+  // beginning again afterwards.
   static int IsFileUtf8(MFile& file, long maxChars);
 
   // Writes text through the runtime in mode ("wb", "a", ...): 1, or 0 when not all of it arrived.

@@ -6,8 +6,10 @@
 
 #include "entry/export.h"
 
-// --- The local time zone. A bias is what must be added to local time to get UTC, in seconds:
-// --- positive west of Greenwich, with daylight saving counted in while it is in force.
+// --- The local time zone ---
+
+// A zone's bias is what must be added to local time to get UTC, in seconds: positive west of
+// Greenwich, with daylight saving counted in while it is in force.
 
 // The bias of this moment; 0 when the system does not know it. Takes "TZ" out of the process's
 // environment, so that the runtime's local time follows the system's zone too.

@@ -1,12 +1,9 @@
-// Answers questions about dates in the time zone that it was started in, a line for a line:
-//   bias REFRESH         the zone's bias
-//   change               by how much that differs from the bias of this moment
-//   pause MILLISECONDS   0, after a while
-//   show SECONDS BIAS    the time as text
-//   parse TEXT FLAG      the seconds of a text
-//   file HIGH LOW LOCAL  the seconds of a file time
+// Answers questions about dates in the time zone that it was started in, a line for a line. Every
+// question has two operands: bias - REFRESH, change - -, pause MILLISECONDS -, show SECONDS BIAS,
+// parse TEXT FOUR_DIGIT_YEAR, file TICKS TO_LOCAL.
 #include <afxwin.h>
 
+#include <cstdlib>
 #include <iostream>
 #include <string>
 
@@ -14,39 +11,27 @@
 
 int main() {
   std::ios::sync_with_stdio(false);
-  std::string question;
-  while (std::cin >> question) {
+  std::string question, first, second;
+  while (std::cin >> question >> first >> second) {
+    const long long number = atoll(first.c_str());
+    const int option = atoi(second.c_str());
     if (question == "bias") {
-      int refresh;
-      std::cin >> refresh;
-      std::cout << GetZoneBias(refresh) << '\n';
+      std::cout << GetZoneBias(option);
     } else if (question == "change") {
-      std::cout << ChangeTimeZone() << '\n';
+      std::cout << ChangeTimeZone();
     } else if (question == "pause") {
-      DWORD milliseconds;
-      std::cin >> milliseconds;
-      Sleep(milliseconds);
-      std::cout << "0\n";
+      Sleep(static_cast<DWORD>(number));
     } else if (question == "show") {
-      long seconds;
-      int bias;
-      std::cin >> seconds >> bias;
-      std::cout << static_cast<const char*>(DisplayDate(seconds, "yyyy-MM-dd|HH:mm", bias)) << '\n';
+      const CTime time(static_cast<time_t>(number));
+      std::cout << static_cast<const char*>(DisplayDate(time, "yyyy-MM-dd|HH:mm", option));
     } else if (question == "parse") {
-      std::string text;
-      int fourDigitYear;
-      std::cin >> text >> fourDigitYear;
       CTime time;
-      DateStrToCtime(text.c_str(), time, fourDigitYear);
-      std::cout << time.GetTime() << '\n';
+      DateStrToCtime(first.c_str(), time, option);
+      std::cout << time.GetTime();
     } else if (question == "file") {
-      FILETIME time;
-      int toLocal;
-      std::cin >> time.dwHighDateTime >> time.dwLowDateTime >> toLocal;
-      std::cout << ConvertFileTime(time, toLocal) << '\n';
-    } else {
-      return 2;
+      std::cout << ConvertFileTime({static_cast<DWORD>(number), static_cast<DWORD>(number >> 32)},
+                                   option);
     }
+    std::cout << '\n';
   }
-  return 0;
 }

@@ -11,7 +11,7 @@ class Boxes {
   enum Answer { Yes, No };  // the first and the second button
 
   // One answer for each box that is to come.
-  explicit Boxes(std::vector<Answer> answers) : m_driver(StepsFor(answers)) {}
+  explicit Boxes(const std::vector<Answer>& answers) : m_driver(StepsFor(answers)) {}
 
   // What the boxes said, each text followed by "|".
   const std::string& Texts() const { return m_texts; }
@@ -22,24 +22,18 @@ class Boxes {
     for (const Answer answer : answers) {
       steps.push_back([this, answer](HWND box) {
         std::string text;
-        for (HWND line : Children(box, "Static")) {
+        HWND line = nullptr, button = nullptr;
+        while ((line = ::FindWindowExA(box, line, "Static", nullptr)) != nullptr) {
           const std::string more = Driver::TextOf(line);
-          if (!more.empty()) text += (text.empty() ? "" : "\n") + more;
+          text += (text.empty() || more.empty() ? "" : "\n") + more;
         }
         std::erase(text, '\r');
         m_texts += text + "|";
-        ::PostMessage(Children(box, "Button").at(answer), BM_CLICK, 0, 0);
+        for (int i = 0; i <= answer; ++i) button = ::FindWindowExA(box, button, "Button", nullptr);
+        ::PostMessage(button, BM_CLICK, 0, 0);
       });
     }
     return steps;
-  }
-
-  static std::vector<HWND> Children(HWND box, const char* kind) {
-    std::vector<HWND> children;
-    HWND child = nullptr;
-    while ((child = ::FindWindowExA(box, child, kind, nullptr)) != nullptr)
-      if (::IsWindowVisible(child)) children.push_back(child);
-    return children;
   }
 
   std::string m_texts;
