@@ -17,7 +17,8 @@ ZONES = ["UTC", "Europe/Berlin", "America/New_York", "America/Los_Angeles", "Ame
          "Asia/Kolkata", "Asia/Tokyo", "Australia/Sydney", "Pacific/Auckland"]  # fmt: skip
 # Windows applies a zone's present rule for daylight saving to all years; that of these zones is
 # older than this.
-FIRST, LAST = calendar.timegm((2012, 1, 2, 0, 0, 0)), calendar.timegm((2037, 12, 30, 0, 0, 0))
+FIRST = calendar.timegm((2012, 1, 2, 0, 0, 0))
+LAST = calendar.timegm((2037 if LONG else 2016, 12, 30, 0, 0, 0))
 SECONDS_FROM_1601_TO_1970 = 11_644_473_600
 
 

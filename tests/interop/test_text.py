@@ -82,7 +82,7 @@ def cut_around_the_block(orv, folder):
     text = "".join(numbers.choice(alphabet) for _ in range(BLOCK + 10))
     for mark, codec in CODECS.items():
         data = mark + text.encode(codec, "surrogatepass")
-        for size in [*range(BLOCK - 3, BLOCK + 4), *range(2 * BLOCK - 2, 2 * BLOCK + 3)]:
+        for size in [*range(BLOCK - 3, BLOCK + 4), *range(2 * BLOCK - 1, 2 * BLOCK + 2)]:
             check_text(orv, folder, data[:size])
 
 
