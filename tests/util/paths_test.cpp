@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 #include <mbctype.h>
 
+#include "settings/RegistryUtil.h"
 #include "support/AssertionLog.h"
+#include "support/RegistrySubtree.h"
 #include "support/TempFolder.h"
 #include "util/Boxes.h"
 #include "util/pathutils.h"
@@ -40,9 +42,19 @@ std::string Validate(std::string path, int options, const std::vector<Boxes::Ans
   return std::to_string(result) + " " + boxes.Texts();
 }
 
+// With a product registry messages are shown in the library's own box.
+class PathChecks : public testing::Test {
+ protected:
+  void SetUp() override { MRegistry::InitProductRegistry(m_key.c_str(), 1); }
+  void TearDown() override { MRegistry::FreeProductRegistry(); }
+
+ private:
+  RegistrySubtree m_key;
+};
+
 }  // namespace
 
-TEST(ValidatePath, Refused) {
+TEST_F(PathChecks, Refused) {
   const std::string tooLong = "C:\\" + std::string(900, 'a'), percent = "Z:\\proc\\%1!s!%n";
   const std::pair<std::string, std::string> cases[] = {
       {"", kNone},
@@ -73,7 +85,7 @@ TEST(ValidatePath, Refused) {
   }
 }
 
-TEST(ValidatePath, MissingFolder) {
+TEST_F(PathChecks, MissingFolder) {
   const TempFolder folder;
   const std::string path = folder / "new\\folder";
   const struct {
@@ -95,7 +107,7 @@ TEST(ValidatePath, MissingFolder) {
   }
 }
 
-TEST(ValidatePath, ExistingFolder) {
+TEST_F(PathChecks, ExistingFolder) {
   const AssertionLog log;
   const TempFolder folder;
   const auto before = std::filesystem::current_path();
@@ -118,7 +130,7 @@ TEST(ValidatePath, ExistingFolder) {
   EXPECT_TRUE(said.starts_with("0 The folder ")) << said;
 }
 
-TEST(ValidatePath, InADialog) {
+TEST_F(PathChecks, InADialog) {
   constexpr int kEdit = 101;
   CWnd window;
   CEdit edit;
