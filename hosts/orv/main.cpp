@@ -30,6 +30,8 @@ constexpr Command kCommands[] = {
     {"test", "ARCHIVE", "reads every entry and checks its CRC", 1, 1, TestCommand},
     {"xml", "FILE [-o OUT] [--html]", "parses markup, prints problems or a summary", 1, 4,
      XmlCommand},
+    {"text", "FILE [-o OUT]", "prints a text in 8-bit characters, writes it in UTF-8", 1, 3,
+     TextCommand},
 };
 
 void PrintHelp(FILE* out) {
