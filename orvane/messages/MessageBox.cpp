@@ -121,6 +121,8 @@ MMessageBox::Sizes MMessageBox::CalcSize(int lineWidth) const {
   for (int i = 0; i < kCheckBoxes; ++i) {
     if (m_checkBoxes[i].text.IsEmpty()) continue;
     sizes.checks[i] = GetTextSize(m_checkBoxes[i].text, MControlKind::CheckBox, lineWidth);
+    // A text that would fill the screen leaves room for the others.
+    sizes.checks[i].cy = std::min<int>(sizes.checks[i].cy, GetLargestSize().cy / 4);
     widest = std::max<int>(widest, sizes.checks[i].cx);
     checksHeight += sizes.checks[i].cy + kSpacing;
   }
