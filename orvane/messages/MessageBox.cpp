@@ -48,6 +48,7 @@ CString textOf(const Label& label) {
 
 void MMessageBox::Initialize(const char* title, const char* text) {
   m_title = title;
+  if (m_title.IsEmpty()) m_title = AfxGetAppName();
   m_text = text;
 }
 

@@ -157,7 +157,7 @@ TEST(MessageLayout, LinesEndWithEitherCharacterOrBoth) {
 
 TEST(MessageLayout, CheckBoxes) {
   const AssertionLog log;
-  MMessageBox box("Title", "text");
+  MMessageBox box(nullptr, "text");
   box.SetButtonStyle(MMessageBox::MB_STYLE_YES_NO);
   box.SetCheckBox("&First");
   box.SetCheckBox(1, "Second");
@@ -174,6 +174,7 @@ TEST(MessageLayout, CheckBoxes) {
                    EXPECT_FALSE(::IsWindowEnabled(::GetDlgItem(window, kFirst + 2)));
                    EXPECT_EQ(::IsDlgButtonChecked(window, kFirst + 2), UINT{BST_CHECKED});
                    EXPECT_EQ(controlsOf(window).size(), 6U);
+                   EXPECT_EQ(Driver::TextOf(window), AfxGetAppName());
                  },
                  Driver::Accelerator('f'), Driver::Accelerator('t'), Driver::Accelerator('t'),
                  Driver::Press(VK_ESCAPE)});

@@ -54,7 +54,8 @@ int show(const char* kind) {
   }
   if (strcmp(kind, "many") == 0) return showMany();
   CString words;
-  while (words.GetLength() < (strcmp(kind, "wide") == 0 ? 600 : 60'000)) words += "some more words ";
+  while (words.GetLength() < (strcmp(kind, "wide") == 0 ? 600 : 60'000))
+    words += "some more words ";
   return Message(Message::MSG_ERROR, words).DoModal();
 }
 
