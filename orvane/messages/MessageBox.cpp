@@ -1,5 +1,8 @@
 #include "messages/MessageBox.h"
 
+#include <mbctype.h>
+#include <mbstring.h>
+
 #include <algorithm>
 #include <cstring>
 #include <iterator>
@@ -42,6 +45,23 @@ Buttons buttonsOf(MMessageBox::MessageButtonStyle style) {
 CString textOf(const Label& label) {
   MString text;
   return text.LoadString(label.id) ? CString(text) : CString(label.fallback);
+}
+
+// A line in pieces, as the time that an edit takes to break one grows with the square of its
+// length.
+CString inPieces(CString line) {
+  constexpr int kLongest = 4000;  // bytes
+  CString pieces;
+  while (line.GetLength() > kLongest) {
+    int end = line.Left(kLongest).ReverseFind(' ') + 1;
+    if (end == 0) {
+      const auto* const bytes = reinterpret_cast<const unsigned char*>(static_cast<LPCSTR>(line));
+      end = _mbsbtype(bytes, kLongest - 1) == _MBC_LEAD ? kLongest - 1 : kLongest;
+    }
+    pieces += line.Left(end) + "\r\n";
+    line = line.Mid(end);
+  }
+  return pieces + line;
 }
 
 }  // namespace
@@ -163,7 +183,8 @@ void MMessageBox::AddText(const Sizes& sizes) {
   for (const CSize& line : sizes.lines) height += line.cy;
   if (height > sizes.text.cy) {
     CString text;
-    for (const CString& line : m_lines) text += (text.IsEmpty() ? "" : "\r\n") + line;
+    for (const CString& line : m_lines) text += inPieces(line) + "\r\n";
+    text = text.Left(text.GetLength() - 2);
     SetEdit(sizes.left, kSpacing, sizes.text.cx, sizes.text.cy, text,
             ES_MULTILINE | ES_READONLY | WS_VSCROLL);
     return;
