@@ -2,6 +2,29 @@
 
 #include "diag/trace.h"
 #include "entry/Handles.h"
+#include "ops/MultiOpProgressDialog.h"
+#include "ops/SysWaitCursor.h"
+#include "ops/mthread.h"
+
+namespace {
+
+constexpr int kSecondsWithoutWindow = 2;
+
+// Calls a derived class' work. False: it has thrown an exception.
+template <class Work>
+bool runs(Work work) {
+  try {
+    work();
+    return true;
+  } catch (CException* exception) {
+    exception->Delete();
+  } catch (...) {
+  }
+  ASSERT(!"an exception");
+  return false;
+}
+
+}  // namespace
 
 MMultiOperation::MMultiOperation() { Reset(); }
 
@@ -14,7 +37,7 @@ MMultiOperation::MMultiOperation(const MMultiOperation& other) { *this = other; 
 
 MMultiOperation& MMultiOperation::operator=(const MMultiOperation& other) {
   if (this == &other) return *this;
-  if (m_stopEvent != m_copiedStopEvent) unique_kernel_handle own(m_stopEvent);
+  CloseStopEvent();
   m_first = other.m_first;
   m_end = other.m_end;
   m_doneCount = other.m_doneCount;
@@ -35,8 +58,10 @@ MMultiOperation& MMultiOperation::operator=(const MMultiOperation& other) {
   return *this;
 }
 
-MMultiOperation::~MMultiOperation() {
-  if (m_stopEvent != m_copiedStopEvent) unique_kernel_handle own(m_stopEvent);
+MMultiOperation::~MMultiOperation() { CloseStopEvent(); }
+
+void MMultiOperation::CloseStopEvent() {
+  if (m_stopEvent != m_copiedStopEvent) const unique_kernel_handle closed(m_stopEvent);
 }
 
 void MMultiOperation::Reset() {
@@ -75,27 +100,67 @@ int MMultiOperation::wasAborted() const { return m_aborted; }
 
 int MMultiOperation::PreOperationCanceled() const { return m_preOperationCanceled; }
 
-int MMultiOperation::DoOperation(int) {
+int MMultiOperation::DoOperation(int interactive) {
   if (m_end == m_first) return 1;
   m_current = static_cast<unsigned>(m_first);
   m_progressWindow = nullptr;
   m_aborted = 0;
   m_doneCount = 0;
   m_failed = 0;
-  if (m_stopEvent != nullptr) ResetEvent(m_stopEvent);
-  m_preOperationCanceled = PreOperationLoop() == 0;
-  if (m_preOperationCanceled) return 0;
-  RunLoop();
-  PostOperationLoop();
+  if (m_stopEvent != nullptr) ResetEvent(m_stopEvent);  // of an earlier run's stop
+  int goesOn = 0;
+  runs([&] { goesOn = PreOperationLoop(); });
+  m_preOperationCanceled = goesOn == 0;
+  if (m_preOperationCanceled != 0) return 0;
+
+  bool ran;
+  if (m_noGui != 0 || AssertVerifyTrace::BlockGui()) {
+    ran = runs([this] { RunLoop(); });
+  } else if (m_showProgress != 0 && (!isSingle() || m_displayProgressOnSingle != 0)) {
+    ran = runs([&] { RunWithWindow(interactive); });
+  } else {
+    const SysWaitCursor cursor(0);
+    ran = runs([this] { RunLoop(); });
+  }
+  if (!ran) m_failed = 1;
+  if (!runs([this] { PostOperationLoop(); })) m_failed = 1;
   return m_failed == 0;
 }
 
 void MMultiOperation::RunLoop() {
+  m_workerThreadId = GetCurrentThreadId();
+  DoLoopOperation();
+}
+
+void MMultiOperation::RunWithWindow(int interactive) {
+  m_userThreadId = GetCurrentThreadId();
+  MultiOpProgressDialog window(*this, m_title, m_message, interactive);
+  m_progressWindow = &window;
+  auto* const thread = new MThread(&RunInThread, this);
+  if (interactive != 0)
+    thread->Go();
+  else
+    thread->ActivateThreadAndWait(kSecondsWithoutWindow);
+  if (!window.IsDone()) window.DoModal();
+  window.AwaitWorkerThread();
+  m_progressWindow = nullptr;
+}
+
+void MMultiOperation::RunInThread(void* operation) {
+  auto& self = *static_cast<MMultiOperation*>(operation);
+  ASSERT(self.m_progressWindow != nullptr);
+  if (self.m_progressWindow == nullptr) return;
+  self.m_progressWindow->WorkerStarts();
+  // Whatever comes of the loop, the window must learn that it is over.
+  struct End {
+    ~End() { window.WorkerEnds(); }
+    MultiOpProgressDialog& window;
+  } const end{*self.m_progressWindow};
   try {
-    DoLoopOperation();
+    self.RunLoop();
   } catch (...) {
-    ASSERT(!"exception in an operation");
-    m_failed = 1;
+    self.m_failed = 1;
+    throw;
   }
 }
 
@@ -132,8 +197,33 @@ void MMultiOperation::PostOperationLoop() {}
 
 void MMultiOperation::StopLoop() {
   m_aborted = 1;
-  StopLoopOperation();
+  runs([this] { StopLoopOperation(); });
   if (m_stopEvent != nullptr) SetEvent(m_stopEvent);
 }
 
-int MMultiOperation::GetUserInput(CDialog& dialog) { return static_cast<int>(dialog.DoModal()); }
+// --- Questions to the user ---
+
+// The two threads' input stays attached, by design, for as long as both of them live.
+void MMultiOperation::preDisplayMesage() {
+  VERIFY(AttachThreadInput(m_userThreadId, m_workerThreadId, TRUE));
+  m_progressWindow->BeforeQuestion();
+}
+
+void MMultiOperation::postDisplayMesage() { m_progressWindow->AfterQuestion(); }
+
+template <class Ask>
+int MMultiOperation::AskUser(Ask ask) {
+  if (m_progressWindow == nullptr) return ask();
+  struct Around {
+    explicit Around(MMultiOperation& operation) : operation(operation) {
+      operation.preDisplayMesage();
+    }
+    ~Around() { operation.postDisplayMesage(); }
+    MMultiOperation& operation;
+  } const around(*this);
+  return ask();
+}
+
+int MMultiOperation::GetUserInput(CDialog& dialog) {
+  return AskUser([&] { return static_cast<int>(dialog.DoModal()); });
+}

@@ -125,8 +125,13 @@ class ORVANE_API MMultiOperation {
   friend class MultiOpProgressDialog;
 
   void Reset();
-  // The loop, whose exceptions count as failures.
+  void CloseStopEvent();
   void RunLoop();
+  void RunWithWindow(int interactive);
+  static void RunInThread(void* operation);
+  template <class Ask>
+  int AskUser(Ask ask);
+  // On the worker's thread, around what GetUserInput shows; only with a progress window.
   void preDisplayMesage();
   void postDisplayMesage();
 
