@@ -2,6 +2,7 @@
 
 #include "diag/trace.h"
 #include "entry/Handles.h"
+#include "messages/message.h"
 #include "ops/MultiOpProgressDialog.h"
 #include "ops/SysWaitCursor.h"
 #include "ops/mthread.h"
@@ -226,4 +227,8 @@ int MMultiOperation::AskUser(Ask ask) {
 
 int MMultiOperation::GetUserInput(CDialog& dialog) {
   return AskUser([&] { return static_cast<int>(dialog.DoModal()); });
+}
+
+int MMultiOperation::GetUserInput(Message& message) {
+  return AskUser([&] { return message.display(); });
 }
