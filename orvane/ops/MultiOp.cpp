@@ -34,7 +34,10 @@ MMultiOperation::MMultiOperation(unsigned first, unsigned end) {
   SetRange(first, end);
 }
 
-MMultiOperation::MMultiOperation(const MMultiOperation& other) { *this = other; }
+MMultiOperation::MMultiOperation(const MMultiOperation& other) {
+  Reset();
+  *this = other;
+}
 
 MMultiOperation& MMultiOperation::operator=(const MMultiOperation& other) {
   if (this == &other) return *this;
