@@ -27,18 +27,26 @@ class Item {
  public:
   virtual ~Item() = default;
   virtual OperationReturnState Operation(unsigned index) = 0;
+  unsigned sum = 0;
 };
 
+// Two classes, chosen at run time, so that the compiler cannot know what the call goes to.
+template <int Which>
 class CountingItem : public Item {
  public:
-  unsigned sum = 0;
   OperationReturnState Operation(unsigned index) override {
     sum += index;
-    return OperationDone;
+    return Which == 0 ? OperationDone : OperationFailed;
   }
 };
 
-[[gnu::noinline]] unsigned callAll(Item& item) {
+std::unique_ptr<Item> makeItem() {
+  volatile bool done = true;
+  if (done) return std::make_unique<CountingItem<0>>();
+  return std::make_unique<CountingItem<1>>();
+}
+
+unsigned callAll(Item& item) {
   unsigned done = 0;
   for (unsigned index = 0; index < kItems; ++index) done += item.Operation(index) == OperationDone;
   return done;
@@ -47,7 +55,7 @@ class CountingItem : public Item {
 void measure(const char* subject, bool withWindow) {
   Counting operation;
   operation.SetNoGui(!withWindow);
-  CountingItem item;
+  const std::unique_ptr<Item> item = makeItem();
   const bench::Times times = bench::Compare(
       kRounds,
       [&] {
@@ -55,10 +63,10 @@ void measure(const char* subject, bool withWindow) {
         bench::Require(operation.DoOperation(0) != 0, "the operation failed");
       },
       [&] {
-        item.sum = 0;
-        bench::Require(callAll(item) == kItems, "items are missing");
+        item->sum = 0;
+        bench::Require(callAll(*item) == kItems, "items are missing");
       });
-  bench::Require(operation.sum == item.sum, "the sums differ");
+  bench::Require(operation.sum == item->sum, "the sums differ");
   bench::PrintRow(subject, times, 0);
   constexpr double kNanosecondsPerItem = 1e6 / kItems;
   printf("%-44s %9.2f ns %9.2f ns\n", "  for an item", times.subject * kNanosecondsPerItem,
