@@ -26,7 +26,7 @@ class Message;
 class MultiOpProgressDialog;
 
 // What came of one item.
-enum OperationReturnState {
+enum OperationReturnState : int {
   OperationDone = 0,        // counted; the loop goes on
   OperationFailed = 1,      // the operation has failed; the loop goes on
   OperationFailedStop = 2,  // the operation has failed; the loop ends
