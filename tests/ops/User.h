@@ -56,13 +56,7 @@ class User {
   }
 
   static void Click(HWND button) { PostMessage(button, BM_CLICK, 0, 0); }
-  // To the control that has the focus in the dialog's thread.
-  static void Press(HWND dialog, WPARAM key) {
-    GUITHREADINFO info = {};
-    info.cbSize = sizeof info;
-    GetGUIThreadInfo(GetWindowThreadProcessId(dialog, nullptr), &info);
-    PostMessage(info.hwndFocus != nullptr ? info.hwndFocus : dialog, WM_KEYDOWN, key, 1);
-  }
+  static void Press(HWND button, WPARAM key) { PostMessage(button, WM_KEYDOWN, key, 1); }
 
  private:
   static BOOL CALLBACK Find(HWND window, LPARAM parameter) {

@@ -74,7 +74,6 @@ TEST_F(Quiet, NothingToDo) {
 }
 
 TEST_F(Quiet, StopLetsTheItemEnd) {
-  Work work(0, 5, done);
   Work stopped(0, 5, [&](unsigned index) {
     EXPECT_EQ(WaitForSingleObject(stopped.StopEvent(), 0), DWORD{WAIT_TIMEOUT});
     if (index == 2) stopped.StopLoop();
