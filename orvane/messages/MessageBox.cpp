@@ -1,5 +1,8 @@
 #include "messages/MessageBox.h"
 
+#include <mbctype.h>
+#include <mbstring.h>
+
 #include <algorithm>
 #include <cstring>
 #include <iterator>
@@ -44,10 +47,28 @@ CString textOf(const Label& label) {
   return text.LoadString(label.id) ? CString(text) : CString(label.fallback);
 }
 
+// A line in pieces, as the time that an edit takes to break one grows with the square of its
+// length.
+CString inPieces(CString line) {
+  constexpr int kLongest = 4000;  // bytes
+  CString pieces;
+  while (line.GetLength() > kLongest) {
+    int end = line.Left(kLongest).ReverseFind(' ') + 1;
+    if (end == 0) {
+      const auto* const bytes = reinterpret_cast<const unsigned char*>(static_cast<LPCSTR>(line));
+      end = _mbsbtype(bytes, kLongest - 1) == _MBC_LEAD ? kLongest - 1 : kLongest;
+    }
+    pieces += line.Left(end) + "\r\n";
+    line = line.Mid(end);
+  }
+  return pieces + line;
+}
+
 }  // namespace
 
 void MMessageBox::Initialize(const char* title, const char* text) {
   m_title = title;
+  if (m_title.IsEmpty()) m_title = AfxGetAppName();
   m_text = text;
 }
 
@@ -121,6 +142,8 @@ MMessageBox::Sizes MMessageBox::CalcSize(int lineWidth) const {
   for (int i = 0; i < kCheckBoxes; ++i) {
     if (m_checkBoxes[i].text.IsEmpty()) continue;
     sizes.checks[i] = GetTextSize(m_checkBoxes[i].text, MControlKind::CheckBox, lineWidth);
+    // A text that would fill the screen leaves room for the others.
+    sizes.checks[i].cy = std::min<int>(sizes.checks[i].cy, GetLargestSize().cy / 4);
     widest = std::max<int>(widest, sizes.checks[i].cx);
     checksHeight += sizes.checks[i].cy + kSpacing;
   }
@@ -160,7 +183,8 @@ void MMessageBox::AddText(const Sizes& sizes) {
   for (const CSize& line : sizes.lines) height += line.cy;
   if (height > sizes.text.cy) {
     CString text;
-    for (const CString& line : m_lines) text += (text.IsEmpty() ? "" : "\r\n") + line;
+    for (const CString& line : m_lines) text += inPieces(line) + "\r\n";
+    text = text.Left(text.GetLength() - 2);
     SetEdit(sizes.left, kSpacing, sizes.text.cx, sizes.text.cy, text,
             ES_MULTILINE | ES_READONLY | WS_VSCROLL);
     return;

@@ -76,42 +76,41 @@ int displayText(Message&& message) { return message.DoModal(); }
 
 }  // namespace
 
-Message::Message(MessageType type, const char* text) : Message(type, CString(text), 0U) {}
+Message::Message(MessageType type, const char* text) : Message(type, Content{CString(text), 0}) {}
 
 Message::Message(MessageType type, const char* format, const char* insert)
-    : Message(type, formattedText(format, insert), 0U) {}
+    : Message(type, Content{formattedText(format, insert), 0}) {}
 
-Message::Message(MessageType type, UINT id) : Message(type, textOf(id), id) {}
+Message::Message(MessageType type, UINT id) : Message(type, Content{textOf(id), id}) {}
 
 Message::Message(MessageType type, UINT id, MModule module)
-    : Message(type, textOf(id, module.Handle()), id) {}
+    : Message(type, Content{textOf(id, module.Handle()), id}) {}
 
 Message::Message(MessageType type, UINT id, const MInsert& one)
-    : Message(type, formatted(id, one), id) {}
+    : Message(type, Content{formatted(id, one), id}) {}
 
 Message::Message(MessageType type, UINT id, const MInsert& one, MModule module)
-    : Message(type, formatted(id, one, module), id) {}
+    : Message(type, Content{formatted(id, one, module), id}) {}
 
 Message::Message(MessageType type, UINT id, const MInsert& one, const MInsert& two)
-    : Message(type, formatted(id, one, two), id) {}
+    : Message(type, Content{formatted(id, one, two), id}) {}
 
 Message::Message(MessageType type, UINT id, const MInsert& one, const MInsert& two, MModule module)
-    : Message(type, formatted(id, one, two, module), id) {}
+    : Message(type, Content{formatted(id, one, two, module), id}) {}
 
 Message::Message(MessageType type, UINT id, const MInsert& one, const MInsert& two,
                  const MInsert& three)
-    : Message(type, formatted(id, one, two, three), id) {}
+    : Message(type, Content{formatted(id, one, two, three), id}) {}
 
 Message::Message(MessageType type, UINT id, const MInsert& one, const MInsert& two,
                  const MInsert& three, MModule module)
-    : Message(type, formatted(id, one, two, three, module), id) {}
+    : Message(type, Content{formatted(id, one, two, three, module), id}) {}
 
-Message::Message(MessageType type, const CString& text, UINT id)
-    : m_type(type), m_text(text), m_id(id) {
+Message::Message(MessageType type, const Content& content) : m_type(type), m_content(content) {
   if (!MRegistry::HasProductRegistry()) return;
   m_show = type >= MRegistry::GetProductRegistry().GetMessageDisplayLevel();
-  if (type != MSG_NOTE || !m_show || id == 0) return;
-  m_show = ShowMessage(id);
+  if (type != MSG_NOTE || !m_show || content.id == 0) return;
+  m_show = ShowMessage(content.id);
   MString label;
   if (!label.LoadString(IDS_DONT_SHOW_AGAIN)) label = "Don't show me this message again";
   SetCheckBox(label, 0);
@@ -125,26 +124,26 @@ void Message::SetCheckBox(int index, const char* text, int value) {
 
 int Message::DoModal() {
   if (!mayShow()) {
-    traceMessage(m_text);
+    traceMessage(m_content.text);
     return IDOK;
   }
   if (!m_show) {
-    const MRegistry::DisplayMessageVal answer = storedAnswer(m_id);
+    const MRegistry::DisplayMessageVal answer = storedAnswer(m_content.id);
     if (answer == MRegistry::DMV_YES) return IDOK;
     if (answer == MRegistry::DMV_NO && m_allowSelectiveCancel) return IDCANCEL;
     ASSERT(!"a message without an answer");
   }
   const Look& look = lookOf(m_type);
-  Initialize(messageTitle, m_text);
+  Initialize(messageTitle, m_content.text);
   SetIcon(look.icon);
   if (look.warns) {
-    traceMessage(m_text);
+    traceMessage(m_content.text);
     MessageBeep(look.standardIcon);
   }
   const int result = MMessageBox::DoModal();
   const bool answered = result == IDOK || result == IDCANCEL;
   if (answered && m_canBeSilenced && GetVal(0) == BST_CHECKED) {
-    DontShowMessage(m_id, TRUE, result == IDOK);
+    DontShowMessage(m_content.id, TRUE, result == IDOK);
   }
   return result;
 }
@@ -179,17 +178,18 @@ BOOL Message::GetConfirmation(UINT id, const MInsert& one, const MInsert& two) {
 }
 
 BOOL Message::GetConfirmationWithCheck(UINT checkTextId, int& checkValue, UINT id) {
-  return Confirm(checkTextId, checkValue, textOf(id), id);
+  return Confirm(checkTextId, checkValue, {textOf(id), id});
 }
 
 BOOL Message::GetConfirmationWithCheck(UINT checkTextId, int& checkValue, UINT id,
                                        const MInsert& one, const MInsert& two) {
-  return Confirm(checkTextId, checkValue, formatted(id, one, two), id);
+  return Confirm(checkTextId, checkValue, {formatted(id, one, two), id});
 }
 
-BOOL Message::Confirm(UINT checkTextId, int& checkValue, const CString& text, UINT id) {
-  if (!MRegistry::HasProductRegistry()) return displayPlain(MSG_WARNING, text, MB_YESNO) != IDNO;
-  Message message(MSG_WARNING, text, id);
+BOOL Message::Confirm(UINT checkTextId, int& checkValue, const Content& content) {
+  if (!MRegistry::HasProductRegistry())
+    return displayPlain(MSG_WARNING, content.text, MB_YESNO) != IDNO;
+  Message message(MSG_WARNING, content);
   message.SetButtons(MB_STYLE_YES_NO);
   MString checkText;
   if (checkTextId != 0) VERIFY(checkText.LoadString(checkTextId));

@@ -20,10 +20,10 @@
 class ORVANE_API Message : public MMessageBox {
  public:
   enum MessageType {
-    MSG_NOTE,     // can be silenced by the user
-    MSG_INFO,     //
-    MSG_WARNING,  // with a sound, and in the trace log
-    MSG_ERROR     // with a sound, and in the trace log
+    MSG_NOTE,  // can be silenced by the user
+    MSG_INFO,
+    MSG_WARNING,  // has a sound and goes to the trace log
+    MSG_ERROR     // the same
   };
 
   Message(MessageType type, const char* text);
@@ -47,7 +47,7 @@ class ORVANE_API Message : public MMessageBox {
 
   void SetButtons(MessageButtonStyle style) { SetButtonStyle(style); }
   // As those of MMessageBox, with a value, 0 or 1, in the place of the style. The check box 0 of a
-  // note that can be silenced is taken.
+  // note that has an id is the one that silences it, whatever its text.
   void SetCheckBox(const char* text, int value) { SetCheckBox(0, text, value); }
   void SetCheckBox(int index, const char* text, int value);
   // Whether a message that the user has silenced with the second button gives that answer. When
@@ -95,13 +95,16 @@ class ORVANE_API Message : public MMessageBox {
   static int IsSilent();
 
  private:
-  Message(MessageType type, const CString& text, UINT id);
-  static BOOL Confirm(UINT checkTextId, int& checkValue, const CString& text, UINT id);
+  struct Content {
+    CString text;
+    UINT id;  // 0: the text is from no string table
+  };
+  Message(MessageType type, const Content& content);
+  static BOOL Confirm(UINT checkTextId, int& checkValue, const Content& content);
 
   MessageType m_type;
-  CString m_text;
+  Content m_content;
   BOOL m_show = TRUE;
-  UINT m_id;  // 0: the text is from no string table
   bool m_canBeSilenced = false;
   BOOL m_allowSelectiveCancel = FALSE;
 };
