@@ -122,6 +122,7 @@ int MMultiOperation::DoOperation(int interactive) {
     ran = runs([this] { RunLoop(); });
   } else if (m_showProgress != 0 && (!isSingle() || m_displayProgressOnSingle != 0)) {
     ran = runs([&] { RunWithWindow(interactive); });
+    m_progressWindow = nullptr;
   } else {
     const SysWaitCursor cursor(0);
     ran = runs([this] { RunLoop(); });
@@ -147,7 +148,6 @@ void MMultiOperation::RunWithWindow(int interactive) {
     thread->ActivateThreadAndWait(kSecondsWithoutWindow);
   if (!window.IsDone()) window.DoModal();
   window.AwaitWorkerThread();
-  m_progressWindow = nullptr;
 }
 
 void MMultiOperation::RunInThread(void* operation) {

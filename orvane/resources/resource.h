@@ -90,3 +90,8 @@
 #define IDS_COMPARISON_TITLE 23226  // %1: the base folder, %2: the revised folder
 #define IDS_ANALYZE 23228
 #define IDS_OPEN 23229
+
+// --- Icons and dialogs ---
+
+#define IDI_ORVANE 23400         // 16, 32 and 48 pixels
+#define IDD_ABOUT_LIBRARY 23401  // says what the library is; for hosts, with CDialog
