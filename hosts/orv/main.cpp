@@ -28,7 +28,10 @@ constexpr Command kCommands[] = {
     {"list", "ARCHIVE", "prints size, packed size, attributes, time (UTC), name", 1, 1,
      ListCommand},
     {"test", "ARCHIVE", "reads every entry and checks its CRC", 1, 1, TestCommand},
-    {"xml", "FILE [-o OUT] [--html]", "parses markup, prints problems or a summary", 1, 4, XmlCommand},
+    {"xml", "FILE [-o OUT] [--html]", "parses markup, prints problems or a summary", 1, 4,
+     XmlCommand},
+    {"text", "FILE [-o OUT]", "prints a text in 8-bit characters, writes it in UTF-8", 1, 3,
+     TextCommand},
 };
 
 void PrintHelp(FILE* out) {
