@@ -11,14 +11,11 @@
 
 namespace {
 
-bool Exists(const char* path) { return GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES; }
-
 bool HasFurtherBackslash(const char* relative) {
   return _mbschr(reinterpret_cast<const unsigned char*>(relative + 1), '\\') != nullptr;
 }
 
-// Copies to where nothing stands. The copy has the source's times and attributes, permission
-// included.
+// Copies to where nothing stands. The copy has the source's times and attributes.
 bool CopyNew(const char* source, const char* target) {
   if (CopyFileA(source, target, TRUE)) return true;
   if (GetLastError() == ERROR_PATH_NOT_FOUND) {
@@ -92,12 +89,21 @@ int DirectoryCopyOp::CopyOne(const char* path) {
   const char* const relative = path + m_root.GetLength();
   if (m_subfoldersOnly != 0 && !HasFurtherBackslash(relative)) return 1;
   const CString target = m_destination + relative;
+  const DWORD sourceAttributes = GetFileAttributesA(path);
+  if (sourceAttributes == INVALID_FILE_ATTRIBUTES) {
+    // It has disappeared since it was found, and is not in the copy.
+    REPORT_TREE_FAILURE("File to copy not there", path);
+    return 0;
+  }
   const DWORD targetAttributes = GetFileAttributesA(target);
   const bool copied = targetAttributes == INVALID_FILE_ATTRIBUTES
                           ? CopyNew(path, target)
                           : CopyOver(path, target, targetAttributes);
-  if (copied) return 1;
-  // A file that has disappeared since it was found is a failure: it is not in the copy.
-  REPORT_TREE_FAILURE(Exists(path) ? "File not copied" : "File to copy is gone", path);
-  return 0;
+  if (!copied) {
+    REPORT_TREE_FAILURE("File not copied", path);
+    return 0;
+  }
+  // The attributes come along with the bytes, but not on every system.
+  if (sourceAttributes & FILE_ATTRIBUTE_READONLY) SetTreeFileReadOnly(target, true);
+  return 1;
 }
