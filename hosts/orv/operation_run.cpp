@@ -8,8 +8,12 @@
 namespace {
 
 constexpr unsigned long kLineMilliseconds = 100;
+constexpr int kLineWidth = 20;
 
 bool g_window = false;
+int g_percent = -1;    // that was shown last
+bool g_shown = false;  // whether the line is on the screen
+unsigned long g_shownAt = 0;
 std::atomic<MMultiOperation*> g_running = nullptr;
 
 BOOL WINAPI OnCtrlC(DWORD) {
@@ -28,6 +32,9 @@ bool HasTerminal() {
   return has;
 }
 
+// At once: stderr has no buffer.
+void Write(const CString& text) { fputs(text, stderr); }
+
 }  // namespace
 
 void ShowProgressWindow() { g_window = true; }
@@ -35,24 +42,29 @@ void ShowProgressWindow() { g_window = true; }
 int RunOperation(MMultiOperation& operation) {
   operation.SetNoGui(!g_window);
   operation.SetDisplayProgressOnSingle(1);
+  g_percent = -1;
   g_running = &operation;
   SetConsoleCtrlHandler(OnCtrlC, TRUE);
   const int result = operation.DoOperation(g_window);
   g_running = nullptr;
   SetConsoleCtrlHandler(OnCtrlC, FALSE);
+  ClearProgress();
   return result;
 }
 
-ProgressLine::~ProgressLine() {
-  if (m_percent >= 0) fprintf(stderr, "\r%*s\r", 40, "");
-}
-
-void ProgressLine::Show(unsigned done, unsigned all) {
+void ShowProgress(const char* verb, unsigned done, unsigned all) {
   if (g_window || !HasTerminal() || all == 0) return;
   const int percent = static_cast<int>(done * 100ull / all);
-  if (percent <= m_percent || GetTickCount() - m_shownAt < kLineMilliseconds) return;
-  m_percent = percent;
-  m_shownAt = GetTickCount();
-  fprintf(stderr, "\r%s: %d%%", m_verb, percent);
-  fflush(stderr);
+  if (percent <= g_percent || GetTickCount() - g_shownAt < kLineMilliseconds) return;
+  g_percent = percent;
+  g_shownAt = GetTickCount();
+  g_shown = true;
+  CString line;
+  line.Format("\r%s: %d%%", verb, percent);
+  Write(line);
+}
+
+void ClearProgress() {
+  if (g_shown) Write("\r" + CString(' ', kLineWidth) + "\r");
+  g_shown = false;
 }

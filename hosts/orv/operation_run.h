@@ -10,19 +10,9 @@ void ShowProgressWindow();
 // Runs the operation and gives its result. A second Ctrl+C ends the program at once.
 int RunOperation(MMultiOperation& operation);
 
-// A line on stderr that says how far the work is, when stderr is a terminal and no window is shown.
-// It is never longer than the last one needs, never runs backwards, and goes when the work ends.
-class ProgressLine {
- public:
-  explicit ProgressLine(const char* verb) : m_verb(verb) {}
-  ~ProgressLine();
-  ProgressLine(const ProgressLine&) = delete;
-  ProgressLine& operator=(const ProgressLine&) = delete;
+// Says on stderr how far the operation that runs is, in a line that never runs backwards and goes
+// when the operation ends: on a terminal only, and when there is no window.
+void ShowProgress(const char* verb, unsigned done, unsigned all);
 
-  void Show(unsigned done, unsigned all);
-
- private:
-  const char* m_verb;
-  int m_percent = -1;  // that is on the screen
-  unsigned long m_shownAt = 0;
-};
+// Takes the line away, for a message in its place; the next progress brings it back.
+void ClearProgress();

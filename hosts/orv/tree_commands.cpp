@@ -34,13 +34,12 @@ class CopyOperation : public DirectoryCopyOp {
     const int result = DirectoryCopyOp::CopyOne(path);
     m_copied += result != 0;
     if (result == 0) Complain(path, "can't be copied");
-    m_line.Show(m_current, m_end);
+    ShowProgress("copying", m_current, m_end);
     return result;
   }
 
  private:
   int m_copied = 0;
-  ProgressLine m_line{"copying"};
 };
 
 class TreeLister : public DirectoryOp {
@@ -79,14 +78,9 @@ int TreeCommand(int count, char** arguments) {
 
 int CopyCommand(int, char** arguments) {
   if (!IsThere(arguments[0])) return kFailed;
-  bool good;
-  int copied;
-  {
-    CopyOperation copy(arguments[0], arguments[1]);
-    good = RunOperation(copy) != 0 && !copy.wasAborted();
-    copied = copy.copied();
-  }
-  fprintf(stderr, "%d files copied%s\n", copied, good ? "" : ", not all");
+  CopyOperation copy(arguments[0], arguments[1]);
+  const bool good = RunOperation(copy) != 0 && !copy.wasAborted();
+  fprintf(stderr, "%d files copied%s\n", copy.copied(), good ? "" : ", not all");
   return good ? kDone : kFailed;
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "entry/Handles.h"
+#include "operation_run.h"
 #include "zip_messages.h"
 
 namespace {
@@ -69,9 +70,9 @@ void TreeZipper::ListFile(const std::string& name) {
   if (_stricmp(FullPath(PathOf(name)).c_str(), m_skipped.c_str()) != 0) m_names.push_back(name);
 }
 
-bool TreeZipper::ZipInto(HZIP archive) {
+void TreeZipper::Run(HZIP archive) {
   m_archive = archive;
-  return RunOperation(*this) != 0 && m_notAdded == 0;
+  RunOperation(*this);
 }
 
 OperationReturnState TreeZipper::Operation(unsigned int index) {
@@ -80,14 +81,15 @@ OperationReturnState TreeZipper::Operation(unsigned int index) {
   const unsigned long result = name.back() == '/'
                                    ? ZipAdd(m_archive, name.c_str(), nullptr, 0, kZipFolder)
                                    : ZipAdd(m_archive, name.c_str(), path.data(), 0, kZipFileName);
-  m_line.Show(index + 1, m_end);
+  ShowProgress("zipping", index + 1, m_end);
   if (result == kZipOk) {
     ++m_added;
     return OperationDone;
   }
   Complain(name, ZipText(result));
   ++m_notAdded;
-  return OperationFailed;
+  m_writeFailed = result == kZipWriteError;
+  return m_writeFailed ? OperationFailedStop : OperationFailed;
 }
 
 std::string TreeZipper::PathOf(const std::string& name) const {

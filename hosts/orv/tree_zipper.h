@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "operation_run.h"
+#include "ops/MultiOp.h"
 #include "zip/ZipWriter.h"
 
 class TreeZipper : public MMultiOperation {
@@ -20,10 +20,12 @@ class TreeZipper : public MMultiOperation {
   bool read() const { return m_read; }
 
   // Zips what was listed. The archive stays the caller's.
-  bool ZipInto(HZIP archive);
+  void Run(HZIP archive);
 
   int added() const { return m_added; }
   int failed() const { return m_notAdded; }
+  // Whether the archive did not take the bytes: nothing that was added can be relied on then.
+  bool writeFailed() const { return m_writeFailed; }
 
  protected:
   OperationReturnState Operation(unsigned int index) override;
@@ -42,5 +44,5 @@ class TreeZipper : public MMultiOperation {
   bool m_read;
   int m_added = 0;
   int m_notAdded = 0;  // files and folders
-  ProgressLine m_line{"zipping"};
+  bool m_writeFailed = false;
 };

@@ -46,7 +46,7 @@ class UnzipOperation : public MMultiOperation {
     const bool good = m_archive.VisitEntry(
         static_cast<int>(index),
         [&](HZIP archive, const ZIPENTRY& entry) { return ExtractEntry(archive, entry); });
-    m_line.Show(index + 1, m_end);
+    ShowProgress("extracting", index + 1, m_end);
     return good ? OperationDone : OperationFailed;
   }
 
@@ -67,27 +67,14 @@ class UnzipOperation : public MMultiOperation {
   ArchiveReader m_archive;
   std::string m_folder;
   int m_extracted = 0;
-  ProgressLine m_line{"extracting"};
 };
-
-int Unzip(UnzipOperation& operation) {
-  if (!operation.opened()) return kFailed;
-  const bool good = RunOperation(operation) != 0;
-  if (!operation.wasAborted()) return good ? kDone : kFailed;
-  Complain("stopped", "the rest is not extracted");
-  return kFailed;
-}
 
 }  // namespace
 
 int UnzipCommand(int, char** arguments) {
-  int extracted;
-  int status;
-  {
-    UnzipOperation operation(arguments[0], arguments[1]);
-    status = Unzip(operation);
-    extracted = operation.extracted();
-  }
-  fprintf(stderr, "%d files extracted\n", extracted);
-  return status;
+  UnzipOperation operation(arguments[0], arguments[1]);
+  const bool good = operation.opened() && RunOperation(operation) != 0;
+  if (operation.wasAborted()) Complain("stopped", "the rest is not extracted");
+  fprintf(stderr, "%d files extracted\n", operation.extracted());
+  return good && !operation.wasAborted() ? kDone : kFailed;
 }

@@ -10,13 +10,14 @@
 
 namespace {
 
-// Zips into an open archive and closes it. True when everything is in it.
+// Zips into an open archive and closes it. True when it is a good archive, be it without some of
+// the files.
 bool ZipInto(HZIP archive, TreeZipper& zipper) {
-  const bool zipped = zipper.ZipInto(archive);
+  zipper.Run(archive);
   const unsigned long closed = CloseZipZ(archive);
   if (zipper.wasAborted()) Complain("stopped", "the archive is not whole");
   if (closed != kZipOk) Complain("closing the archive", ZipText(closed));
-  return zipped && closed == kZipOk && !zipper.wasAborted();
+  return closed == kZipOk && !zipper.writeFailed() && !zipper.wasAborted();
 }
 
 bool ZipToOutput(TreeZipper& zipper) {
@@ -31,7 +32,7 @@ bool ZipToOutput(TreeZipper& zipper) {
 std::string PartOf(const std::string& name) { return name + ".part"; }
 
 // The archive is written beside its name and put in place when it is finished, so that a run that
-// is broken off leaves what stood there.
+// is stopped or broken off leaves what stood there.
 bool ZipToFile(const std::string& name, TreeZipper& zipper) {
   std::string part = PartOf(name);
   const HZIP archive = CreateZipZ(part.data(), 0, kZipFileName);
@@ -39,16 +40,13 @@ bool ZipToFile(const std::string& name, TreeZipper& zipper) {
     Complain(part, ZipText(kZipNoFile));
     return false;
   }
-  const bool whole = ZipInto(archive, zipper);
-  if (zipper.wasAborted()) {
+  if (!ZipInto(archive, zipper)) {
     ForceDeleteFile(part.c_str());
     return false;
   }
-  if (!MoveFileExA(part.c_str(), name.c_str(), MOVEFILE_REPLACE_EXISTING)) {
-    Complain(name, "the archive can't be put in place; it is " + part);
-    return false;
-  }
-  return whole;
+  if (MoveFileExA(part.c_str(), name.c_str(), MOVEFILE_REPLACE_EXISTING)) return true;
+  Complain(name, "the archive can't be put in place; it is " + part);
+  return false;
 }
 
 bool Zip(const std::string& name, const std::string& folder, const std::string& pattern) {
@@ -59,7 +57,7 @@ bool Zip(const std::string& name, const std::string& folder, const std::string& 
   }
   const bool good = name == "-" ? ZipToOutput(zipper) : ZipToFile(name, zipper);
   fprintf(stderr, "%d entries added, %d failed\n", zipper.added(), zipper.failed());
-  return good;
+  return good && zipper.failed() == 0;
 }
 
 }  // namespace
