@@ -24,7 +24,7 @@ class CopyOperation : public DirectoryCopyOp {
   CopyOperation(const char* source, const char* destination)
       : DirectoryCopyOp(source, destination, 0, 1) {
     StopLoopOnFailure(0);
-    SetMessage(CString("Copying to ") + destination);
+    SetTitle("Copying", destination);
   }
 
   int copied() const { return m_copied; }

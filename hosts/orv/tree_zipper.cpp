@@ -48,7 +48,7 @@ TreeZipper::TreeZipper(std::string folder, std::string pattern, std::string skip
     : m_folder(std::move(folder)), m_pattern(std::move(pattern)), m_skipped(FullPath(skipped)) {
   m_read = ListFolder("");
   SetRange(0, static_cast<unsigned>(m_names.size()));
-  SetTitle("", ("Zipping " + m_folder).c_str());
+  SetTitle("Zipping", m_folder.c_str());
 }
 
 bool TreeZipper::ListFolder(const std::string& prefix) {

@@ -35,7 +35,7 @@ class UnzipOperation : public MMultiOperation {
  public:
   UnzipOperation(const char* archive, const char* folder) : m_archive(archive), m_folder(folder) {
     SetRange(0, static_cast<unsigned>(m_archive.Count()));
-    SetTitle("", ("Extracting into " + m_folder).c_str());
+    SetTitle("Extracting", m_folder.c_str());
   }
 
   bool opened() const { return m_archive.isOpen(); }
