@@ -66,6 +66,7 @@ int TakeWindow(int count, char** arguments) {
 }
 
 int Run(const Command& command, int count, char** arguments) {
+  HandleCtrlC();
   if (command.hasWindow) count = TakeWindow(count, arguments);
   if (count < command.fewest || count > command.most) {
     fprintf(stderr, "usage: orv %s %s\n", command.name, command.arguments);

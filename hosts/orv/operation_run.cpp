@@ -5,6 +5,8 @@
 #include <atomic>
 #include <cstdio>
 
+#include "commands.h"
+
 namespace {
 
 constexpr unsigned long kLineMilliseconds = 100;
@@ -19,7 +21,7 @@ std::atomic<MMultiOperation*> g_running = nullptr;
 BOOL WINAPI OnCtrlC(DWORD) {
   // Taken out, so that the next one finds nothing to stop and ends the program.
   MMultiOperation* const operation = g_running.exchange(nullptr);
-  if (operation == nullptr) return FALSE;
+  if (operation == nullptr) ExitProcess(kFailed);
   operation->StopLoop();
   return TRUE;
 }
@@ -37,6 +39,8 @@ void Write(const CString& text) { fputs(text, stderr); }
 
 }  // namespace
 
+void HandleCtrlC() { SetConsoleCtrlHandler(OnCtrlC, TRUE); }
+
 void ShowProgressWindow() { g_window = true; }
 
 int RunOperation(MMultiOperation& operation) {
@@ -44,10 +48,8 @@ int RunOperation(MMultiOperation& operation) {
   operation.SetDisplayProgressOnSingle(1);
   g_percent = -1;
   g_running = &operation;
-  SetConsoleCtrlHandler(OnCtrlC, TRUE);
   const int result = operation.DoOperation(g_window);
   g_running = nullptr;
-  SetConsoleCtrlHandler(OnCtrlC, FALSE);
   ClearProgress();
   return result;
 }

@@ -4,10 +4,14 @@
 
 #include "ops/MultiOp.h"
 
+// From now on Ctrl+C stops the operation that runs; without one, or at the second time, it ends the
+// program as failed.
+void HandleCtrlC();
+
 // Progress windows from now on, in place of lines.
 void ShowProgressWindow();
 
-// Runs the operation and gives its result. A second Ctrl+C ends the program at once.
+// Runs the operation and gives its result.
 int RunOperation(MMultiOperation& operation);
 
 // Says on stderr how far the operation that runs is, in a line that never runs backwards and goes

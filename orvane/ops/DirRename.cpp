@@ -55,7 +55,7 @@ bool MoveTreeFile(const char* from, const char* to) {
   const EntryMarks marks(from);
   // A read-only file would be left behind at its old place when the move goes to another disk.
   if (marks.IsReadOnly() && !SetTreeFileReadOnly(from, false)) return false;
-  if (MoveFileA(from, to)) {
+  if (CanActOnFile(from) && MoveFileA(from, to)) {
     if (!marks.AreThoseOf(to)) marks.GiveTo(to);
     return true;
   }
@@ -65,7 +65,7 @@ bool MoveTreeFile(const char* from, const char* to) {
 }
 
 bool MoveTreeLink(const char* from, const char* to) {
-  if (CanActOnLinkItself(from) && MoveFileA(from, to)) return true;
+  if (CanActOnFolderLink(from) && MoveFileA(from, to)) return true;
   REPORT_TREE_FAILURE("Link to a folder not moved", from);
   return false;
 }

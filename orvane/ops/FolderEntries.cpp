@@ -2,6 +2,9 @@
 
 #include <cstring>
 
+#include "entry/strutils.h"
+#include "ops/TreePaths.h"
+
 namespace {
 
 constexpr DWORD kFolderLink = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
@@ -21,6 +24,25 @@ bool HasLinkTag(const char* path) {
   if (!link || !GetFileInformationByHandleEx(link.get(), FileAttributeTagInfo, &info, sizeof info))
     return true;
   return info.ReparseTag == 0 || IsReparseTagNameSurrogate(info.ReparseTag);
+}
+
+bool RunsUnderWine() {
+  static const bool runs =
+      GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
+  return runs;
+}
+
+// Where path really leads, in lower case; empty when it can't be told.
+CString RealPath(const char* path) {
+  char text[2 * MAX_PATH] = "";
+  const unique_file file = OpenLinkItself(path);
+  const DWORD length = GetFinalPathNameByHandleA(file.get(), text, sizeof text, 0);
+  if (length == 0 || length >= sizeof text) return CString();
+  const char kPrefix[] = R"(\\?\)";
+  CString result(std::strncmp(text, kPrefix, sizeof kPrefix - 1) == 0 ? text + sizeof kPrefix - 1
+                                                                      : text);
+  result.MakeLower();
+  return result;
 }
 
 bool IsDotOrDots(const char* name) {
@@ -67,9 +89,20 @@ bool IsRealFolder(const char* path) {
          !IsFolderLink(path);
 }
 
-bool CanActOnLinkItself(const char* path) {
+bool CanActOnFolderLink(const char* path) {
   const unique_file link = OpenLinkItself(path);
   BY_HANDLE_FILE_INFORMATION info;
   return link && GetFileInformationByHandle(link.get(), &info) &&
          (info.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+}
+
+bool CanActOnFile(const char* path) {
+  if (!RunsUnderWine()) return true;
+  const CString real = RealPath(path);
+  if (real.IsEmpty() || real == ComparedPath(path)) return true;
+  // The folder may be reached through a link, the file may not be one.
+  CString folder, name, realFolder, realName;
+  SplitAtLastBackslash(ComparedPath(path), folder, name);
+  SplitAtLastBackslash(real, realFolder, realName);
+  return name == realName && RealPath(folder + "\\") == realFolder;
 }

@@ -46,6 +46,8 @@ class FolderEntries {
 bool IsFolderLink(const char* path);
 bool IsRealFolder(const char* path);
 
-// Whether the system lets programs move and delete the link at path. Wine takes what the link leads
-// to in its stead, which is not ours to touch.
-bool CanActOnLinkItself(const char* path);
+// Whether a program that moves, deletes or changes what stands at path acts on just that. Under
+// Wine, where a link stands there, it is what the link leads to, which is not ours to touch; and
+// only links to folders can be seen to be links.
+bool CanActOnFolderLink(const char* path);
+bool CanActOnFile(const char* path);

@@ -29,20 +29,23 @@ void MakeFolderWritable(const char* path) {
 }  // namespace
 
 bool DeleteTreeFile(const char* path, DWORD attributes) {
-  if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) SetTreeFileReadOnly(path, false);
-  if (_unlink(path) == 0 || errno == ENOENT) return true;
+  if (CanActOnFile(path)) {
+    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) SetTreeFileReadOnly(path, false);
+    if (_unlink(path) == 0 || errno == ENOENT) return true;
+  }
   ReportTreeFailure(kSource, __LINE__, "File not deleted", path);
   return false;
 }
 
 bool SetTreeFileReadOnly(const char* path, bool readOnly) {
-  if (_chmod(path, readOnly ? _S_IREAD : _S_IREAD | _S_IWRITE) == 0) return true;
+  if (CanActOnFile(path) && _chmod(path, readOnly ? _S_IREAD : _S_IREAD | _S_IWRITE) == 0)
+    return true;
   ReportTreeFailure(kSource, __LINE__, "Permission not changed", path);
   return false;
 }
 
 bool RemoveTreeLink(const char* path) {
-  if (CanActOnLinkItself(path) && RemoveTreeFolder(path)) return true;
+  if (CanActOnFolderLink(path) && RemoveTreeFolder(path)) return true;
   ReportTreeFailure(kSource, __LINE__, "Link to a folder not removed", path);
   return false;
 }

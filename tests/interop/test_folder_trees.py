@@ -72,17 +72,24 @@ def links_are_not_entered(orv, folder):
 
 
 def links_are_not_followed_in_deleting(orv, folder):
-    """Wine would delete and move what a link leads to: the links must be left where they are, and
+    """Wine would delete, move and mark what a link leads to: the links must be left as they are, and
     that must be said."""
     tree, outside = _linked_tree(folder)
+    (tree / "link").symlink_to(folder / "outside/note.tmp")
+    (tree / "a/deep").symlink_to("../../outside/sub/deep")
+    links = ["a/deep", "a/empty", "a/self", "a/up", "link", "out"]
+    orv.other("trees_host").run("read-only", tree).expect(1)
+    _check_outside(folder, outside)
+    orv.run("clean", tree, "deep").expect(1)
+    _check_outside(folder, outside)
     orv.other("trees_host").run("rename", tree, folder / "new").expect(1)
     _check_outside(folder, outside)
     check_equal(sorted(_tree(folder / "new")), ["a/keep", "a/note.tmp"], "what has arrived")
-    check_equal(sorted(_tree(tree)), ["a/empty", "a/self", "a/up", "out"], "what has stayed")
+    check_equal(sorted(_tree(tree)), links, "what has stayed")
     _write(tree / "a/more")
     orv.other("trees_host").run("remove", tree).expect(1)
     _check_outside(folder, outside)
-    check_equal(sorted(_tree(tree)), ["a/empty", "a/self", "a/up", "out"], "what can't be removed")
+    check_equal(sorted(_tree(tree)), links, "what can't be removed")
     orv.other("trees_host").run("remove", tree / "out").expect(1)
     _check_outside(folder, outside)
 
