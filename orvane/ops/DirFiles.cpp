@@ -31,7 +31,6 @@ FolderState ForEachFile(const CString& folder, bool recurse, bool& goOn, const O
 // else removes meanwhile counts as read.
 template <class OnFile>
 bool ForEachFile(const char* folder, bool recurse, const OnFile& onFile) {
-  if (folder == nullptr || *folder == 0) return false;
   bool goOn = true;
   return ForEachFile(folder, recurse, goOn, onFile) == FolderState::kRead;
 }

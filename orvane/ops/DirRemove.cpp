@@ -63,21 +63,19 @@ bool CleanFolder(const CString& folder, const CString& lowerName, int recurse, b
 }  // namespace
 
 int RemoveDirectoryA(const char* path, int recurse) {
-  // The empty path would be the root of the current drive.
-  if (IsEmptyText(path)) return 0;
   if (IsFolderLink(path)) return RemoveTreeLink(path);
   // What could not be deleted keeps the folder from being removed.
   return EmptyFolder(path, recurse != 0) && RemoveTreeFolder(path);
 }
 
 int DirectoryCleanup(const char* folder, const char* name, int recurse, int) {
-  if (IsEmptyText(folder) || IsEmptyText(name)) return 0;
+  if (IsEmptyText(name)) return 0;
   bool opened;
   return CleanFolder(folder, LowerCase(name), recurse, opened) && opened;
 }
 
 int DirectoryCleanupMask(const char* folder, const char* mask) {
-  if (IsEmptyText(folder) || IsEmptyText(mask)) return 0;
+  if (IsEmptyText(mask)) return 0;
   // With a folder in it, the names that it finds would be looked for in the wrong one.
   CString maskFolder, maskName;
   SplitAtLastBackslash(WithBackslashes(mask), maskFolder, maskName);

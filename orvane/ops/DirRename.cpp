@@ -60,6 +60,10 @@ bool MoveTreeFile(const char* from, const char* to) {
     return true;
   }
   REPORT_TREE_FAILURE("File not moved", from);
+  // A move to another disk copies, and what it has copied of the file may be left.
+  const DWORD stayed = GetFileAttributesA(from), left = GetFileAttributesA(to);
+  if (stayed != INVALID_FILE_ATTRIBUTES && left != INVALID_FILE_ATTRIBUTES)
+    DeleteTreeFile(to, left);
   if (marks.IsReadOnly()) SetTreeFileReadOnly(from, true);
   return false;
 }

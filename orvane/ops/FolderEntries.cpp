@@ -51,8 +51,10 @@ bool IsDotOrDots(const char* name) {
 
 }  // namespace
 
-FolderEntries::FolderEntries(const CString& folder, const char* pattern)
-    : m_begin(folder + "\\"), m_search(FindFirstFileA(m_begin + pattern, &m_found)) {
+FolderEntries::FolderEntries(const CString& folder, const char* pattern) : m_begin(folder + "\\") {
+  // Without a name it would be the root of the current drive.
+  if (folder.IsEmpty()) return;
+  m_search.reset(FindFirstFileA(m_begin + pattern, &m_found));
   if (m_search) return;
   const DWORD error = GetLastError();
   const bool isLong = m_begin.GetLength() + std::strlen(pattern) >= MAX_PATH;

@@ -7,7 +7,8 @@
 
 class FolderEntries {
  public:
-  // The entries of folder that match pattern. "." and ".." are left out.
+  // The entries of folder that match pattern. "." and ".." are left out. An empty name is no
+  // folder.
   explicit FolderEntries(const CString& folder, const char* pattern = "*.*");
   FolderEntries(const FolderEntries&) = delete;
   FolderEntries& operator=(const FolderEntries&) = delete;

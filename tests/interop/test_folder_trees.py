@@ -139,6 +139,12 @@ def full_disk_loses_nothing(orv, folder):
         for name in ("copy/sub/large", "a.zip", "out/sub/large"):
             check_equal((disk / name).read_bytes(), b"of before", f"{name}, of before")
         check_equal(list(disk.rglob("*.part")), [], "files left half")
+        if disk.is_mount():  # otherwise nothing is copied in a move
+            before = _tree(tree)
+            orv.other("trees_host").run("rename", tree, disk / "moved").expect(1)
+            check_equal(sorted(_tree(tree)), ["sub/large", "sub/new"], "what has stayed")
+            check_equal(sorted(_tree(disk / "moved")), ["small"], "what has arrived")
+            check_equal({**_tree(tree), **_tree(disk / "moved")}, before, "the two halves")
 
 
 def _processes(text):
