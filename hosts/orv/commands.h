@@ -9,4 +9,8 @@ int UnzipCommand(int count, char** arguments);
 int ListCommand(int count, char** arguments);
 int TestCommand(int count, char** arguments);
 int XmlCommand(int count, char** arguments);
+int TreeCommand(int count, char** arguments);
+int CopyCommand(int count, char** arguments);
+int CleanCommand(int count, char** arguments);
+int SizeCommand(int count, char** arguments);
 int TextCommand(int count, char** arguments);
