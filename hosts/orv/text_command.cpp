@@ -9,6 +9,7 @@
 
 #include "commands.h"
 #include "util/MFile.h"
+#include "whole_file.h"
 
 namespace {
 
@@ -65,10 +66,9 @@ bool Print(MFile& text) {
   return ReadPieces(text, print) && fflush(stdout) == 0;
 }
 
-// The bytes as they are; when they cannot all be written, there is no file.
+// The bytes as they are.
 bool Copy(MFile& text, const char* target) {
   CFile out;
-  // Without sharing, so that the file that is read from is refused, not emptied.
   if (!out.Open(target, CFile::modeCreate | CFile::modeWrite | CFile::shareExclusive)) return false;
   const auto write = [&out](const char* piece, size_t size) {
     out.Write(piece, static_cast<UINT>(size));
@@ -82,7 +82,6 @@ bool Copy(MFile& text, const char* target) {
     error->Delete();
   }
   out.Abort();
-  DeleteFileA(target);
   return false;
 }
 
@@ -99,8 +98,9 @@ const char* EncodingOf(const MFile& text, const char* target) {
 
 bool Convert(MFile& text, const char* target) {
   int nonAscii, wasUnicode;
-  const bool converted =
-      text.UnicodeToTextFile(target, nonAscii, wasUnicode) || (!wasUnicode && Copy(text, target));
+  const bool converted = WriteWholeFile(target, [&](const char* part) {
+    return text.UnicodeToTextFile(part, nonAscii, wasUnicode) || (!wasUnicode && Copy(text, part));
+  });
   if (converted) puts(EncodingOf(text, target));
   return converted;
 }

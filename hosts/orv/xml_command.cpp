@@ -12,6 +12,7 @@
 
 #include "commands.h"
 #include "markup/OXParser.h"
+#include "whole_file.h"
 #include "xml_html_parser.h"
 
 namespace {
@@ -95,18 +96,6 @@ bool HoldsZeroByte(const char* path) {
   return std::find(std::istreambuf_iterator<char>(file), end, '\0') != end;
 }
 
-// Writes beside the name and puts the file in place when it is whole: what stood there is kept
-// until then, and may be the file that was read.
-bool Write(COXParser& parser, const std::string& name) {
-  const std::string part = name + ".part";
-  if (parser.WriteFile(part.c_str()) &&
-      MoveFileExA(part.c_str(), name.c_str(), MOVEFILE_REPLACE_EXISTING)) {
-    return true;
-  }
-  DeleteFileA(part.c_str());
-  return false;
-}
-
 }  // namespace
 
 int XmlCommand(int count, char** arguments) {
@@ -131,7 +120,9 @@ int XmlCommand(int count, char** arguments) {
   }
   if (!parsed) return kFailed;
 
-  if (options.out != nullptr && !Write(*parser, options.out)) {
+  if (options.out != nullptr && !WriteWholeFile(options.out, [&](const char* part) {
+        return parser->WriteFile(part) != 0;
+      })) {
     fprintf(stderr, "orv: %s: %s\n", options.out,
             parser->IsEmpty() ? "there is nothing to write" : "can't be written");
     return kFailed;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/AssertionLog.h"
+#include "support/RunProgram.h"
 
 TEST(AssertionLog, InactiveItEvaluatesNoConditionAndWritesNothing) {
   int evaluated = 0;
@@ -45,22 +46,7 @@ TEST(AssertionLog, ActiveAsSoonAsItHasAName) {
 namespace {
 
 // Runs the program server_host with words on its command line: its exit status.
-DWORD RunHost(const std::string& words) {
-  std::string command = "server_host.exe " + words;
-  STARTUPINFOA startup = {};
-  startup.cb = sizeof startup;
-  PROCESS_INFORMATION process = {};
-  if (!CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                      &startup, &process)) {
-    return 99;
-  }
-  WaitForSingleObject(process.hProcess, INFINITE);
-  DWORD status = 99;
-  GetExitCodeProcess(process.hProcess, &status);
-  CloseHandle(process.hThread);
-  CloseHandle(process.hProcess);
-  return status;
-}
+DWORD RunHost(const std::string& words) { return RunProgram("server_host.exe " + words); }
 
 }  // namespace
 

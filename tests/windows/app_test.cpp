@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "support/RunProgram.h"
 #include "windows/BoxAnswer.h"
 #include "windows/Steps.h"
 #include "windows/resource.h"
@@ -16,19 +17,8 @@ DWORD exitCodeOfHost(const char* arguments) {
   char path[MAX_PATH] = "";
   ::GetModuleFileName(nullptr, path, MAX_PATH);
   *strrchr(path, '\\') = '\0';
-  std::string command = "\"" + std::string(path) + "\\app_host.exe\" " + arguments;
-  STARTUPINFO start = {};
-  start.cb = sizeof start;
-  PROCESS_INFORMATION process = {};
-  if (!::CreateProcess(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                       &start, &process))
-    return ~0u;
-  ::WaitForSingleObject(process.hProcess, INFINITE);
-  DWORD code = 0;
-  ::GetExitCodeProcess(process.hProcess, &code);
-  ::CloseHandle(process.hThread);
-  ::CloseHandle(process.hProcess);
-  return code;
+  const std::string command = "\"" + std::string(path) + "\\app_host.exe\" " + arguments;
+  return RunProgram(command);
 }
 
 }  // namespace
