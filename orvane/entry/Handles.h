@@ -69,8 +69,16 @@ struct RegistryKeyTraits {
   static void Release(Handle key) { RegCloseKey(key); }
 };
 
+// Cursors that were made, by copying for example; not those that the system shares.
+struct CursorTraits {
+  using Handle = HCURSOR;
+  static Handle None() { return nullptr; }
+  static void Release(Handle cursor) { DestroyCursor(cursor); }
+};
+
 using unique_file = unique_handle_of<FileHandleTraits>;
 using unique_find = unique_handle_of<FindHandleTraits>;
 using unique_kernel_handle = unique_handle_of<KernelHandleTraits>;
 using unique_view = unique_handle_of<ViewTraits>;
 using unique_registry_key = unique_handle_of<RegistryKeyTraits>;
+using unique_cursor = unique_handle_of<CursorTraits>;

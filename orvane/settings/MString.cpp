@@ -99,8 +99,6 @@ BOOL MString::FormatMessage(UINT id, const MInsert& one, const MInsert& two, con
   return Fill(id, one, two, three, nullptr);
 }
 
-// Inserts may be views of this string, so it changes last. The format gets a character more,
-// because for an empty message the system gives no text at all.
 BOOL MString::Fill(UINT id, const MInsert& one, const MInsert& two, const MInsert& three,
                    HINSTANCE module) {
   MString text;
@@ -108,6 +106,14 @@ BOOL MString::Fill(UINT id, const MInsert& one, const MInsert& two, const MInser
     Empty();
     return FALSE;
   }
+  FormatText(text, one, two, three);
+  return TRUE;
+}
+
+// Inserts may be views of this string, so it changes last. The format gets a character more,
+// because for an empty message the system gives no text at all.
+void MString::FormatText(const char* format, const MInsert& one, const MInsert& two,
+                         const MInsert& three) {
   const MInsert* const inserts[kInserts] = {&one, &two, &three};
   CString texts[kInserts];
   DWORD_PTR values[kInserts];
@@ -117,8 +123,7 @@ BOOL MString::Fill(UINT id, const MInsert& one, const MInsert& two, const MInser
                                      : inserts[i]->Number();
   }
   CString result;
-  result.FormatMessage((FittingFormat(text, inserts) + '.').c_str(), values[0], values[1],
+  result.FormatMessage((FittingFormat(format, inserts) + '.').c_str(), values[0], values[1],
                        values[2]);
   *this = result.Left(result.GetLength() - 1);
-  return TRUE;
 }

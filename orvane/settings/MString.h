@@ -70,6 +70,10 @@ class ORVANE_API MString : public CString {
     return Fill(id, one, two, three, module.Handle());
   }
 
+  // The same with a text that the caller has.
+  void FormatText(const char* format, const MInsert& one, const MInsert& two = {},
+                  const MInsert& three = {});
+
  private:
   BOOL Fill(UINT id, const MInsert& one, const MInsert& two, const MInsert& three,
             HINSTANCE module);
