@@ -9,3 +9,4 @@ int UnzipCommand(int count, char** arguments);
 int ListCommand(int count, char** arguments);
 int TestCommand(int count, char** arguments);
 int XmlCommand(int count, char** arguments);
+int CompareCommand(int count, char** arguments);

@@ -28,18 +28,21 @@ constexpr Command kCommands[] = {
     {"list", "ARCHIVE", "prints size, packed size, attributes, time (UTC), name", 1, 1,
      ListCommand},
     {"test", "ARCHIVE", "reads every entry and checks its CRC", 1, 1, TestCommand},
-    {"xml", "FILE [-o OUT] [--html]", "parses markup, prints problems or a summary", 1, 4, XmlCommand},
+    {"xml", "FILE [-o OUT] [--html]", "parses markup, prints problems or a summary", 1, 4,
+     XmlCommand},
+    {"compare", "BASE REVISED [OPTIONS]", "compares two folder trees; without folders: its options",
+     0, 16, CompareCommand},
 };
 
 void PrintHelp(FILE* out) {
   fputs("usage: orv COMMAND ARGUMENTS\n\n", out);
   for (const Command& command : kCommands) {
-    fprintf(out, "  %-6s %-26s %s\n", command.name, command.arguments, command.purpose);
+    fprintf(out, "  %-7s %-26s %s\n", command.name, command.arguments, command.purpose);
   }
   fputs(
       "\n  --version  prints the version\n"
       "  --help     prints this text\n"
-      "\nExit status: 0 done, 1 failed, 2 wrong usage.\n",
+      "\nExit status: 0 done, 1 failed, 2 wrong usage; compare: 0 same, 1 different, 2 trouble.\n",
       out);
 }
 

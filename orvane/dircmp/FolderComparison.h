@@ -68,6 +68,9 @@ class ORVANE_API FolderComparison {
   // scan has found in one folder may be in the other one, too. False: stopped, now or in Scan.
   bool EvaluateAll();
 
+  // Without a backslash at their ends.
+  CString baseFolder() const { return m_base.c_str(); }
+  CString revisedFolder() const { return m_revised.c_str(); }
   CString BasePath(const DocumentRecord& record) const;
   CString RevisedPath(const DocumentRecord& record) const;
   const std::vector<Problem>& problems() const { return m_problems; }
