@@ -1,6 +1,7 @@
 #include "dircmp/DifferencePage.h"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 #include "dircmp/DocumentText.h"
@@ -55,21 +56,29 @@ class Rows {
  public:
   Rows(HtmlFile& file, const DocumentText& left, const DocumentText& right,
        const CompareOptions& options)
-      : m_file(file), m_left(left), m_right(right), m_options(options) {}
+      : m_file(file),
+        m_left(left),
+        m_right(right),
+        m_options(options),
+        m_blocks(DiffLines(left, right, options)) {
+    for (const LineBlock& block : m_blocks) m_differences += block.isDifferent;
+  }
+
+  int differences() const { return m_differences; }
 
   void Write() {
-    const std::vector<LineBlock> blocks = DiffLines(m_left, m_right, m_options);
-    m_differences = static_cast<int>(std::count_if(
-        blocks.begin(), blocks.end(), [](const LineBlock& block) { return block.isDifferent; }));
-    for (size_t i = 0; i < blocks.size(); ++i) {
+    if (m_differences == 0) {
+      WriteNote("No line differs: the documents differ in how their characters are stored.");
+    }
+    for (size_t i = 0; i < m_blocks.size(); ++i) {
       if (m_rows >= kMostRows) {
-        WriteGap("The page ends here; there are more lines.");
+        WriteNote("The page ends here; there are more lines.");
         return;
       }
-      if (blocks[i].isDifferent) {
-        WriteDifferent(blocks[i]);
+      if (m_blocks[i].isDifferent) {
+        WriteDifferent(m_blocks[i]);
       } else {
-        WriteEqual(blocks[i], i == 0, i + 1 == blocks.size());
+        WriteEqual(m_blocks[i], i == 0, i + 1 == m_blocks.size());
       }
     }
   }
@@ -107,7 +116,7 @@ class Rows {
     const bool isGapShown = gap < kSmallestGap;
     WriteEqualRows(block, 0, isGapShown ? rows : before);
     if (isGapShown) return;
-    WriteGap(std::to_string(gap) + " equal lines");
+    WriteGap(gap);
     WriteEqualRows(block, rows - after, rows);
   }
 
@@ -132,19 +141,24 @@ class Rows {
     m_file << "<td class=\"line\">" << std::to_string(line + 1) << "</td><td>" << html << "</td>";
   }
 
-  void WriteGap(const std::string& text) {
-    m_file << "<tr class=\"gap\"><td colspan=\"4\">" << text;
-    // From here to the next difference at a click.
-    if (m_difference < m_differences) {
-      m_file << " <a href=\"#d" << std::to_string(m_difference + 1) << "\">&#8595;</a>";
+  void WriteGap(int lines) {
+    std::string html = std::to_string(lines) + " equal lines";
+    // To the next difference at a click.
+    if (m_difference < m_differences && m_rows < kMostRows) {
+      html += " <a href=\"#d" + std::to_string(m_difference + 1) + "\">&#8595;</a>";
     }
-    m_file << "</td></tr>\n";
+    WriteNote(html);
+  }
+
+  void WriteNote(const std::string& html) {
+    m_file << "<tr class=\"gap\"><td colspan=\"4\">" << html << "</td></tr>\n";
   }
 
   HtmlFile& m_file;
   const DocumentText& m_left;
   const DocumentText& m_right;
   const CompareOptions& m_options;
+  const std::vector<LineBlock> m_blocks;
   int m_rows = 0;
   int m_differences = 0;
   int m_difference = 0;  // the last one that was written, counted from 1
@@ -153,19 +167,23 @@ class Rows {
 }  // namespace
 
 DWORD WriteDifferencePage(const CString& path, const DifferencePage& page) {
-  HtmlFile file(path, page.title);
-  file << "<h1 class=\"modified\">" << page.title << "</h1>\n<nav>" << page.navigation
-       << "</nav>\n";
   DocumentText left, right;
   const DocumentText::Kind leftKind = left.Load(page.basePath);
   const DocumentText::Kind rightKind = right.Load(page.revisedPath);
-  file << "<table class=\"sides\">\n"
+  HtmlFile file(path, page.title);
+  std::optional<Rows> rows;
+  if (leftKind == DocumentText::Kind::Text && rightKind == DocumentText::Kind::Text) {
+    rows.emplace(file, left, right, page.options);
+  }
+  file << "<h1 class=\"modified\">" << page.title << "</h1>\n<nav>" << page.navigation;
+  if (rows && rows->differences() > 0) file << "<a href=\"#d1\">First difference</a>";
+  file << "</nav>\n<table class=\"sides\">\n"
           "<colgroup><col style=\"width:4em\"><col><col style=\"width:4em\"><col></colgroup>\n"
           "<thead><tr><th colspan=\"2\">"
        << page.baseHeading << "</th><th colspan=\"2\">" << page.revisedHeading
        << "</th></tr></thead>\n<tbody>\n";
-  if (leftKind == DocumentText::Kind::Text && rightKind == DocumentText::Kind::Text) {
-    Rows(file, left, right, page.options).Write();
+  if (rows) {
+    rows->Write();
   } else {
     const bool isLeft = leftKind != DocumentText::Kind::Text;
     file << "<tr class=\"gap\"><td colspan=\"4\">The " << (isLeft ? "base" : "revised")

@@ -10,13 +10,26 @@
 
 namespace {
 
+// A folder with one backslash at its end; empty for an empty path.
 std::string FolderOf(const char* path) {
   std::string folder = static_cast<LPCSTR>(WithBackslashes(path));
+  if (folder.empty()) return folder;
   // The last byte of a Japanese name may be a backslash, too.
   while (!folder.empty() && *CharPrevA(folder.c_str(), folder.c_str() + folder.size()) == '\\') {
     folder.pop_back();
   }
-  return folder;
+  return folder + "\\";
+}
+
+CString WithoutBackslash(const std::string& folder) {
+  return CString(folder.c_str(), std::max(0, static_cast<int>(folder.size()) - 1));
+}
+
+// What follows the folder in a path below it; the folder may have been given with a backslash.
+const char* PathBelow(const std::string& folder, const char* path) {
+  path += folder.size();
+  while (*path == '\\') ++path;
+  return path;
 }
 
 std::string Lower(std::string path) {
@@ -67,11 +80,16 @@ bool FolderComparison::Scan() {
          WalkFolders(m_revised, &FolderComparison::AddRevisedFile);
 }
 
-void FolderComparison::AddBase(const char* path) { AddBaseFile(path + m_base.size() + 1); }
+void FolderComparison::AddBase(const char* path) { AddBaseFile(PathBelow(m_base, path)); }
 
-void FolderComparison::AddRevised(const char* path) { AddRevisedFile(path + m_revised.size() + 1); }
+void FolderComparison::AddRevised(const char* path) { AddRevisedFile(PathBelow(m_revised, path)); }
 
 bool FolderComparison::WalkFolders(const std::string& root, Visit visit) {
+  if (root.empty()) {
+    // Without a name it would be the current folder.
+    m_problems.push_back({root, ERROR_PATH_NOT_FOUND});
+    return true;
+  }
   std::vector<std::string> folders = {""};  // relative, with a backslash at the end
   while (!folders.empty()) {
     const std::string folder = std::move(folders.back());
@@ -88,7 +106,7 @@ bool FolderComparison::WalkFolders(const std::string& root, Visit visit) {
 bool FolderComparison::ReadFolder(const std::string& root, const std::string& folder, Visit visit,
                                   std::vector<std::string>& subFolders) {
   WIN32_FIND_DATAA found;
-  const std::string pattern = root + "\\" + folder + "*.*";
+  const std::string pattern = root + folder + "*.*";
   const unique_find search(FindFirstFileA(pattern.c_str(), &found));
   BOOL hasEntry = search ? TRUE : FALSE;
   for (; hasEntry; hasEntry = FindNextFileA(search.get(), &found)) {
@@ -102,7 +120,7 @@ bool FolderComparison::ReadFolder(const std::string& root, const std::string& fo
   const DWORD error = GetLastError();
   // The root of an empty drive has no entries at all.
   const bool isRead = error == ERROR_NO_MORE_FILES || (!search && error == ERROR_FILE_NOT_FOUND);
-  if (!isRead) m_problems.push_back({root + "\\" + folder, error});
+  if (!isRead) m_problems.push_back({root + folder, error});
   return true;
 }
 
@@ -174,10 +192,14 @@ CTime FolderComparison::TimeOf(const CString& path) {
   return isKnown ? CTime(data.ftLastWriteTime) : CTime();
 }
 
+CString FolderComparison::baseFolder() const { return WithoutBackslash(m_base); }
+
+CString FolderComparison::revisedFolder() const { return WithoutBackslash(m_revised); }
+
 CString FolderComparison::BasePath(const DocumentRecord& record) const {
-  return (m_base + "\\").c_str() + record.relativePath;
+  return m_base.c_str() + record.relativePath;
 }
 
 CString FolderComparison::RevisedPath(const DocumentRecord& record) const {
-  return (m_revised + "\\").c_str() + record.relativePath;
+  return m_revised.c_str() + record.relativePath;
 }

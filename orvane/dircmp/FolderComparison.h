@@ -69,8 +69,8 @@ class ORVANE_API FolderComparison {
   bool EvaluateAll();
 
   // Without a backslash at their ends.
-  CString baseFolder() const { return m_base.c_str(); }
-  CString revisedFolder() const { return m_revised.c_str(); }
+  CString baseFolder() const;
+  CString revisedFolder() const;
   CString BasePath(const DocumentRecord& record) const;
   CString RevisedPath(const DocumentRecord& record) const;
   const std::vector<Problem>& problems() const { return m_problems; }
@@ -87,7 +87,7 @@ class ORVANE_API FolderComparison {
   void ComparePair(DocumentRecord& record);
   CTime TimeOf(const CString& path);
 
-  std::string m_base;  // without a backslash at its end
+  std::string m_base;  // with a backslash at its end
   std::string m_revised;
   DirCmpPrm m_prm;
   ContentCompare::StopPoll m_stop;

@@ -190,7 +190,7 @@ std::string HyperLinkReport::NavigationOf(size_t number) const {
   std::string html = Link("../index.html", "All documents");
   if (number > 0) html += pageLink(number - 1, "Previous document");
   if (!isLast) html += pageLink(number + 1, "Next document");
-  return html + Link("#d1", "First difference");
+  return html;
 }
 
 bool HyperLinkReport::WriteIndex() {

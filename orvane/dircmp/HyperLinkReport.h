@@ -5,7 +5,8 @@
 //   differences\1.html   a page per modified document
 //   base\, revised\      copies of the documents, if wanted
 //
-// Pages need nothing outside of the report but the documents they link to.
+// Pages need nothing outside of the report but the documents they link to. Lets out the exceptions
+// of failed allocations.
 #pragma once
 
 #include <afxwin.h>
@@ -42,7 +43,8 @@ class ORVANE_API HyperLinkReport {
   HyperLinkReport(const FolderComparison& comparison, const char* baseName, const char* revisedName,
                   const HyperLinkReportOptions& options, const CompareOptions& compare);
 
-  // A document for the report, when its state has a section. Records stay the caller's.
+  // Before Prepare: a document for the report, when its state has a section. Records stay the
+  // caller's.
   void Add(const DocumentRecord& record);
   // All documents of the comparison whose types are compared.
   void AddAll();

@@ -209,7 +209,21 @@ TEST_F(Folders, OddFolders) {
   EXPECT_EQ(rows(base(), base(), 0), (RowList{"S a", "S sub\\b"}));
   EXPECT_EQ(rows(base(), base() + "\\sub", 0), (RowList{"D a", "D sub\\b", "N b"}));
   EXPECT_EQ(rows(base() + "\\", base() + "/sub/../", 0), (RowList{"S a", "S sub\\b"}));
+  EXPECT_EQ(rows(base(), "", 1), (RowList{"D a", "D sub\\b"}));
   EXPECT_EQ(rows(base() + "\\a", base(), 1), (RowList{"N a", "N sub\\b"}));
+}
+
+// Files that the caller finds; folders may be given with a backslash.
+TEST_F(Folders, WalkedByTheCaller) {
+  Write("base\\sub\\both", "x");
+  Write("revised\\sub\\both", "x");
+  for (const std::string end : {"", "\\"}) {
+    FolderComparison comparison((base() + end).c_str(), revised().c_str(), AllTypes());
+    comparison.AddBase((base() + end + "\\sub\\both").c_str());
+    comparison.AddRevised((revised() + "\\sub\\both").c_str());
+    EXPECT_TRUE(comparison.EvaluateAll());
+    EXPECT_EQ(RowsOf(comparison), RowList{"S sub\\both"});
+  }
 }
 
 // Paths that the system's limit cuts off are told, and nothing else is lost.

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "dircmp/DocumentText.h"
 #include "dircmp/HyperLinkReport.h"
 #include "support/TempFolder.h"
 
@@ -69,6 +70,42 @@ TEST_F(Report, SectionsLinksAndPages) {
   EXPECT_NE(page.find("one <del>two</del>"), std::string::npos) << page;
   EXPECT_NE(page.find("one <ins>three</ins>"), std::string::npos) << page;
   EXPECT_NE(page.find("x &lt; y"), std::string::npos) << page;
+}
+
+// Modified documents that have no lines to show say why.
+TEST_F(Report, PagesWithoutDifferences) {
+  const struct {
+    std::string base, revised;
+    const char* note;
+  } kCases[] = {
+      {"\xE4\n", "\xC3\xA4\n", "No line differs"},
+      {"text\n", std::string("a\0b", 3), "The revised document is not a text."},
+      {std::string(DocumentText::kMostBytes + 1, 'x'), "text", "The base document is too large"},
+  };
+  for (const auto& row : kCases) {
+    m_folder.Write("base\\changed & b.txt", row.base);
+    m_folder.Write("revised\\changed & b.txt", row.revised);
+    Write({});
+    EXPECT_NE(m_folder.Read("report\\differences\\1.html").find(row.note), std::string::npos)
+        << row.note;
+  }
+}
+
+// A page of very many changed lines ends where browsers still open it.
+TEST_F(Report, PagesEnd) {
+  std::string base, revised;
+  for (int i = 0; i < 30000; ++i) {
+    base += "left " + std::to_string(i) + "\n" +
+            (i % 100 == 0 ? "common " + std::to_string(i) + "\n" : "");
+    revised += "right " + std::to_string(i) + "\n" +
+               (i % 100 == 0 ? "common " + std::to_string(i) + "\n" : "");
+  }
+  m_folder.Write("base\\changed & b.txt", base);
+  m_folder.Write("revised\\changed & b.txt", revised);
+  Write({});
+  const std::string page = m_folder.Read("report\\differences\\1.html");
+  EXPECT_NE(page.find("The page ends here"), std::string::npos);
+  EXPECT_LT(page.size(), 5'000'000u);
 }
 
 TEST_F(Report, Options) {

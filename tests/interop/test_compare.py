@@ -288,7 +288,7 @@ def check_pages(report):
                 target = page.path.parent / urllib.parse.unquote(address) if address else page.path
             check(target.resolve().is_file(), f"{page.path.name}: {link} leads nowhere")
             if anchor and not address:
-                check(anchor in page.anchors or anchor == "d1", f"{page.path.name}: there is no {link}")
+                check(anchor in page.anchors, f"{page.path.name}: there is no {link}")
     return pages
 
 
