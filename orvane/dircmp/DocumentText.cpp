@@ -91,16 +91,18 @@ DocumentText::Kind DocumentText::Assign(std::string bytes) {
   } else {
     m_text = Utf8OfText(view);
   }
-  SplitLines();
-  return Kind::Text;
+  return SplitLines() ? Kind::Text : Kind::TooLarge;
 }
 
-void DocumentText::SplitLines() {
+// False: too many.
+bool DocumentText::SplitLines() {
   const std::string_view text = m_text;
   for (size_t begin = 0; begin < text.size();) {
     const size_t end = std::min(text.find_first_of("\r\n", begin), text.size());
     const size_t endSize = text.substr(end, 2) == "\r\n" ? 2 : end < text.size() ? 1 : 0;
+    if (m_lines.size() == kMostLines) return false;
     m_lines.push_back({text.substr(begin, end - begin), text.substr(end, endSize)});
     begin = end + endSize;
   }
+  return true;
 }

@@ -20,10 +20,11 @@ class ORVANE_API DocumentText {
   enum class Kind {
     Text,
     Binary,      // there are zero bytes, and it isn't UTF-16
-    TooLarge,    // over kMostBytes
+    TooLarge,    // over kMostBytes or kMostLines
     Unreadable,  // can't be opened or read to its end
   };
   static constexpr int kMostBytes = 16 * 1024 * 1024;
+  static constexpr int kMostLines = 500'000;
 
   DocumentText() = default;
   DocumentText(const DocumentText&) = delete;  // the lines point into the text
@@ -38,7 +39,7 @@ class ORVANE_API DocumentText {
   const std::vector<TextLine>& lines() const { return m_lines; }
 
  private:
-  void SplitLines();
+  bool SplitLines();
 
   std::string m_text;
   std::vector<TextLine> m_lines;

@@ -1,6 +1,7 @@
 #include "dircmp/HyperLinkReport.h"
 
 #include <algorithm>
+#include <new>
 #include <string_view>
 #include <utility>
 
@@ -178,7 +179,12 @@ bool HyperLinkReport::WritePage(size_t number) {
   page.revisedPath = m_comparison.RevisedPath(record);
   page.options = m_compare;
   const CString path = m_folder + kPagesFolder + std::to_string(number + 1).c_str() + ".html";
-  return Note(path, WriteDifferencePage(path, page));
+  try {
+    return Note(path, WriteDifferencePage(path, page));
+  } catch (const std::bad_alloc&) {
+    // The other documents may well be smaller.
+    return Note(path, ERROR_NOT_ENOUGH_MEMORY);
+  }
 }
 
 std::string HyperLinkReport::NavigationOf(size_t number) const {

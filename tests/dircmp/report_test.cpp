@@ -81,6 +81,8 @@ TEST_F(Report, PagesWithoutDifferences) {
       {"\xE4\n", "\xC3\xA4\n", "No line differs"},
       {"text\n", std::string("a\0b", 3), "The revised document is not a text."},
       {std::string(DocumentText::kMostBytes + 1, 'x'), "text", "The base document is too large"},
+      {"text", std::string(DocumentText::kMostLines + 1, '\n'),
+       "The revised document is too large"},
   };
   for (const auto& row : kCases) {
     m_folder.Write("base\\changed & b.txt", row.base);
