@@ -47,7 +47,7 @@ ins { background: #c3efc3; }
 HtmlFile::HtmlFile(const CString& path, const std::string& title) {
   EnsureFileFolder(path);
   m_file.reset(
-      CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+      CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!m_file) m_error = GetLastError();
   *this << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
         << kPageMark << "\n<title>" << title << "</title>\n"

@@ -10,8 +10,8 @@
 
 class HtmlFile {
  public:
-  // Begins a page in the file, with its folders made when missing: head, style sheet, the opened
-  // body. Nothing that it needs stands outside of it. title: already HTML.
+  // Begins a page in a file that isn't there yet, with its folders made when missing: head, style
+  // sheet, the opened body. Nothing that it needs stands outside of it. title: already HTML.
   HtmlFile(const CString& path, const std::string& title);
 
   HtmlFile& operator<<(std::string_view html);

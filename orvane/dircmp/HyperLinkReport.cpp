@@ -36,10 +36,16 @@ const char* ClassOf(FileState state) {
   return state == FileState::Modified ? "modified" : state == FileState::New ? "new" : "deleted";
 }
 
+// Without backslashes at its end; the path as it is when it is too long.
 CString FullPathOf(const CString& path) {
   char full[MAX_PATH];
   const DWORD size = GetFullPathNameA(path, MAX_PATH, full, nullptr);
-  return size > 0 && size < MAX_PATH ? CString(full) : path;
+  const CString result = size > 0 && size < MAX_PATH ? CString(full) : path;
+  const LPCSTR begin = result;
+  int length = result.GetLength();
+  // The last byte of a Japanese name may be a backslash, too.
+  while (length > 0 && *CharPrevA(begin, begin + length) == '\\') --length;
+  return result.Left(length);
 }
 
 std::string TimeHtml(const CTime& time) {
@@ -60,6 +66,12 @@ bool IsReportPage(const CString& path) {
   const int size = file.isOpen() ? file.Read(start, sizeof start) : 0;
   return size > 0 && std::string_view(start, static_cast<size_t>(size)).find(kPageMark) !=
                          std::string_view::npos;
+}
+
+// Whether a full path is that of the folder or below it.
+bool IsInFolder(const CString& path, const CString& folder) {
+  const CString start = (path + "\\").Left(folder.GetLength() + 1);
+  return lstrcmpiA(start, folder + "\\") == 0;
 }
 
 // Whether a folder has no entries, or isn't there.
@@ -115,6 +127,10 @@ HyperLinkReport::Target HyperLinkReport::Prepare(const char* folder) {
   Sort();
   m_folder = FullPathOf(folder);
   if (!IsEmpty(m_folder) && !IsReportPage(IndexPath())) return Target::Occupied;
+  // An earlier report's folder that the documents have been moved into.
+  for (const CString& compared : {m_comparison.baseFolder(), m_comparison.revisedFolder()}) {
+    if (IsInFolder(FullPathOf(compared + "\\"), m_folder)) return Target::Occupied;
+  }
   if (!CreateDirectoryA(static_cast<LPCSTR>(m_folder))) return Target::NotCreated;
   DeletePages(m_folder + kPagesFolder);
   return Target::Ready;
@@ -202,6 +218,7 @@ std::string HyperLinkReport::NavigationOf(size_t number) const {
 bool HyperLinkReport::WriteIndex() {
   // The old index stays until the new one is whole.
   const CString path = IndexPath(), unfinished = path + ".new";
+  if (IsReportPage(unfinished)) ForceDeleteFile(unfinished);
   HtmlFile file(unfinished, TitleHtml());
   file << "<h1>" << TitleHtml() << "</h1>\n<nav>";
   for (const FileState state : kSections) {

@@ -34,7 +34,7 @@ class ORVANE_API HyperLinkReport {
   // What came of the target folder.
   enum class Target {
     Ready,
-    Occupied,    // it holds something else than an earlier report
+    Occupied,    // it holds something else than an earlier report, or one of the compared folders
     NotCreated,  // GetLastError tells why
   };
 

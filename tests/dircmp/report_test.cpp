@@ -145,6 +145,20 @@ TEST_F(Report, WritesOverNobodysFiles) {
   EXPECT_EQ(Write({}), Target::Ready);
   EXPECT_FALSE(m_folder.Has("report\\differences\\7.html"));
   EXPECT_TRUE(m_folder.Has("report\\differences\\notes.html"));
+
+  // A page that can't be written because somebody's file has its name.
+  m_folder.Write("report\\differences\\1.html", "mine");
+  HyperLinkReport report(*m_comparison, "", "", {}, {});
+  report.AddAll();
+  EXPECT_EQ(report.Prepare((m_folder / "report").c_str()), Target::Ready);
+  EXPECT_FALSE(report.WriteDocument(0));
+  EXPECT_EQ(m_folder.Read("report\\differences\\1.html"), "mine");
+  EXPECT_EQ(report.problems().size(), 1u);
+
+  // The compared folders stand in the folder of an earlier report.
+  m_folder.Write("index.html", Index());
+  EXPECT_EQ(Write({}, "."), Target::Occupied);
+  EXPECT_EQ(Write({}, "BASE"), Target::Occupied);
 }
 
 // Copies of write-protected documents are written over by the next report.
