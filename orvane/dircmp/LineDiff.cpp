@@ -66,7 +66,35 @@ struct Side {
     for (const TextLine& line : text.lines()) {
       const std::string key = KeyOfLine(line, fates.empty(), options);
       fates.push_back(key.empty() ? kEmpty : kKept);
-      if (!key.empty()) sequence.push_back(numbers.Of(key));
+      if (key.empty()) continue;
+      sequence.push_back(numbers.Of(key));
+      indentations.push_back(std::min(line.text.find_first_not_of(" \t"), line.text.size()));
+    }
+  }
+
+  // A run of lines that are left out may stand some lines further up or down as well, when the
+  // lines that it passes are those that it gives up at its other end. It is put where a reader
+  // would have it: its first line indented the least, and as far down as that allows.
+  void Settle(std::vector<char>& isLeftOut) const {
+    const size_t size = sequence.size();
+    for (size_t begin = 0, end; begin < size; begin = end) {
+      end = begin + 1;
+      if (!isLeftOut[begin]) continue;
+      while (end < size && isLeftOut[end]) ++end;
+      const size_t length = end - begin;
+      std::fill_n(isLeftOut.begin() + static_cast<std::ptrdiff_t>(begin), length, 0);
+      while (begin > 0 && !isLeftOut[begin - 1] && sequence[begin - 1] == sequence[end - 1]) {
+        --begin;
+        --end;
+      }
+      size_t best = begin;
+      while (end < size && !isLeftOut[end] && sequence[begin] == sequence[end]) {
+        ++begin;
+        ++end;
+        if (indentations[begin] <= indentations[best]) best = begin;
+      }
+      std::fill_n(isLeftOut.begin() + static_cast<std::ptrdiff_t>(best), length, 1);
+      end = best + length;
     }
   }
 
@@ -88,7 +116,8 @@ struct Side {
   }
 
   std::vector<int> sequence;
-  std::vector<Fate> fates;  // of every line
+  std::vector<size_t> indentations;  // of the same lines
+  std::vector<Fate> fates;           // of every line
 };
 
 // A word, a run of white space, any other character, or a line's end.
@@ -201,7 +230,9 @@ std::vector<LineBlock> DiffLines(const DocumentText& left, const DocumentText& r
                                  const CompareOptions& options) {
   Numbers numbers;
   Side leftSide(left, numbers, options), rightSide(right, numbers, options);
-  const SequenceDifference difference = DiffSequences(leftSide.sequence, rightSide.sequence);
+  SequenceDifference difference = DiffSequences(leftSide.sequence, rightSide.sequence);
+  leftSide.Settle(difference.left);
+  rightSide.Settle(difference.right);
   leftSide.Apply(difference.left);
   rightSide.Apply(difference.right);
 

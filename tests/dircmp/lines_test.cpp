@@ -56,6 +56,10 @@ TEST(Lines, Blocks) {
       {"ab\n", "a b\n", ignored, "=1:1"},
       {"a\nb\n", "a\n\n\nb\n", runs, "=1:1 =0:2 =1:1"},  // no difference in the files, too
       {"a\n\nb\n", "a\nx\nb\n", runs, "=1:1 !1:1 =1:1"},
+      // A run that could stand elsewhere stands where it would be read.
+      {"{\n}\nz\n", "{\n}\nx {\n}\nz\n", exact, "=2:2 !0:2 =1:1"},
+      {"a\n  c\n", "a\n  b\na\n  c\n", exact, "!0:2 =2:2"},
+      {"x\nx\nx\ny\n", "x\ny\n", exact, "=1:1 !2:0 =1:1"},
       {"ABC\n\xC4\n", "abc\n\xE4\n", letters, "=2:2"},
       {"\xEF\xBB\xBF"
        "a\n",
