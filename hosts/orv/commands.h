@@ -14,3 +14,4 @@ int CopyCommand(int count, char** arguments);
 int CleanCommand(int count, char** arguments);
 int SizeCommand(int count, char** arguments);
 int TextCommand(int count, char** arguments);
+int CompareCommand(int count, char** arguments);

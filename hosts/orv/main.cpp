@@ -40,18 +40,20 @@ constexpr Command kCommands[] = {
     {"size", "FOLDER", "prints the bytes and the number of files of a tree", 1, 1, SizeCommand},
     {"text", "FILE [-o OUT]", "prints a text in 8-bit characters, writes it in UTF-8", 1, 3,
      TextCommand},
+    {"compare", "BASE REVISED [OPTIONS]", "compares two folder trees; without folders: its options",
+     0, 16, CompareCommand},
 };
 
 void PrintHelp(FILE* out) {
   fputs("usage: orv COMMAND ARGUMENTS\n\n", out);
   for (const Command& command : kCommands) {
-    fprintf(out, "  %-6s %-26s %s\n", command.name, command.arguments, command.purpose);
+    fprintf(out, "  %-7s %-26s %s\n", command.name, command.arguments, command.purpose);
   }
   fputs(
       "\n  zip, unzip and copy take --window: progress in a window, with a Stop button\n"
       "  --version  prints the version\n"
       "  --help     prints this text\n"
-      "\nExit status: 0 done, 1 failed, 2 wrong usage.\n",
+      "\nExit status: 0 done, 1 failed, 2 wrong usage; compare: 0 same, 1 different, 2 trouble.\n",
       out);
 }
 

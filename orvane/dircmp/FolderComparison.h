@@ -1,0 +1,99 @@
+// The documents of two folder trees, matched by their paths without regard to letter case, each
+// with its state. Knows no window. Lets out the exceptions of failed allocations.
+//
+//   FolderComparison comparison(base, revised, prm, [&] { return stopped; });
+//   if (comparison.Scan()) comparison.EvaluateAll();
+//   for (const DocumentRecord& record : comparison.records()) ...
+#pragma once
+
+#include <afxwin.h>
+
+#include <deque>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "dircmp/ContentCompare.h"
+#include "dircmp/DirCmpPrm.h"
+#include "dircmp/FileState.h"
+
+struct DocumentRecord {
+  CString relativePath;  // below either folder, as it is written in the base folder if it is there
+  FileState state = FileState::Unknown;
+  bool isEvaluated = false;
+  // Once evaluated. 0: there is no such file; of two equal files both have the later time.
+  CTime baseModified;
+  CTime revisedModified;
+  CTime modified;  // the later of the two
+};
+
+// The parts of a document's path.
+struct ORVANE_API DocumentName {
+  explicit DocumentName(const char* relativePath);
+
+  CString folder;     // before the last backslash; empty: none
+  CString name;       // up to its last dot
+  CString extension;  // after that dot, in lower case; empty: none
+};
+
+class ORVANE_API FolderComparison {
+ public:
+  // What could not be read, and the system's error.
+  struct Problem {
+    std::string path;
+    DWORD error;
+  };
+
+  // stop: asked before every folder entry and every block that is read; true ends the work.
+  FolderComparison(const char* base, const char* revised, const DirCmpPrm& prm,
+                   ContentCompare::StopPoll stop = {});
+
+  // Walks both folders. Links to other folders are not entered. False: stopped.
+  bool Scan();
+  // For who walks the folders otherwise: a file of the base folder, by its full path, and of the
+  // revised folder. All of the base folder's come first.
+  void AddBase(const char* path);
+  void AddRevised(const char* path);
+
+  // In the order of the walks. Records stay where they are as long as this object lives.
+  std::deque<DocumentRecord>& records() { return m_records; }
+  const std::deque<DocumentRecord>& records() const { return m_records; }
+  // Whether the document's type is compared.
+  bool IsCompared(const DocumentRecord& record) const;
+
+  // Finds out state and times. Of a document in one folder nothing is opened. A pair that can't be
+  // read is Modified, and a problem. False: stopped; the record is Unknown.
+  bool Evaluate(DocumentRecord& record);
+  // All records whose types are compared. Those that a stop leaves over are Unknown: what a stopped
+  // scan has found in one folder may be in the other one, too. False: stopped, now or in Scan.
+  bool EvaluateAll();
+
+  // Without a backslash at their ends.
+  CString baseFolder() const;
+  CString revisedFolder() const;
+  CString BasePath(const DocumentRecord& record) const;
+  CString RevisedPath(const DocumentRecord& record) const;
+  const std::vector<Problem>& problems() const { return m_problems; }
+
+ private:
+  bool IsStopped();
+  using Visit = void (FolderComparison::*)(const std::string& relativePath);
+
+  bool WalkFolders(const std::string& root, Visit visit);
+  bool ReadFolder(const std::string& root, const std::string& folder, Visit visit,
+                  std::vector<std::string>& subFolders);
+  void AddBaseFile(const std::string& relativePath);
+  void AddRevisedFile(const std::string& relativePath);
+  void ComparePair(DocumentRecord& record);
+  CTime TimeOf(const CString& path);
+
+  std::string m_base;  // with a backslash at its end
+  std::string m_revised;
+  DirCmpPrm m_prm;
+  ContentCompare::StopPoll m_stop;
+  ContentCompare m_contents;
+  std::deque<DocumentRecord> m_records;
+  std::unordered_map<std::string, DocumentRecord*> m_byPath;  // in lower case
+  std::vector<Problem> m_problems;
+  bool m_isStopped = false;
+};

@@ -1,0 +1,19 @@
+// Texts and addresses as they stand in a page (HTML 5, UTF-8). Inside the library only.
+#pragma once
+
+#include <afxwin.h>
+
+#include <string>
+#include <string_view>
+
+// A text in UTF-8 for an element's contents or a quoted attribute's value. Control characters,
+// which a page may not hold, become their pictures (U+2400 on).
+std::string HtmlOf(std::string_view utf8);
+// The same for a text in the ANSI code page.
+std::string HtmlOf(const CString& text);
+
+// A path relative to the page, as an address: "/" for "\", everything but letters, digits and
+// "-._~/" as %XX of its UTF-8 (RFC 3986, section 2).
+std::string RelativeUrl(const CString& path);
+// The same for a full path: "file:///C:/..." or "file://server/share/..." (RFC 8089, appendix E).
+std::string FileUrl(const CString& path);

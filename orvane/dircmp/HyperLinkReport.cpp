@@ -1,0 +1,306 @@
+#include "dircmp/HyperLinkReport.h"
+
+#include <algorithm>
+#include <new>
+#include <string_view>
+#include <utility>
+
+#include "dircmp/DifferencePage.h"
+#include "dircmp/HtmlFile.h"
+#include "dircmp/HtmlText.h"
+#include "entry/PathUtils.h"
+#include "entry/strutils.h"
+#include "ops/DirOp.h"
+#include "resources/resource.h"
+
+namespace {
+
+constexpr FileState kSections[] = {FileState::Modified, FileState::New, FileState::Deleted};
+constexpr char kIndexName[] = "\\index.html";
+constexpr char kPagesFolder[] = "\\differences\\";
+
+CString TextOf(UINT id, const char* fallback) {
+  CString text;
+  return text.LoadString(id) ? text : CString(fallback);
+}
+
+// The list of states stands in one text, separated by tabs.
+CString NameOf(FileState state) {
+  CString names = TextOf(IDS_FILE_STATES, "Same\tModified\tNew\tDeleted\tUnknown");
+  for (int i = 0; i < static_cast<int>(state); ++i) names = names.Mid(names.Find('\t') + 1);
+  const int end = names.Find('\t');
+  return end < 0 ? names : names.Left(end);
+}
+
+const char* ClassOf(FileState state) {
+  return state == FileState::Modified ? "modified" : state == FileState::New ? "new" : "deleted";
+}
+
+// Without backslashes at its end; the path as it is when it is too long.
+CString FullPathOf(const CString& path) {
+  char full[MAX_PATH];
+  const DWORD size = GetFullPathNameA(path, MAX_PATH, full, nullptr);
+  const CString result = size > 0 && size < MAX_PATH ? CString(full) : path;
+  const LPCSTR begin = result;
+  int length = result.GetLength();
+  // The last byte of a Japanese name may be a backslash, too.
+  while (length > 0 && *CharPrevA(begin, begin + length) == '\\') --length;
+  return result.Left(length);
+}
+
+std::string TimeHtml(const CTime& time) {
+  return time == CTime() ? std::string() : HtmlOf(time.Format("%Y-%m-%d %H:%M"));
+}
+
+std::string Link(const std::string& url, const std::string& html) {
+  return url.empty() ? html : "<a href=\"" + url + "\">" + html + "</a>";
+}
+
+std::string Heading(const char* tag, const CString& text) {
+  return std::string("<") + tag + ">" + HtmlOf(text) + "</" + tag + ">";
+}
+
+bool IsReportPage(const CString& path) {
+  FileSource file(path);
+  char start[512];
+  const int size = file.isOpen() ? file.Read(start, sizeof start) : 0;
+  return size > 0 && std::string_view(start, static_cast<size_t>(size)).find(kPageMark) !=
+                         std::string_view::npos;
+}
+
+// Whether a full path is that of the folder or below it.
+bool IsInFolder(const CString& path, const CString& folder) {
+  const CString start = (path + "\\").Left(folder.GetLength() + 1);
+  return lstrcmpiA(start, folder + "\\") == 0;
+}
+
+// Whether a folder has no entries, or isn't there.
+bool IsEmpty(const CString& folder) {
+  WIN32_FIND_DATAA found;
+  const unique_find search(FindFirstFileA(folder + "\\*.*", &found));
+  if (!search) return true;
+  do {
+    const std::string_view name = found.cFileName;
+    if (name != "." && name != "..") return false;
+  } while (FindNextFileA(search.get(), &found));
+  return true;
+}
+
+void DeletePages(const CString& folder) {
+  WIN32_FIND_DATAA found;
+  const unique_find search(FindFirstFileA(folder + "*.html", &found));
+  if (!search) return;
+  do {
+    const CString page = folder + found.cFileName;
+    if (IsReportPage(page)) ForceDeleteFile(page);
+  } while (FindNextFileA(search.get(), &found));
+}
+
+}  // namespace
+
+HyperLinkReport::HyperLinkReport(const FolderComparison& comparison, const char* baseName,
+                                 const char* revisedName, const HyperLinkReportOptions& options,
+                                 const CompareOptions& compare)
+    : m_comparison(comparison),
+      m_baseName(*baseName != 0 ? CString(baseName) : comparison.baseFolder()),
+      m_revisedName(*revisedName != 0 ? CString(revisedName) : comparison.revisedFolder()),
+      m_options(options),
+      m_compare(compare) {}
+
+bool HyperLinkReport::IsIncluded(FileState state) const {
+  return (state == FileState::Modified && m_options.includeModified) ||
+         (state == FileState::New && m_options.includeNew) ||
+         (state == FileState::Deleted && m_options.includeDeleted);
+}
+
+void HyperLinkReport::Add(const DocumentRecord& record) {
+  if (IsIncluded(record.state)) m_documents.emplace_back(record);
+}
+
+void HyperLinkReport::AddAll() {
+  for (const DocumentRecord& record : m_comparison.records()) {
+    if (m_comparison.IsCompared(record)) Add(record);
+  }
+}
+
+HyperLinkReport::Target HyperLinkReport::Prepare(const char* folder) {
+  Sort();
+  m_folder = FullPathOf(folder);
+  if (!IsEmpty(m_folder) && !IsReportPage(IndexPath())) return Target::Occupied;
+  // An earlier report's folder that the documents have been moved into.
+  for (const CString& compared : {m_comparison.baseFolder(), m_comparison.revisedFolder()}) {
+    if (IsInFolder(FullPathOf(compared + "\\"), m_folder)) return Target::Occupied;
+  }
+  if (!CreateDirectoryA(static_cast<LPCSTR>(m_folder))) return Target::NotCreated;
+  DeletePages(m_folder + kPagesFolder);
+  return Target::Ready;
+}
+
+// A report lists documents by their names, whatever order they were found in.
+void HyperLinkReport::Sort() {
+  std::stable_sort(m_documents.begin(), m_documents.end(),
+                   [](const Document& left, const Document& right) {
+                     const auto leftState = left.record->state, rightState = right.record->state;
+                     if (leftState != rightState) return leftState < rightState;
+                     return lstrcmpiA(left.record->relativePath, right.record->relativePath) < 0;
+                   });
+}
+
+bool HyperLinkReport::WriteDocument(size_t number) {
+  if (m_options.isPreview) return true;
+  Document& document = m_documents[number];
+  const DocumentRecord& record = *document.record;
+  const size_t problems = m_problems.size();
+  if (record.state != FileState::New) {
+    document.baseUrl = UrlOfSide(m_comparison.BasePath(record), "base", record);
+  }
+  if (record.state != FileState::Deleted) {
+    document.revisedUrl = UrlOfSide(m_comparison.RevisedPath(record), "revised", record);
+  }
+  if (record.state == FileState::Modified) document.hasPage = WritePage(number);
+  return m_problems.size() == problems;
+}
+
+// Where one of a document's files is linked to, copied there first if wanted.
+std::string HyperLinkReport::UrlOfSide(const CString& path, const char* side,
+                                       const DocumentRecord& record) {
+  if (m_options.copyDocuments) {
+    const CString relative = CString(side) + "\\" + record.relativePath;
+    const CString copy = m_folder + "\\" + relative;
+    EnsureFileFolder(copy);
+    // An earlier report's copy may be write-protected, as the document is.
+    SetFileAttributesA(copy, FILE_ATTRIBUTE_NORMAL);
+    if (CopyFileA(path, copy, FALSE)) return RelativeUrl(relative);
+    Note(copy, GetLastError());
+  }
+  return m_options.linkSourceFiles ? FileUrl(FullPathOf(path)) : std::string();
+}
+
+bool HyperLinkReport::WritePage(size_t number) {
+  const Document& document = m_documents[number];
+  const DocumentRecord& record = *document.record;
+  // From the folder of the pages.
+  const auto link = [](const std::string& url, const std::string& html) {
+    return Link(url.empty() || url.starts_with("file:") ? url : "../" + url, html);
+  };
+  const auto heading = [&](const CString& name, const CTime& time, const std::string& url) {
+    return link(url, HtmlOf(name)) + " <span class=\"note\">" + TimeHtml(time) + "</span>";
+  };
+  DifferencePage page;
+  page.title = HtmlOf(record.relativePath);
+  page.baseHeading = heading(m_baseName, record.baseModified, document.baseUrl);
+  page.revisedHeading = heading(m_revisedName, record.revisedModified, document.revisedUrl);
+  page.navigation = NavigationOf(number);
+  page.basePath = m_comparison.BasePath(record);
+  page.revisedPath = m_comparison.RevisedPath(record);
+  page.options = m_compare;
+  const CString path = m_folder + kPagesFolder + std::to_string(number + 1).c_str() + ".html";
+  try {
+    return Note(path, WriteDifferencePage(path, page));
+  } catch (const std::bad_alloc&) {
+    // The other documents may well be smaller.
+    return Note(path, ERROR_NOT_ENOUGH_MEMORY);
+  }
+}
+
+std::string HyperLinkReport::NavigationOf(size_t number) const {
+  const auto pageLink = [](size_t target, const char* html) {
+    return Link(std::to_string(target + 1) + ".html", html);
+  };
+  const bool isLast = number + 1 == m_documents.size() ||
+                      m_documents[number + 1].record->state != FileState::Modified;
+  std::string html = Link("../index.html", "All documents");
+  if (number > 0) html += pageLink(number - 1, "Previous document");
+  if (!isLast) html += pageLink(number + 1, "Next document");
+  return html;
+}
+
+bool HyperLinkReport::WriteIndex() {
+  // The old index stays until the new one is whole.
+  const CString path = IndexPath(), unfinished = path + ".new";
+  if (IsReportPage(unfinished)) ForceDeleteFile(unfinished);
+  HtmlFile file(unfinished, TitleHtml());
+  file << "<h1>" << TitleHtml() << "</h1>\n<nav>";
+  for (const FileState state : kSections) {
+    if (IsIncluded(state)) file << Link(std::string("#") + ClassOf(state), HtmlOf(NameOf(state)));
+  }
+  file << "</nav>\n";
+  if (m_options.isPreview) {
+    file << "<p class=\"note\">"
+         << HtmlOf(TextOf(IDS_REPORT_NO_HYPERLINKS,
+                          "No Hyper-link analysis was generated in preview mode"))
+         << "</p>\n";
+  }
+  for (const FileState state : kSections) {
+    if (IsIncluded(state)) file << SectionHtml(state);
+  }
+  const DWORD error = file.Finish();
+  if (error != 0) return Note(unfinished, error);
+  const BOOL isMoved = MoveFileExA(unfinished, path, MOVEFILE_REPLACE_EXISTING);
+  return Note(path, isMoved ? 0 : GetLastError());
+}
+
+std::string HyperLinkReport::SectionHtml(FileState state) const {
+  std::string rows;
+  int count = 0;
+  for (size_t i = 0; i < m_documents.size(); ++i) {
+    if (m_documents[i].record->state != state) continue;
+    rows += RowHtml(i);
+    ++count;
+  }
+  std::string html = std::string("<h2 id=\"") + ClassOf(state) + "\" class=\"" + ClassOf(state) +
+                     "\">" + HtmlOf(NameOf(state)) + " (" + std::to_string(count) + ")</h2>\n";
+  if (count == 0) return html;
+  html += "<table>\n<thead><tr>";
+  html += Heading("th", TextOf(IDS_COLUMN_DOCUMENT_NAME, "Document Name"));
+  html += Heading("th", TextOf(IDS_COLUMN_FOLDER_NAME, "Folder Name"));
+  if (state != FileState::New) {
+    html += Heading("th", TextOf(IDS_COLUMN_BASE_MODIFIED, "Base Modified"));
+  }
+  if (state != FileState::Deleted) {
+    html += Heading("th", TextOf(IDS_COLUMN_REVISED_MODIFIED, "Revised Modified"));
+  }
+  html += Heading("th", TextOf(IDS_COLUMN_STATUS, "Status"));
+  return html + "</tr></thead>\n<tbody>\n" + rows + "</tbody>\n</table>\n";
+}
+
+std::string HyperLinkReport::RowHtml(size_t number) const {
+  const Document& document = m_documents[number];
+  const DocumentRecord& record = *document.record;
+  CString folder, name;
+  SplitAtLastBackslash(record.relativePath, folder, name);
+  if (name.IsEmpty()) std::swap(folder, name);
+  const std::string& ownUrl =
+      record.state == FileState::Deleted ? document.baseUrl : document.revisedUrl;
+  const std::string pageUrl =
+      document.hasPage ? "differences/" + std::to_string(number + 1) + ".html" : std::string();
+  std::string html = "<tr><td>" + Link(pageUrl.empty() ? ownUrl : pageUrl, HtmlOf(name)) +
+                     "</td><td>" + HtmlOf(folder) + "</td>";
+  const auto time = [&](const CTime& modified, const std::string& url) {
+    html += "<td class=\"time\">" + Link(url, TimeHtml(modified)) + "</td>";
+  };
+  if (record.state != FileState::New) time(record.baseModified, document.baseUrl);
+  if (record.state != FileState::Deleted) time(record.revisedModified, document.revisedUrl);
+  return html + "<td class=\"" + ClassOf(record.state) + "\">" +
+         Link(pageUrl, HtmlOf(NameOf(record.state))) + "</td></tr>\n";
+}
+
+std::string HyperLinkReport::TitleHtml() const {
+  CString title = TextOf(IDS_COMPARISON_TITLE, "'%1' vs. '%2'");
+  // The second one first: a folder's name may hold a "%2".
+  const auto insert = [&](const char* mark, const CString& text) {
+    const int place = title.Find(mark);
+    if (place >= 0) title = title.Left(place) + text + title.Mid(place + 2);
+  };
+  insert("%2", m_revisedName);
+  insert("%1", m_baseName);
+  return HtmlOf(title);
+}
+
+CString HyperLinkReport::IndexPath() const { return m_folder + kIndexName; }
+
+// True when there is no error to note.
+bool HyperLinkReport::Note(const CString& path, DWORD error) {
+  if (error != 0) m_problems.push_back({static_cast<LPCSTR>(path), error});
+  return error == 0;
+}

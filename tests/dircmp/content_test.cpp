@@ -1,0 +1,293 @@
+// Whether two contents are the same, in every mode.
+#include <afxwin.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstring>
+#include <memory>
+#include <random>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "dircmp/ContentCompare.h"
+#include "support/LongRun.h"
+#include "support/TempFolder.h"
+
+namespace {
+
+using Result = ContentCompare::Result;
+
+// Gives its bytes in pieces of any size, so that a border may lie between any two of them.
+class PiecemealSource : public ByteSource {
+ public:
+  PiecemealSource(const std::string& bytes, unsigned seed, int largest)
+      : m_bytes(bytes), m_random(seed), m_largest(largest) {}
+
+  int Read(void* buffer, int size) override {
+    const size_t wanted = std::min<size_t>(size, 1 + m_random() % m_largest);
+    const size_t count = m_bytes.copy(static_cast<char*>(buffer), wanted, m_place);
+    m_place += count;
+    return static_cast<int>(count);
+  }
+
+ private:
+  const std::string& m_bytes;
+  size_t m_place = 0;
+  std::mt19937 m_random;
+  int m_largest;
+};
+
+Result CompareTexts(const std::string& left, const std::string& right,
+                    const CompareOptions& options) {
+  MemorySource leftSource(left.data(), left.size()), rightSource(right.data(), right.size());
+  return ContentCompare(options).Streams(leftSource, rightSource);
+}
+
+TEST(Content, Modes) {
+  constexpr char kYes = 'y', kNo = 'n';
+  constexpr struct {
+    const char* left;
+    const char* right;
+    const char* same;  // exact, runs, ignored; then the same without regard to case
+  } kCases[] = {
+      {"a  b", "a b", "nyynyy"},
+      {"ab", "a b", "nnynny"},
+      {"a\tb", "a b", "nyynyy"},
+      {"one\r\ntwo\r\n", "one\ntwo\n", "nyynyy"},
+      {"a", "a \t\r\n", "nyynyy"},
+      {"", " \n", "nyynyy"},
+      {"", "", "yyyyyy"},
+      {" a", "a", "nnynny"},
+      {" a", "\ta", "nyynyy"},
+      {"ABC", "abc", "nnnyyy"},
+      {"A  B", "a b", "nnnnyy"},
+      {"a b c", "ab  c", "nnynny"},
+      {"ab", "ac", "nnnnnn"},
+      {"ab", "abc", "nnnnnn"},
+      {"a b", "a", "nnnnnn"},
+      {"@[`{", "`{@[", "nnnnnn"},  // 32 apart, as the two cases of a letter are
+      {"a\xA0"
+       "b",
+       "a b", "nnnnnn"},  // no white space
+      {"caf\xC9 \xC4", "caf\xE9 \xE4", "nnnyyy"},
+      {"\xD7", "\xF7", "nnnnnn"},  // signs between the letters
+      {"a\v\fb", "a b", "nyynyy"},
+  };
+  for (const auto& row : kCases) {
+    for (int i = 0; i < 6; ++i) {
+      const CompareOptions options = {
+          .ignoreCase = i >= 3, .whiteSpaceMode = i % 3, .codePage = 1252};
+      // Alone, and far enough behind equal bytes for the wide steps.
+      for (const std::string& before : {std::string(), std::string(77, 'x')}) {
+        const Result result = CompareTexts(before + row.left, before + row.right, options);
+        EXPECT_EQ(result == Result::Equal ? kYes : kNo, row.same[i])
+            << row.left << " | " << row.right << ", column " << i;
+      }
+    }
+  }
+}
+
+// The same text as comparing sees it: what doesn't count taken out.
+std::string Normalised(const std::string& text, const CompareOptions& options) {
+  std::string normal;
+  bool isInRun = false;
+  for (const char character : text) {
+    const bool isSpace = strchr(" \t\n\v\f\r", character) != nullptr && character != 0;
+    if (isSpace && options.whiteSpaceMode != kWhiteSpaceExact) {
+      isInRun = true;
+      continue;
+    }
+    if (isInRun && options.whiteSpaceMode == kWhiteSpaceRuns) normal += ' ';
+    isInRun = false;
+    normal += options.ignoreCase && character >= 'A' && character <= 'Z'
+                  ? static_cast<char>(character + 32)
+                  : character;
+  }
+  return normal;
+}
+
+// A text, and one that was made from it by changes that mostly don't count.
+std::pair<std::string, std::string> RelatedTexts(std::mt19937& random) {
+  std::string left, right;
+  const unsigned length = random() % 60;
+  const unsigned mayDiffer = random() % 4;
+  for (unsigned i = 0; i < length; ++i) {
+    const char letter = "abcxyz"[random() % 6];
+    const std::string spaces = std::string(random() % 3, " \t\n"[random() % 3]);
+    left += letter;
+    right += random() % 8 == 0 ? static_cast<char>(letter - 32) : letter;
+    if (random() % 4 == 0) left += spaces;
+    if (random() % 4 != 0)
+      right += left.back() == letter ? "" : spaces + std::string(random() % 2, '\r');
+    if (mayDiffer == 0 && random() % 40 == 0) right += letter;
+  }
+  return {left + std::string(random() % 3, ' '), right + std::string(random() % 3, '\n')};
+}
+
+TEST(Content, EqualsComparingNormalisedTexts) {
+  std::mt19937 random(20);
+  constexpr CompareOptions all[] = {{false, 0}, {false, 1}, {false, 2},
+                                    {true, 0},  {true, 1},  {true, 2}};
+  std::vector<std::unique_ptr<ContentCompare>> comparisons;
+  for (const CompareOptions& options : all) {
+    comparisons.push_back(std::make_unique<ContentCompare>(options));
+  }
+  int equal = 0, different = 0;
+  const int count = IsLongRun() ? 1'000'000 : 30'000;
+  for (int i = 0; i < count; ++i) {
+    const auto [left, right] = RelatedTexts(random);
+    const size_t which = random() % std::size(all);
+    const CompareOptions& options = all[which];
+    ContentCompare& comparison = *comparisons[which];
+    const bool expected = Normalised(left, options) == Normalised(right, options);
+    const unsigned seed = random();
+    const int largest = 1 + static_cast<int>(random() % 20);
+    PiecemealSource l(left, seed, largest), r(right, seed + 1, largest);
+    ASSERT_EQ(comparison.Streams(l, r) == Result::Equal, expected) << left << "\n|\n" << right;
+    PiecemealSource l2(left, seed + 2, largest), r2(right, seed, largest);
+    ASSERT_EQ(comparison.Streams(r2, l2) == Result::Equal, expected) << "not symmetric";
+    ++(expected ? equal : different);
+  }
+  EXPECT_GT(equal, count / 10);
+  EXPECT_GT(different, count / 10);
+}
+
+// In Japanese texts the second byte of a character may look like a letter.
+TEST(Content, SecondBytesAreNoLetters) {
+  const struct {
+    std::string left, right;
+    bool same;
+  } kCases[] = {
+      {"\x83\x41", "\x83\x61", false},  // two katakana, 32 apart
+      {"\x83\x41"
+       "A",
+       "\x83\x41"
+       "a",
+       true},
+      {"\x83\x83\x83\x41", "\x83\x83\x83\x61", false},
+      {"\x83\x83"
+       "A",
+       "\x83\x83"
+       "a",
+       true},
+      {"\xB1"
+       "A",
+       "\xB1"
+       "a",
+       true},  // a katakana of one byte
+  };
+  const CompareOptions options = {.ignoreCase = true, .codePage = 932};
+  for (const auto& row : kCases) {
+    for (int largest : {1, 2, 3, 100}) {
+      ContentCompare comparison(options);
+      PiecemealSource left(row.left, 1, largest), right(row.right, 2, largest);
+      EXPECT_EQ(comparison.Streams(left, right) == Result::Equal, row.same)
+          << row.right << " in pieces of " << largest;
+    }
+  }
+}
+
+// One byte off in every place around the border of a block, in files.
+TEST(Content, FindsADifferenceAroundBlockBorders) {
+  const TempFolder folder;
+  std::string bytes(ContentCompare::kBlockSize + 100, 'x');
+  const std::string base = folder.Write("base", bytes);
+  for (const int offset : {-17, -16, -1, 0, 1, 15, 16, 99}) {
+    std::string changed = bytes;
+    changed[ContentCompare::kBlockSize + offset] = 'y';
+    const std::string other = folder.Write("other", changed);
+    for (const int mode : {0, 1, 2}) {
+      ContentCompare comparison({.whiteSpaceMode = mode});
+      EXPECT_EQ(comparison.Files(base.c_str(), other.c_str()), Result::Different) << offset;
+      EXPECT_EQ(comparison.Files(base.c_str(), base.c_str()), Result::Equal);
+    }
+  }
+}
+
+TEST(Content, WhatCannotBeReadIsNeitherEqualNorDifferent) {
+  const TempFolder folder;
+  const std::string file = folder.Write("a", "text");
+  const std::string locked = folder.Write("locked", "text");
+  const unique_file lock(
+      CreateFileA(locked.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+  ContentCompare comparison({});
+  for (const std::string& other :
+       {locked, folder / "missing", folder.path(), folder / std::string(300, 'n')}) {
+    EXPECT_EQ(comparison.Files(file.c_str(), other.c_str()), Result::Unreadable) << other;
+    EXPECT_EQ(comparison.Files(other.c_str(), file.c_str()), Result::Unreadable) << other;
+  }
+  // An error after the first block.
+  class FailingSource : public ByteSource {
+    int Read(void* buffer, int) override {
+      *static_cast<char*>(buffer) = 't';
+      return ++m_reads == 1 ? 1 : kFailed;
+    }
+    int m_reads = 0;
+  } failing;
+  MemorySource same("t", 1);
+  EXPECT_EQ(comparison.Streams(failing, same), Result::Unreadable);
+}
+
+TEST(Content, AStopTakesEffectInTheMiddleOfALargeFile) {
+  class Endless : public ByteSource {
+   public:
+    int Read(void* buffer, int size) override {
+      memset(buffer, 'x', static_cast<size_t>(size));
+      read += size;
+      return size;
+    }
+    int64_t read = 0;
+  } left, right;
+  constexpr int64_t kStopAt = 64 << 20;
+  DWORD stoppedAt = 0;
+  int64_t readByThen = 0;
+  ContentCompare comparison({.ignoreCase = true, .whiteSpaceMode = 1}, [&] {
+    if (left.read < kStopAt) return false;
+    stoppedAt = GetTickCount();
+    readByThen = left.read + right.read;
+    return true;
+  });
+  EXPECT_EQ(comparison.Streams(left, right), Result::Stopped);
+  EXPECT_LT(GetTickCount() - stoppedAt, 200u);
+  EXPECT_EQ(left.read + right.read, readByThen) << "read on after the stop";
+}
+
+// Files that take no room on the disk.
+std::string WriteSparse(const TempFolder& folder, const std::string& name, int64_t size,
+                        char last) {
+  const std::string path = folder.Write(name, "");
+  const unique_file file(
+      CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+  LARGE_INTEGER place;
+  place.QuadPart = size - 1;
+  SetFilePointerEx(file.get(), place, nullptr, FILE_BEGIN);
+  DWORD written = 0;
+  WriteFile(file.get(), &last, 1, &written, nullptr);
+  return path;
+}
+
+TEST(Content, FilesOver2GB) {
+  constexpr int64_t kSize = (int64_t{1} << 31) + 1000;
+  const TempFolder folder;
+  const std::string left = WriteSparse(folder, "left", kSize, 'x');
+  const std::string right = WriteSparse(folder, "right", kSize, 'y');
+  // A stop from outside, while the files are read.
+  std::atomic<DWORD> stopped = 0;
+  std::thread stopper([&] {
+    Sleep(100);
+    stopped = GetTickCount();
+  });
+  const CompareOptions text = {.whiteSpaceMode = 1};
+  EXPECT_EQ(ContentCompare(text, [&] { return stopped != 0; }).Files(left.c_str(), right.c_str()),
+            Result::Stopped);
+  EXPECT_LT(GetTickCount() - stopped, 200u);
+  stopper.join();
+  if (!IsLongRun()) return;
+  EXPECT_EQ(ContentCompare(text).Files(left.c_str(), right.c_str()), Result::Different);
+  EXPECT_EQ(ContentCompare({}).Files(left.c_str(), left.c_str()), Result::Equal);
+}
+
+}  // namespace

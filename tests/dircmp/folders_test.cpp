@@ -1,0 +1,287 @@
+// The states of the documents of two trees.
+#include <afxwin.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "dircmp/FolderComparison.h"
+#include "support/AssertionLog.h"
+#include "support/ImportTable.h"
+#include "support/TempFolder.h"
+
+namespace {
+
+constexpr char kStates[] = "SMND?";
+
+char StateOf(const DocumentRecord& record) { return kStates[static_cast<int>(record.state)]; }
+
+DirCmpPrm AllTypes() {
+  DirCmpPrm prm;
+  prm.m_scanFlags = kScanSubFolders;
+  prm.m_excludeListedTypes = 0;
+  prm.m_whiteSpaceMode = kWhiteSpaceExact;
+  return prm;
+}
+
+class Folders : public testing::Test {
+ protected:
+  void Write(const std::string& name, const std::string& bytes) { m_folder.Write(name, bytes); }
+  std::string base() const { return m_folder / "base"; }
+  std::string revised() const { return m_folder / "revised"; }
+
+  // "S a.txt" and so on, in order.
+  std::vector<std::string> Rows(const DirCmpPrm& prm = AllTypes()) {
+    FolderComparison comparison(base().c_str(), revised().c_str(), prm);
+    comparison.Scan();
+    comparison.EvaluateAll();
+    m_problems = comparison.problems().size();
+    return RowsOf(comparison);
+  }
+
+  static std::vector<std::string> RowsOf(const FolderComparison& comparison) {
+    std::vector<std::string> rows;
+    for (const DocumentRecord& record : comparison.records()) {
+      if (!comparison.IsCompared(record)) continue;
+      rows.push_back(std::string(1, StateOf(record)) + " " +
+                     static_cast<LPCSTR>(record.relativePath));
+    }
+    std::sort(rows.begin(), rows.end());
+    return rows;
+  }
+
+  TempFolder m_folder;
+  size_t m_problems = 0;
+};
+
+using RowList = std::vector<std::string>;
+
+TEST_F(Folders, States) {
+  Write("base\\same.txt", "x");
+  Write("revised\\same.txt", "x");
+  Write("base\\sub\\Changed.C", "x");
+  Write("revised\\SUB\\changed.c", "y");
+  Write("base\\gone", "x");
+  Write("revised\\a\\b\\c\\new.x", "x");
+  Write("base\\\xC4rger.txt", "x");
+  Write("revised\\\xE4rger.txt", "x");
+  EXPECT_EQ(Rows(), (RowList{"D gone", "M sub\\Changed.C", "N a\\b\\c\\new.x", "S same.txt",
+                             "S \xC4rger.txt"}));
+  EXPECT_EQ(m_problems, 0u);
+
+  DirCmpPrm prm = AllTypes();
+  prm.m_scanFlags = 0;
+  EXPECT_EQ(Rows(prm), (RowList{"D gone", "S same.txt", "S \xC4rger.txt"}));
+  prm = AllTypes();
+  prm.m_typeList = "*.C;*.x";
+  EXPECT_EQ(Rows(prm), (RowList{"M sub\\Changed.C", "N a\\b\\c\\new.x"}));
+}
+
+FILETIME At(unsigned days) {
+  const ULONGLONG ticks = 125911584000000000ull + days * 864000000000ull;  // from 2000 on
+  return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
+}
+
+TEST_F(Folders, Times) {
+  const CTime first(At(1)), second(At(2));
+  constexpr struct {
+    const char* name;
+    unsigned base, revised;  // days; 0: no such file
+    const char* contents;    // of the revised file; of the base file: x
+    char state;
+    unsigned shownBase, shownRevised, shownModified;
+  } kCases[] = {
+      {"same", 1, 2, "x", 'S', 2, 2, 2},    {"same-newer-base", 2, 1, "x", 'S', 2, 2, 2},
+      {"changed", 1, 2, "y", 'M', 1, 2, 2}, {"changed-newer-base", 2, 1, "y", 'M', 2, 1, 2},
+      {"new", 0, 2, "y", 'N', 0, 2, 2},     {"deleted", 1, 0, "", 'D', 1, 0, 1},
+  };
+  const auto write = [&](const std::string& name, unsigned day, const std::string& bytes) {
+    if (day == 0) return;
+    Write(name, bytes);
+    const unique_file file(CreateFileA((m_folder / name).c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr,
+                                       OPEN_EXISTING, 0, nullptr));
+    const FILETIME time = At(day);
+    SetFileTime(file.get(), nullptr, nullptr, &time);
+  };
+  for (const auto& row : kCases) {
+    write(std::string("base\\") + row.name, row.base, "x");
+    write(std::string("revised\\") + row.name, row.revised, row.contents);
+  }
+  FolderComparison comparison(base().c_str(), revised().c_str(), AllTypes());
+  comparison.Scan();
+  comparison.EvaluateAll();
+  std::map<std::string, const DocumentRecord*> records;
+  for (const DocumentRecord& record : comparison.records()) {
+    records[static_cast<LPCSTR>(record.relativePath)] = &record;
+  }
+  const auto timeOf = [](unsigned day) { return day == 0 ? CTime() : CTime(At(day)); };
+  for (const auto& row : kCases) {
+    SCOPED_TRACE(row.name);
+    ASSERT_EQ(records.count(row.name), 1u);
+    const DocumentRecord& record = *records[row.name];
+    EXPECT_EQ(StateOf(record), row.state);
+    EXPECT_EQ(record.baseModified.GetTime(), timeOf(row.shownBase).GetTime());
+    EXPECT_EQ(record.revisedModified.GetTime(), timeOf(row.shownRevised).GetTime());
+    EXPECT_EQ(record.modified.GetTime(), timeOf(row.shownModified).GetTime());
+  }
+}
+
+// The paths that the library opens.
+std::vector<std::string> g_opened;
+decltype(&CreateFileA) g_createFile = nullptr;
+HANDLE WINAPI NoteCreateFile(LPCSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security,
+                             DWORD creation, DWORD flags, HANDLE pattern) {
+  g_opened.push_back(path);
+  return g_createFile(path, access, share, security, creation, flags, pattern);
+}
+
+TEST_F(Folders, ADocumentOfOneFolderIsNotOpened) {
+  Write("base\\deleted", "x");
+  Write("revised\\new", "x");
+  Write("base\\both", "x");
+  Write("revised\\both", "x");
+  void** place = nullptr;
+  ForEachImport(GetModuleHandleA("orvane.dll"), [&](const char* name, void** address) {
+    if (std::string(name) == "CreateFileA") place = address;
+  });
+  ASSERT_NE(place, nullptr);
+  g_opened.clear();
+  g_createFile = reinterpret_cast<decltype(&CreateFileA)>(*place);
+  ReplaceImport(place, reinterpret_cast<void*>(&NoteCreateFile));
+  const RowList rows = Rows();
+  ReplaceImport(place, reinterpret_cast<void*>(g_createFile));
+  EXPECT_EQ(rows, (RowList{"D deleted", "N new", "S both"}));
+  EXPECT_EQ(g_opened, (std::vector<std::string>{base() + "\\both", revised() + "\\both"}));
+}
+
+// What happens to documents between the scan and the evaluation.
+TEST_F(Folders, ChangesMeanwhile) {
+  const struct {
+    const char* what;
+    std::function<void()> change;
+    const char* row;
+    bool isProblem;
+    bool isReported;  // to the assertion log
+  } kCases[] = {
+      {"nothing", [] {}, "S a", false, false},
+      {"base vanishes", [&] { DeleteFileA((base() + "\\a").c_str()); }, "M a", true, true},
+      {"revised vanishes", [&] { DeleteFileA((revised() + "\\a").c_str()); }, "M a", true, true},
+      {"revised grows", [&] { Write("revised\\a", "xx"); }, "M a", false, false},
+      {"base becomes a folder",
+       [&] {
+         DeleteFileA((base() + "\\a").c_str());
+         ::CreateDirectoryA((base() + "\\a").c_str(), nullptr);
+       },
+       "M a", true, false},
+  };
+  for (const auto& row : kCases) {
+    SCOPED_TRACE(row.what);
+    RemoveDirectoryA((base() + "\\a").c_str());
+    Write("base\\a", "x");
+    Write("revised\\a", "x");
+    const AssertionLog log;
+    FolderComparison comparison(base().c_str(), revised().c_str(), AllTypes());
+    EXPECT_TRUE(comparison.Scan());
+    row.change();
+    EXPECT_TRUE(comparison.EvaluateAll());
+    EXPECT_EQ(RowsOf(comparison), RowList{row.row});
+    EXPECT_EQ(comparison.problems().size(), row.isProblem ? 1u : 0u);
+    EXPECT_EQ(!log.Empty(), row.isReported) << log.Text();
+  }
+}
+
+TEST_F(Folders, OddFolders) {
+  Write("base\\a", "x");
+  Write("base\\sub\\b", "y");
+  const auto rows = [&](const std::string& left, const std::string& right, size_t problems) {
+    FolderComparison comparison(left.c_str(), right.c_str(), AllTypes());
+    comparison.Scan();
+    comparison.EvaluateAll();
+    EXPECT_EQ(comparison.problems().size(), problems) << left << ", " << right;
+    return RowsOf(comparison);
+  };
+  EXPECT_EQ(rows(base(), m_folder / "missing", 1), (RowList{"D a", "D sub\\b"}));
+  EXPECT_EQ(rows(m_folder / "missing", base(), 1), (RowList{"N a", "N sub\\b"}));
+  EXPECT_EQ(rows(base(), base(), 0), (RowList{"S a", "S sub\\b"}));
+  EXPECT_EQ(rows(base(), base() + "\\sub", 0), (RowList{"D a", "D sub\\b", "N b"}));
+  EXPECT_EQ(rows(base() + "\\", base() + "/sub/../", 0), (RowList{"S a", "S sub\\b"}));
+  EXPECT_EQ(rows(base(), "", 1), (RowList{"D a", "D sub\\b"}));
+  EXPECT_EQ(rows(base() + "\\a", base(), 1), (RowList{"N a", "N sub\\b"}));
+}
+
+// Files that the caller finds; folders may be given with a backslash.
+TEST_F(Folders, WalkedByTheCaller) {
+  Write("base\\sub\\both", "x");
+  Write("revised\\sub\\both", "x");
+  for (const std::string end : {"", "\\"}) {
+    FolderComparison comparison((base() + end).c_str(), revised().c_str(), AllTypes());
+    comparison.AddBase((base() + end + "\\sub\\both").c_str());
+    comparison.AddRevised((revised() + "\\sub\\both").c_str());
+    EXPECT_TRUE(comparison.EvaluateAll());
+    EXPECT_EQ(RowsOf(comparison), RowList{"S sub\\both"});
+  }
+}
+
+// Paths that the system's limit cuts off are told, and nothing else is lost.
+TEST_F(Folders, PathsAtTheLimit) {
+  const size_t room = MAX_PATH - 1 - revised().size() - 1;
+  const std::string folder(100, 'f');
+  const std::string longest = folder + "\\" + std::string(room - folder.size() - 1, 'n');
+  for (const char* side : {"base\\", "revised\\"}) {
+    Write(side + std::string("short"), "x");
+    Write(side + longest.substr(0, longest.size() - 1), side);
+  }
+  Write("revised\\" + longest, "x");
+  const RowList rows = Rows();
+  EXPECT_EQ(rows,
+            (RowList{"M " + longest.substr(0, longest.size() - 1), "N " + longest, "S short"}));
+  EXPECT_EQ(m_problems, 0u);
+}
+
+TEST_F(Folders, AStopLeavesTheRestUnknown) {
+  for (const char* name : {"a", "b", "c"}) {
+    Write(std::string("base\\") + name, "x");
+    Write(std::string("revised\\") + name, "x");
+  }
+  Write("revised\\new", "x");
+  // At every place where a stop is asked for.
+  bool hasEnded = false;
+  for (int place = 0; !hasEnded; ++place) {
+    ASSERT_LT(place, 100);
+    int asked = 0;
+    FolderComparison comparison(base().c_str(), revised().c_str(), AllTypes(),
+                                [&] { return asked++ == place; });
+    comparison.Scan();
+    hasEnded = comparison.EvaluateAll();
+    EXPECT_LE(asked, place + 1) << "asked again after the stop";
+    for (const DocumentRecord& record : comparison.records()) {
+      const char expected = record.isEvaluated ? (record.relativePath == "new" ? 'N' : 'S') : '?';
+      EXPECT_EQ(StateOf(record), expected) << record.relativePath;
+    }
+  }
+}
+
+TEST(DocumentName, Parts) {
+  constexpr struct {
+    const char* path;
+    const char* folder;
+    const char* name;
+    const char* extension;
+  } kCases[] = {
+      {"a.TXT", "", "a", "txt"},     {"sub\\x\\a.b.c", "sub\\x", "a.b", "c"},
+      {"none", "", "none", ""},      {"d.ir\\none", "d.ir", "none", ""},
+      {".dotted", "", "", "dotted"}, {"ends.", "", "ends", ""},
+  };
+  for (const auto& row : kCases) {
+    const DocumentName name(row.path);
+    EXPECT_STREQ(name.folder, row.folder) << row.path;
+    EXPECT_STREQ(name.name, row.name) << row.path;
+    EXPECT_STREQ(name.extension, row.extension) << row.path;
+  }
+}
+
+}  // namespace

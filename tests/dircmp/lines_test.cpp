@@ -1,0 +1,254 @@
+// The differences of two texts, line by line and word by word.
+#include <afxwin.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "dircmp/LineDiff.h"
+
+namespace {
+
+struct Texts {
+  Texts(const std::string& leftBytes, const std::string& rightBytes) {
+    left.Assign(leftBytes);
+    right.Assign(rightBytes);
+  }
+  DocumentText left, right;
+};
+
+// "=2:2 !1:0" and so on: equal or different, lines left and right.
+std::string Blocks(const std::string& left, const std::string& right,
+                   const CompareOptions& options) {
+  const Texts texts(left, right);
+  std::string blocks;
+  for (const LineBlock& block : DiffLines(texts.left, texts.right, options)) {
+    blocks += (blocks.empty() ? "" : " ") + std::string(block.isDifferent ? "!" : "=") +
+              std::to_string(block.leftCount) + ":" + std::to_string(block.rightCount);
+  }
+  return blocks;
+}
+
+TEST(Lines, Blocks) {
+  const CompareOptions exact, runs = {.whiteSpaceMode = 1}, ignored = {.whiteSpaceMode = 2},
+                              letters = {.ignoreCase = true};
+  const struct {
+    const char* left;
+    const char* right;
+    const CompareOptions& options;
+    const char* blocks;
+  } kCases[] = {
+      {"", "", exact, ""},
+      {"a\n", "", exact, "!1:0"},
+      {"a\nb\nc\n", "a\nb\nc\n", exact, "=3:3"},
+      {"a\nb\nc\n", "a\nx\nc\n", exact, "=1:1 !1:1 =1:1"},
+      {"a\nb\nc\n", "a\nc\n", exact, "=1:1 !1:0 =1:1"},
+      {"a\nc\n", "a\nb\nb\nc\n", exact, "=1:1 !0:2 =1:1"},
+      {"a\nb", "a\nb\n", exact, "=1:1 !1:1"},
+      {"a\r\nb\r\n", "a\nb\n", exact, "!2:2"},
+      {"a\r\nb\rc", "a\nb\nc", runs, "=3:3"},
+      {"a b\n c\n", "a  b \nc\n", runs, "=2:2"},
+      {" a\n", "a\n", runs, "!1:1"},  // white space against none
+      {"ab\n", "a b\n", runs, "!1:1"},
+      {"ab\n", "a b\n", ignored, "=1:1"},
+      {"a\nb\n", "a\n\n\nb\n", runs, "=1:1 =0:2 =1:1"},  // no difference in the files, too
+      {"a\n\nb\n", "a\nx\nb\n", runs, "=1:1 !1:1 =1:1"},
+      // A run that could stand elsewhere stands where it would be read.
+      {"{\n}\nz\n", "{\n}\nx {\n}\nz\n", exact, "=2:2 !0:2 =1:1"},
+      {"a\n  c\n", "a\n  b\na\n  c\n", exact, "!0:2 =2:2"},
+      {"x\nx\nx\ny\n", "x\ny\n", exact, "=1:1 !2:0 =1:1"},
+      {"ABC\n\xC4\n", "abc\n\xE4\n", letters, "=2:2"},
+      {"\xEF\xBB\xBF"
+       "a\n",
+       "a\n", exact, "=1:1"},
+  };
+  for (const auto& row : kCases) {
+    EXPECT_EQ(Blocks(row.left, row.right, row.options), row.blocks) << row.left << "|" << row.right;
+  }
+}
+
+// The line with its changed ranges in brackets.
+std::string Bracketed(const TextLine& line, const ChangedRanges& ranges) {
+  std::string text = std::string(line.text) + (line.end.empty() ? "" : "$");
+  for (auto range = ranges.rbegin(); range != ranges.rend(); ++range) {
+    text.insert(std::min<size_t>(text.size(), static_cast<size_t>(range->second)), "]");
+    text.insert(static_cast<size_t>(range->first), "[");
+  }
+  return text;
+}
+
+TEST(Lines, Words) {
+  const struct {
+    const char* left;
+    const char* right;
+    CompareOptions options;
+    const char* markedLeft;
+    const char* markedRight;
+  } kCases[] = {
+      {"the old word here\n",
+       "the new word here\n",
+       {},
+       "the [old] word here$",
+       "the [new] word here$"},
+      {"f(a, b);\n", "f(a, b, c);\n", {}, "f(a, b);$", "f(a, b[, c]);$"},
+      {"a b c\n", "a  b d\n", {.whiteSpaceMode = 1}, "a b [c]$", "a  b [d]$"},
+      {"a b c\n", "a  b d\n", {}, "a[ ]b [c]$", "a[  ]b [d]$"},
+      {"One two x\n", "one TWO y\n", {.ignoreCase = true}, "One two [x]$", "one TWO [y]$"},
+      {"one two three\n",
+       "one\ntwo four\n",
+       {.whiteSpaceMode = 1},
+       "one two [three]$",
+       "one$ two [four]$"},
+      {"same\r\n", "same\n", {}, "same[$]", "same[$]"},
+      {"nothing alike\n",
+       "quite, other: things!\n",
+       {},
+       "[nothing alike]$",
+       "[quite, other: things!]$"},
+      {"gr\xFC\xDF"
+       "e an\n",
+       "gr\xFC\xDF"
+       "e aus\n",
+       {},
+       "gr\xC3\xBC\xC3\x9F"
+       "e [an]$",
+       "gr\xC3\xBC\xC3\x9F"
+       "e [aus]$"},
+      {"\n", "x\n", {}, "[]$", "[x]$"},
+  };
+  for (const auto& row : kCases) {
+    const Texts texts(row.left, row.right);
+    const std::vector<LineBlock> blocks = DiffLines(texts.left, texts.right, row.options);
+    ASSERT_FALSE(blocks.empty()) << row.left;
+    const WordDifference words = DiffWords(texts.left, texts.right, blocks[0], row.options);
+    const auto marked = [](const DocumentText& text, const std::vector<ChangedRanges>& lines) {
+      std::string all;
+      for (size_t i = 0; i < lines.size(); ++i) {
+        all += (i > 0 ? " " : "") + Bracketed(text.lines()[i], lines[i]);
+      }
+      return all;
+    };
+    EXPECT_EQ(marked(texts.left, words.left), row.markedLeft);
+    EXPECT_EQ(marked(texts.right, words.right), row.markedRight);
+  }
+}
+
+// Blocks name every line once and in its order, and the lines of equal ones are equal in pairs.
+void CheckBlocks(const Texts& texts, const CompareOptions& options, size_t& inCommon) {
+  int left = 0, right = 0;
+  for (const LineBlock& block : DiffLines(texts.left, texts.right, options)) {
+    ASSERT_EQ(block.left, left);
+    ASSERT_EQ(block.right, right);
+    left += block.leftCount;
+    right += block.rightCount;
+    if (block.isDifferent) continue;
+    ASSERT_EQ(block.leftCount, block.rightCount);
+    inCommon += static_cast<size_t>(block.leftCount);
+    for (int i = 0; i < block.leftCount; ++i) {
+      ASSERT_EQ(texts.left.lines()[static_cast<size_t>(block.left + i)].text,
+                texts.right.lines()[static_cast<size_t>(block.right + i)].text);
+    }
+  }
+  ASSERT_EQ(left, static_cast<int>(texts.left.lines().size()));
+  ASSERT_EQ(right, static_cast<int>(texts.right.lines().size()));
+}
+
+// The length of the longest common subsequence.
+size_t LongestCommon(const std::string& left, const std::string& right) {
+  std::vector<size_t> lengths(right.size() + 1);
+  for (const char l : left) {
+    size_t diagonal = 0;
+    for (size_t i = 0; i < right.size(); ++i) {
+      const size_t above = lengths[i + 1];
+      lengths[i + 1] = l == right[i] ? diagonal + 1 : std::max(above, lengths[i]);
+      diagonal = above;
+    }
+  }
+  return lengths.back();
+}
+
+std::string OneLetterLines(const std::string& letters) {
+  std::string text;
+  for (const char letter : letters) text += std::string(1, letter) + "\n";
+  return text;
+}
+
+TEST(Lines, FewestDifferencesOfShortTexts) {
+  std::mt19937 random(7);
+  for (int i = 0; i < 3000; ++i) {
+    std::string left, right;
+    for (unsigned n = random() % 40; n > 0; --n) left += static_cast<char>('a' + random() % 5);
+    right = left;
+    for (unsigned n = random() % 12; n > 0 && !right.empty(); --n) {
+      right[random() % right.size()] = static_cast<char>('a' + random() % 5);
+      if (random() % 3 == 0) right.erase(random() % right.size(), 1);
+      if (random() % 3 == 0) right.insert(right.begin() + random() % (right.size() + 1), 'b');
+    }
+    const Texts texts(OneLetterLines(left), OneLetterLines(right));
+    size_t inCommon = 0;
+    ASSERT_NO_FATAL_FAILURE(CheckBlocks(texts, {}, inCommon));
+    ASSERT_EQ(inCommon, LongestCommon(left, right)) << left << " " << right;
+  }
+}
+
+TEST(Lines, LargeTextsEnd) {
+  constexpr int kLines = 100'000;
+  std::vector<int> numbers(kLines);
+  for (int i = 0; i < kLines; ++i) numbers[static_cast<size_t>(i)] = i;
+  const auto text = [](const std::vector<int>& lines, const char* prefix) {
+    std::string text;
+    for (const int line : lines) text += prefix + std::to_string(line) + "\n";
+    return text;
+  };
+  std::mt19937 random(1);
+  std::vector<int> shuffled = numbers, few = numbers, fewOther = numbers;
+  std::shuffle(shuffled.begin(), shuffled.end(), random);
+  for (int& number : few) number = static_cast<int>(random() % 50);
+  for (int& number : fewOther) number = static_cast<int>(random() % 50);
+  std::vector<int> reversed(numbers.rbegin(), numbers.rend());
+  const struct {
+    const char* what;
+    std::string left, right;
+    size_t leastInCommon;
+  } kCases[] = {
+      {"unrelated", text(numbers, "left "), text(numbers, "right "), 0},
+      {"shuffled", text(numbers, "line "), text(shuffled, "line "), 100},
+      {"reversed", text(numbers, "line "), text(reversed, "line "), 1},
+      {"few different lines", text(few, ""), text(fewOther, ""), kLines / 10},
+  };
+  for (const auto& row : kCases) {
+    const Texts texts(row.left, row.right);
+    const DWORD start = GetTickCount();
+    size_t inCommon = 0;
+    ASSERT_NO_FATAL_FAILURE(CheckBlocks(texts, {}, inCommon)) << row.what;
+    EXPECT_LT(GetTickCount() - start, 10'000u) << row.what;
+    EXPECT_GE(inCommon, row.leastInCommon) << row.what;
+  }
+}
+
+TEST(DocumentText, Kinds) {
+  using Kind = DocumentText::Kind;
+  const struct {
+    std::string bytes;
+    Kind kind;
+    std::string firstLine;
+  } kCases[] = {
+      {"plain\n", Kind::Text, "plain"},
+      {"\xC4\n", Kind::Text, "\xC3\x84"},      // of the code page
+      {"\xC3\x84\n", Kind::Text, "\xC3\x84"},  // UTF-8
+      {std::string("\xFF\xFE\xC4\0\n\0", 6), Kind::Text, "\xC3\x84"},
+      {std::string("\xFE\xFF\0\xC4\0\n", 6), Kind::Text, "\xC3\x84"},
+      {std::string("\xFF\xFE\x00\xD8", 4), Kind::Text, "\xEF\xBF\xBD"},  // half a character
+      {std::string("a\0b", 3), Kind::Binary, ""},
+  };
+  for (const auto& row : kCases) {
+    DocumentText text;
+    EXPECT_EQ(text.Assign(row.bytes), row.kind);
+    EXPECT_EQ(text.lines().empty() ? "" : text.lines()[0].text, row.firstLine);
+  }
+}
+
+}  // namespace
