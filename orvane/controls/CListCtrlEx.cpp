@@ -16,6 +16,7 @@ namespace {
 
 // The list view's own margins on both sides of a text, in the first column and in the others.
 constexpr int kLabelMargin = 6, kCellMargin = 12;
+constexpr int kFittedMargin = 14;  // a column that fits has these and some air
 constexpr int kMostRowsMeasured = 10000;
 constexpr int kArrowSize = 9;  // of the arrow's bitmap, in pixels
 
@@ -151,7 +152,7 @@ void CListCtrlEx::FitColumn(int column) {
   const int first = count <= kMostRowsMeasured ? 0 : GetTopIndex();
   const int end = std::min(count, first + kMostRowsMeasured);
   for (int row = first; row < end; ++row)
-    width = std::max(width, dc.Width(GetCellText(row, column)) + cellMargin(column));
+    width = std::max(width, dc.Width(GetCellText(row, column)) + kFittedMargin);
   SetColumnWidth(column, width);
 }
 

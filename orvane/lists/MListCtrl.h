@@ -340,6 +340,16 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
     }
     explicit operator bool() const { return fn != nullptr; }
   };
+  // While one exists, what changes in the window is the list's own work: it is not reported, and
+  // drawn once at the end.
+  class QuietWindow {
+   public:
+    explicit QuietWindow(MListCtrl& list);
+    ~QuietWindow();
+
+   private:
+    MListCtrl& m_list;
+  };
   // The condition of the text filter.
   struct TextFilter {
     int column = 0;

@@ -66,6 +66,14 @@ void MListCtrl::NumberRows() const {
 
 // --- All rows ---
 
+MListCtrl::QuietWindow::QuietWindow(MListCtrl& list) : m_list(list) {
+  if (m_list.m_restoring++ == 0) m_list.SetRedraw(FALSE);
+}
+
+MListCtrl::QuietWindow::~QuietWindow() {
+  if (--m_list.m_restoring == 0) m_list.SetRedraw(TRUE);
+}
+
 int MListCtrl::FocusedRow() const { return GetNextItem(-1, LVNI_FOCUSED); }
 
 // Remembers selection and focus as items and takes both from the rows, which are about to change.
@@ -83,13 +91,13 @@ MListCtrl::ViewState MListCtrl::TakeView() {
     rows.push_back(row);
     state.selected.push_back(record(row));
   }
-  ++m_restoring;
+  if (rows.empty() && state.focused == kNone) return state;
+  const QuietWindow quiet(*this);
   if (rows.size() > kFewRows)
     SetItemState(-1, 0, LVIS_SELECTED);
   else
     for (const int row : rows) SetItemState(row, 0, LVIS_SELECTED);
   if (state.focused != kNone) SetItemState(FocusedRow(), 0, LVIS_FOCUSED);
-  --m_restoring;
   return state;
 }
 
@@ -112,10 +120,11 @@ void MListCtrl::RestoreView(const ViewState& state) {
 void MListCtrl::RowsReplaced(const ViewState& state) {
   m_rowsNumbered = false;
   if (m_hWnd == nullptr) return;
-  ++m_restoring;
-  SyncRowCount();
-  RestoreView(state);
-  --m_restoring;
+  {
+    const QuietWindow quiet(*this);
+    SyncRowCount();
+    RestoreView(state);
+  }
   Invalidate();
   ReportSelection();
 }

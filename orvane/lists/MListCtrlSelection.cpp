@@ -49,10 +49,12 @@ void MListCtrl::DeselectAll() {
 
 void MListCtrl::InvertSelection() {
   if (m_hWnd == nullptr) return;
-  ++m_restoring;
-  for (int row = 0; row < GetItemCount(); ++row)
-    SetItemState(row, ~GetItemState(row, LVIS_SELECTED), LVIS_SELECTED);
-  --m_restoring;
+  {
+    const QuietWindow quiet(*this);
+    for (int row = 0; row < GetItemCount(); ++row)
+      SetItemState(row, ~GetItemState(row, LVIS_SELECTED), LVIS_SELECTED);
+  }
+  Invalidate(FALSE);
   ReportSelection();
 }
 
