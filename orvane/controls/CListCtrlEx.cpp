@@ -100,11 +100,11 @@ LRESULT CListCtrlEx::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 BOOL CListCtrlEx::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) {
-  const auto& header = *reinterpret_cast<const NMHEADER*>(lParam);
-  const UINT code = header.hdr.code;
-  if ((code == HDN_DIVIDERDBLCLICKA || code == HDN_DIVIDERDBLCLICKW) &&
-      header.hdr.hwndFrom == GetHeaderCtrl()->GetSafeHwnd()) {
-    FitColumn(header.iItem);
+  const CHeaderCtrl* const header = GetHeaderCtrl();
+  const auto& notice = *reinterpret_cast<const NMHEADER*>(lParam);
+  if (header != nullptr && notice.hdr.hwndFrom == header->m_hWnd &&
+      (notice.hdr.code == HDN_DIVIDERDBLCLICKA || notice.hdr.code == HDN_DIVIDERDBLCLICKW)) {
+    FitColumn(notice.iItem);
     *pResult = 0;
     return TRUE;
   }

@@ -12,6 +12,7 @@
 #include "controls/MPopupMenu.h"
 #include "entry/CStrMap.h"
 #include "entry/export.h"
+#include "lists/DataFilter.h"
 #include "lists/ListColumns.h"
 #include "lists/ListDataMap.h"
 #include "lists/ListOrder.h"
@@ -298,6 +299,10 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
 
   // Replaces the key; null or empty: nothing is kept.
   void SetRegistryKey(const char* key);
+  // A new filter on a column, with the defaults of its kind, for the caller to delete. It keeps its
+  // settings under the list's key, "\", the column's title and the suffix. Null: no such column, or
+  // the list has no key (ASSERT).
+  DataFilter* GetFilter(int column, const char* suffix = nullptr) const;
   // Null: there is no key. The list's, until the next SetRegistryKey.
   MRegistry* GetRegistry() const { return m_registry.get(); }
 
@@ -431,6 +436,7 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   CString m_displayTimeFormat;
 
   CString m_listTitle, m_secondaryTitle, m_productUrl, m_productName;
+  CString m_registryKey;
   std::unique_ptr<MRegistry> m_registry;
   MPopupMenu m_sortMenu;
   uint32_t m_lastSelected = kNone;       // the record that the user selected last

@@ -181,7 +181,27 @@ void MListCtrl::InsertHeader(int position) {
 }
 
 void MListCtrl::SetRegistryKey(const char* key) {
-  m_registry.reset(key == nullptr || *key == 0 ? nullptr : new MRegistry(key));
+  m_registryKey = key;
+  m_registry.reset(m_registryKey.IsEmpty() ? nullptr : new MRegistry(m_registryKey));
+}
+
+DataFilter* MListCtrl::GetFilter(int column, const char* suffix) const {
+  if (!m_columns.Has(column) || m_registryKey.IsEmpty()) {
+    ASSERT(FALSE);
+    return nullptr;
+  }
+  const ListColumn& filtered = m_columns[column];
+  const CString key = m_registryKey + "\\" + filtered.title + CString(suffix);
+  switch (filtered.kind) {
+    case ListColumnEnum:
+      return new EnumFilter(filtered.enumTexts, key);
+    case ListColumnTime:
+      return new TimeFilter(key);
+    case ListColumnNumeric:
+      return new NumericFilter(key);
+    default:
+      return new StringFilter(filtered.compareTexts, key);
+  }
 }
 
 void MListCtrl::SaveLayout() {
