@@ -82,8 +82,9 @@ void CListCtrlEx::PreSubclassWindow() {
 }
 
 void CListCtrlEx::InitWindow() {
-  // Notifications with 8-bit texts, whatever the parent is.
-  SendMessage(LVM_SETUNICODEFORMAT, FALSE);
+  // The same notifications for every parent; some versions of the control leave the texts of 8-bit
+  // ones in UTF-16.
+  SendMessage(LVM_SETUNICODEFORMAT, TRUE);
   SetExtendedStyle(GetExtendedStyle() | LVS_EX_FULLROWSELECT | LVS_EX_HEADERDRAGDROP |
                    LVS_EX_DOUBLEBUFFER);
 }

@@ -18,6 +18,9 @@ class ORVANE_API DataFilter {
   DataFilter(const DataFilter&) = delete;
   DataFilter& operator=(const DataFilter&) = delete;
 
+  // Lets the user edit the filter in its dialog. 1: it was changed and saved; 0: it is as before,
+  // because the user has cancelled or no dialog may be shown.
+  virtual int Edit() = 0;
   // Sets the defaults of the kind or, not 0, the saved settings, with defaults for what is missing
   // or makes no sense.
   virtual void Load(int fromRegistry) = 0;
@@ -83,6 +86,7 @@ class ORVANE_API StringFilter : public DataFilter {
   // Whether a condition can be used with this column.
   bool CanUse(int condition) const;
 
+  int Edit() override;
   void Load(int fromRegistry) override;
   int Match(const char* value) const override;
   int Save() const override;
@@ -105,6 +109,7 @@ class ORVANE_API EnumFilter : public DataFilter {
   void SetMask(unsigned long mask) { m_mask = mask; }
   const std::vector<CString>& GetTexts() const { return m_texts; }
 
+  int Edit() override;
   void Load(int fromRegistry) override;
   int Match(const char* value) const override;
   int Save() const override;
@@ -126,6 +131,7 @@ class ORVANE_API TimeFilter : public DataFilter {
   CTime GetEnd() const { return m_end; }
   void Set(CTime start, CTime end);
 
+  int Edit() override;
   void Load(int fromRegistry) override;
   int Match(const char* value) const override;
   int Save() const override;
@@ -148,6 +154,7 @@ class ORVANE_API NumericFilter : public DataFilter {
   long GetTo() const { return m_to; }
   void Set(long from, long to);
 
+  int Edit() override;
   void Load(int fromRegistry) override;
   int Match(const char* value) const override;
   int Save() const override;

@@ -227,21 +227,24 @@ void MListCtrl::CopySelected() {
 // --- Texts for the window, and looking for them ---
 
 void MListCtrl::OnGetDispInfo(NMHDR* header, LRESULT* result) {
-  LVITEM& item = reinterpret_cast<NMLVDISPINFO*>(header)->item;
+  LVITEMW& item = reinterpret_cast<NMLVDISPINFOW*>(header)->item;
   *result = 0;
-  if ((item.mask & LVIF_TEXT) != 0 && item.cchTextMax > 0)
-    lstrcpynA(item.pszText, GetItemText(item.iItem, item.iSubItem), item.cchTextMax);
+  if ((item.mask & LVIF_TEXT) != 0 && item.cchTextMax > 0) {
+    const CString text = GetItemText(item.iItem, item.iSubItem);
+    const int room = item.cchTextMax - 1, bytes = std::min(text.GetLength(), room);
+    item.pszText[MultiByteToWideChar(CP_ACP, 0, text, bytes, item.pszText, room)] = 0;
+  }
   if ((item.mask & LVIF_PARAM) != 0) item.lParam = static_cast<LPARAM>(GetItemData(item.iItem));
 }
 
 void MListCtrl::OnFindRow(NMHDR* header, LRESULT* result) {
-  const auto& find = *reinterpret_cast<const NMLVFINDITEM*>(header);
+  const auto& find = *reinterpret_cast<const NMLVFINDITEMW*>(header);
   *result = -1;
   if ((find.lvfi.flags & LVFI_PARAM) != 0)
     *result = FindItem(static_cast<unsigned long>(find.lvfi.lParam));
   else if ((find.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) != 0)
-    *result = FindByPrefix(find.lvfi.psz, (find.lvfi.flags & LVFI_PARTIAL) == 0, find.iStart,
-                           (find.lvfi.flags & LVFI_WRAP) != 0);
+    *result = FindByPrefix(CString(find.lvfi.psz), (find.lvfi.flags & LVFI_PARTIAL) == 0,
+                           find.iStart, (find.lvfi.flags & LVFI_WRAP) != 0);
 }
 
 int MListCtrl::FirstShownColumn() const {
@@ -287,7 +290,7 @@ int MListCtrl::EditableColumn() const {
 
 // The edit has one line: a text of several is not offered, so that none is lost.
 void MListCtrl::OnBeginLabelEdit(NMHDR* header, LRESULT* result) {
-  const int row = reinterpret_cast<const NMLVDISPINFO*>(header)->item.iItem;
+  const int row = reinterpret_cast<const NMLVDISPINFOW*>(header)->item.iItem;
   const int column = EditableColumn();
   const bool allowed = m_onLabelEdit && column >= 0 && HasRow(row) &&
                        strchr(m_map.Text(m_rows[row], SlotOf(column)), '\r') == nullptr;
@@ -296,7 +299,7 @@ void MListCtrl::OnBeginLabelEdit(NMHDR* header, LRESULT* result) {
 }
 
 void MListCtrl::OnEndLabelEdit(NMHDR* header, LRESULT* result) {
-  const LVITEM& item = reinterpret_cast<const NMLVDISPINFO*>(header)->item;
+  const LVITEMW& item = reinterpret_cast<const NMLVDISPINFOW*>(header)->item;
   *result = FALSE;
   if (item.pszText == nullptr || !HasRow(item.iItem) || !m_onLabelEdit) return;
   const int column = EditableColumn();
