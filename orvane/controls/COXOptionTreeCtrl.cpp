@@ -5,7 +5,7 @@
 namespace {
 
 // The tree changes a box after the message that makes it do so: compare what is there then.
-constexpr UINT kCompareMessage = WM_APP + 0x3E00;
+constexpr UINT kCompareMessage = WM_APP + 0x3001;
 
 }  // namespace
 

@@ -213,7 +213,7 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
     mutable OperationReturnState result;
     void Run() const { result = fn(*list, id, clientData); }
   };
-  static constexpr UINT kForSelectedMessage = WM_APP + 0x3F00;
+  static constexpr UINT kForSelectedMessage = WM_APP + 0x3000;
 
   // --- The text filter ---
 

@@ -455,6 +455,34 @@ TEST_F(ListWindowTest, WorkOnTheSelectedRowsMayChangeTheList) {
   EXPECT_EQ(threads, std::set<DWORD>{GetCurrentThreadId()});
 }
 
+TEST_F(ListWindowTest, AColumnFitsItsTextsAtADoubleClickOnItsDivider) {
+  Files list;
+  Show(list);
+  for (int i = 0; i < 50; ++i) list.Add(-1, i == 40 ? "the longest name of all of them" : "short");
+  list.SetColumnWidth(0, 30);
+  const LPARAM divider = MAKELPARAM(30, 8);
+  list.GetHeaderCtrl()->SendMessage(WM_LBUTTONDBLCLK, MK_LBUTTON, divider);
+  const int needed = list.GetStringWidth(list.GetItemText(40, 0));
+  EXPECT_GT(list.GetColumnWidth(0), needed) << "a row out of sight counts, too";
+  EXPECT_LT(list.GetColumnWidth(0), needed + 30);
+}
+
+TEST_F(ListWindowTest, EnterIsTheListsOnlyWhenItHasAUseForIt) {
+  Files list;
+  Seen seen;
+  Show(list);
+  list.Add(-1, "a");
+  MSG enter = {list, WM_KEYDOWN, VK_RETURN, 1, 0, {0, 0}};
+  const auto wants = [&] {
+    return (list.SendMessage(WM_GETDLGCODE, VK_RETURN, reinterpret_cast<LPARAM>(&enter)) &
+            DLGC_WANTMESSAGE) != 0;
+  };
+  list.SelectItem(0);
+  EXPECT_FALSE(wants()) << "the dialog's default button gets it";
+  list.OnDblClk(noteOpened, &seen);
+  EXPECT_TRUE(wants());
+}
+
 TEST_F(ListWindowTest, TipsShowCutTextsAndDescriptions) {
   Files list;
   Show(list);
