@@ -63,6 +63,10 @@ class ListDataMap {
     const char* const text = Slot(record, slot).text;
     return text != nullptr ? text : "";
   }
+  // Have the processor fetch a value, and the text that it points to when the value was fetched
+  // before: sorted rows lie anywhere in memory.
+  void FetchValue(uint32_t record, int slot) const { __builtin_prefetch(&Slot(record, slot)); }
+  void FetchText(uint32_t record, int slot) const { __builtin_prefetch(Slot(record, slot).text); }
   // Copies length bytes into a text slot. Throws std::bad_alloc, and the text is as before.
   void SetText(uint32_t record, int slot, const char* text, size_t length);
 

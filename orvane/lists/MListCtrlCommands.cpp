@@ -15,6 +15,7 @@ namespace {
 
 constexpr char kOpenText[] = "Open", kViewText[] = "View";
 constexpr int kHelpBuffer = 260;
+constexpr int kRowsAhead = 16;  // how far before its use a row is fetched from memory
 
 CString loaded(UINT id) {
   MString text;
@@ -261,6 +262,10 @@ int MListCtrl::FindByPrefix(const char* prefix, bool whole, int start, bool wrap
   const bool isText = column != kDescription && m_columns[column].kind == ListColumnText;
   const auto matches = [&](int row) {
     const uint32_t record = m_rows[row];
+    if (isText && row + 2 * kRowsAhead < count) {
+      m_map.FetchValue(m_rows[row + 2 * kRowsAhead], SlotOf(column));
+      m_map.FetchText(m_rows[row + kRowsAhead], SlotOf(column));
+    }
     const CString shown = isText ? CString() : CellText(record, column, 0);
     const char* const text =
         isText ? m_map.Text(record, SlotOf(column)) : static_cast<LPCTSTR>(shown);

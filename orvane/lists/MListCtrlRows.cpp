@@ -12,6 +12,7 @@ namespace {
 constexpr int kMostRemovedUnnumbered = 4096;
 // Up to so many selected rows are deselected one by one, which is faster than all at once.
 constexpr size_t kFewRows = 1000;
+constexpr int kRecordsAhead = 8;  // how far before its use a text is fetched from memory
 
 }  // namespace
 
@@ -200,7 +201,14 @@ void MListCtrl::Refilter() {
   }
   const ViewState state = TakeView();
   m_rows.clear();
+  const bool readsTexts = IsFiltered();
+  uint32_t ahead = m_map.First();
+  for (int i = 0; i < kRecordsAhead && ahead != kNone; ++i) ahead = m_map.Next(ahead);
   for (uint32_t record = m_map.First(); record != kNone; record = m_map.Next(record)) {
+    if (readsTexts && ahead != kNone) {
+      m_map.FetchText(ahead, SlotOf(m_filter.column));
+      ahead = m_map.Next(ahead);
+    }
     m_map.Row(record) = kNone;
     if (!Passes(record)) continue;
     m_map.Row(record) = static_cast<uint32_t>(m_rows.size());
