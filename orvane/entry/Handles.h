@@ -76,9 +76,17 @@ struct CursorTraits {
   static void Release(Handle cursor) { DestroyCursor(cursor); }
 };
 
+// Memory as the clipboard takes it.
+struct GlobalMemoryTraits {
+  using Handle = HGLOBAL;
+  static Handle None() { return nullptr; }
+  static void Release(Handle memory) { GlobalFree(memory); }
+};
+
 using unique_file = unique_handle_of<FileHandleTraits>;
 using unique_find = unique_handle_of<FindHandleTraits>;
 using unique_kernel_handle = unique_handle_of<KernelHandleTraits>;
 using unique_view = unique_handle_of<ViewTraits>;
 using unique_registry_key = unique_handle_of<RegistryKeyTraits>;
 using unique_cursor = unique_handle_of<CursorTraits>;
+using unique_global = unique_handle_of<GlobalMemoryTraits>;

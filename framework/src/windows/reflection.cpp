@@ -18,7 +18,9 @@ BOOL CWnd::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pR
   return ReflectChildNotify(message, wParam, lParam, pResult);
 }
 
-BOOL CWnd::ReflectChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) {
+// The record of a notification may stand at any address, see CWnd::OnWndMsg.
+[[gnu::no_sanitize("alignment")]] BOOL CWnd::ReflectChildNotify(UINT message, WPARAM wParam,
+                                                                LPARAM lParam, LRESULT* pResult) {
   LRESULT unwanted = 0;
   LRESULT* const result = pResult != nullptr ? pResult : &unwanted;
   switch (message) {

@@ -18,7 +18,9 @@ UINT messageInMaps(UINT message) {
 
 }  // namespace
 
-BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) {
+// Some controls send notifications in packed records, which may stand at any address.
+[[gnu::no_sanitize("alignment")]] BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam,
+                                                      LRESULT* pResult) {
   switch (message) {
     case WM_COMMAND:
       *pResult = 0;
@@ -71,7 +73,7 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
   return !question.enabled || OnCmdMsg(nID, CN_COMMAND, nullptr, nullptr);
 }
 
-BOOL CWnd::OnNotify(WPARAM, LPARAM lParam, LRESULT* pResult) {
+[[gnu::no_sanitize("alignment")]] BOOL CWnd::OnNotify(WPARAM, LPARAM lParam, LRESULT* pResult) {
   if (isFilling(m_hWnd)) return TRUE;
   NMHDR* const header = reinterpret_cast<NMHDR*>(lParam);
   if (ReflectLastMsg(header->hwndFrom, pResult)) return TRUE;

@@ -1,0 +1,203 @@
+#include "lists/DataFilter.h"
+
+#include <cstdint>
+#include <cstring>
+
+#include "lists/TextMatch.h"
+#include "settings/RegistryUtil.h"
+#include "util/TimeUtil.h"
+
+namespace {
+
+constexpr long kDay = 24 * 60 * 60;
+constexpr char kInvert[] = "invert";
+
+uint32_t asNumber(const char* value) {
+  return static_cast<uint32_t>(reinterpret_cast<uintptr_t>(value));
+}
+
+struct NamedNumber {
+  const char* name;
+  unsigned long value;
+};
+
+// 1, or 0 when one was refused.
+template <size_t N>
+int saveNumbers(const MRegistry& registry, const NamedNumber (&numbers)[N]) {
+  int saved = 1;
+  for (const NamedNumber& number : numbers) saved &= registry.SetUserKey(number.name, number.value);
+  return saved;
+}
+
+}  // namespace
+
+unsigned long DataFilter::Read(const char* name, unsigned long defaultValue) const {
+  if (m_key.IsEmpty()) return defaultValue;
+  unsigned long value = defaultValue;
+  MRegistry(m_key).GetUserKey(name, value, defaultValue);
+  return value;
+}
+
+CString DataFilter::ReadText(const char* name) const {
+  CString value;
+  if (!m_key.IsEmpty()) MRegistry(m_key).GetUserKey(name, value);
+  return value;
+}
+
+// --- Texts ---
+
+StringFilter::StringFilter(ListOrder::CompareTexts compare, const char* first, const char* second)
+    : DataFilter(nullptr), m_compare(compare) {
+  m_settings.firstCondition = IsGreaterOrEqual;
+  m_settings.firstText = first;
+  m_settings.secondCondition = IsLessOrEqual;
+  m_settings.secondText = second;
+  // Without an upper end either condition is enough; only an empty text is "less than or equal to"
+  // an empty one.
+  m_settings.bothConditions = !m_settings.secondText.IsEmpty();
+}
+
+bool StringFilter::CanUse(int condition) const {
+  if (condition < IncludeAll || condition >= kConditions) return false;
+  return m_compare != nullptr || condition < Equals || condition > IsLessOrEqual;
+}
+
+void StringFilter::Load(int fromRegistry) {
+  m_settings = {};
+  if (!fromRegistry || m_key.IsEmpty()) return;
+  const auto condition = [this](const char* name) {
+    const int saved = static_cast<int>(Read(name, IncludeAll));
+    return CanUse(saved) ? saved : static_cast<int>(IncludeAll);
+  };
+  m_settings.firstCondition = condition("FirstCondition");
+  m_settings.secondCondition = condition("SecondCondition");
+  m_settings.firstText = ReadText("FirstString");
+  m_settings.secondText = ReadText("SecondString");
+  m_settings.bothConditions = Read("andCondition", 1) != 0;
+}
+
+int StringFilter::Save() const {
+  if (m_key.IsEmpty()) return 1;
+  const MRegistry registry(m_key);
+  const int texts = registry.SetUserKey("FirstString", m_settings.firstText) &
+                    registry.SetUserKey("SecondString", m_settings.secondText);
+  return texts &
+         saveNumbers(registry,
+                     {{"FirstCondition", static_cast<unsigned long>(m_settings.firstCondition)},
+                      {"SecondCondition", static_cast<unsigned long>(m_settings.secondCondition)},
+                      {"andCondition", m_settings.bothConditions != 0}});
+}
+
+bool StringFilter::Holds(int condition, const char* text, const CString& operand) const {
+  if (!CanUse(condition)) return false;
+  const auto compare = [&] { return m_compare(text, operand); };
+  switch (condition) {
+    case Equals:
+      return compare() == 0;
+    case DoesNotEqual:
+      return compare() != 0;
+    case IsGreater:
+      return compare() == 1;
+    case IsGreaterOrEqual:
+      return compare() != -1;
+    case IsLess:
+      return compare() == -1;
+    case IsLessOrEqual:
+      return compare() != 1;
+    case BeginsWith:
+      return ::BeginsWith(text, operand);
+    case DoesNotBeginWith:
+      return !::BeginsWith(text, operand);
+    case Contains:
+      return ::Contains(text, operand);
+    case DoesNotContain:
+      return !::Contains(text, operand);
+    default:
+      return true;
+  }
+}
+
+int StringFilter::Match(const char* value) const {
+  const bool first = Holds(m_settings.firstCondition, value, m_settings.firstText);
+  if (first != (m_settings.bothConditions != 0)) return first;
+  return Holds(m_settings.secondCondition, value, m_settings.secondText);
+}
+
+// --- Enums ---
+
+void EnumFilter::Load(int fromRegistry) {
+  m_mask = fromRegistry ? Read("Flags", kAll) : kAll;
+  m_invert = fromRegistry ? Read(kInvert, 0) != 0 : 0;
+}
+
+int EnumFilter::Save() const {
+  if (m_key.IsEmpty()) return 1;
+  return saveNumbers(MRegistry(m_key), {{"Flags", m_mask}, {kInvert, m_invert != 0}});
+}
+
+int EnumFilter::Match(const char* value) const {
+  const uint32_t number = asNumber(value);
+  return number < 32 && (m_mask >> number & 1) != 0;
+}
+
+// --- Times ---
+
+TimeFilter::TimeFilter(const char* key) : DataFilter(key) { TimeFilter::Load(0); }
+
+CTime TimeFilter::StartOfDay(CTime time, int inUtc) {
+  const long seconds = static_cast<long>(time.GetTime());
+  const long local = inUtc ? seconds : seconds - GetZoneBias(0);
+  return CTime(static_cast<time_t>(seconds - local % kDay));
+}
+
+void TimeFilter::Set(CTime start, CTime end) {
+  m_start = start;
+  m_end = end;
+}
+
+void TimeFilter::Load(int fromRegistry) {
+  m_start = m_end = StartOfDay(CTime::GetCurrentTime());
+  m_invert = 1;
+  if (!fromRegistry) return;
+  m_start = static_cast<time_t>(Read("StartDate", static_cast<unsigned long>(m_start.GetTime())));
+  m_end = static_cast<time_t>(Read("EndDate", static_cast<unsigned long>(m_end.GetTime())));
+  m_invert = Read(kInvert, 1) != 0;
+}
+
+int TimeFilter::Save() const {
+  if (m_key.IsEmpty()) return 1;
+  return saveNumbers(MRegistry(m_key),
+                     {{"StartDate", static_cast<unsigned long>(m_start.GetTime())},
+                      {"EndDate", static_cast<unsigned long>(m_end.GetTime())},
+                      {kInvert, m_invert != 0}});
+}
+
+int TimeFilter::Match(const char* value) const {
+  const auto seconds = static_cast<int32_t>(asNumber(value));
+  return m_start.GetTime() <= seconds && seconds <= m_end.GetTime();
+}
+
+// --- Numbers ---
+
+void NumericFilter::Set(long from, long to) {
+  m_from = from;
+  m_to = to;
+}
+
+void NumericFilter::Load(int fromRegistry) {
+  m_from = fromRegistry ? static_cast<long>(Read("FromNumeric", 0)) : 0;
+  m_to = fromRegistry ? static_cast<long>(Read("ToNumeric", 0)) : 0;
+  m_invert = fromRegistry ? Read(kInvert, 1) != 0 : 1;
+}
+
+int NumericFilter::Save() const {
+  if (m_key.IsEmpty()) return 1;
+  return saveNumbers(MRegistry(m_key), {{"FromNumeric", static_cast<unsigned long>(m_from)},
+                                        {"ToNumeric", static_cast<unsigned long>(m_to)},
+                                        {kInvert, m_invert != 0}});
+}
+
+int NumericFilter::Match(const char* value) const {
+  const int64_t number = asNumber(value);
+  return m_from <= number && number <= m_to;
+}
