@@ -51,8 +51,8 @@ TEST_P(DownloadMode, BringsWhatTheServerSends) {
       {"two blocks", HeadOf(100000) + bytes.substr(0, 100000), bytes.substr(0, 100000)},
       {"nothing", HeadOf(0), ""},
       {"more than announced", HeadOf(4) + "abcdefgh", "abcd"},
-      {"no length", "HTTP/1.1 200 OK\r\n\r\n" + bytes, bytes},
-      {"length that is none", "HTTP/1.1 200 OK\r\nContent-Length: -5\r\n\r\nabc", "abc"},
+      {"no length", "HTTP/1.0 200 OK\r\n\r\n" + bytes, bytes},
+      {"length that is none", "HTTP/1.0 200 OK\r\nContent-Length: -5\r\n\r\nabc", "abc"},
       {"chunks", std::string(kChunked) + "3\r\nabc\r\n2\r\nde\r\n0\r\n\r\n", "abcde"},
       {"no chunk", std::string(kChunked) + "0\r\n\r\n", ""},
   };

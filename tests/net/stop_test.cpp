@@ -4,6 +4,7 @@
 #include "net/InternetDownload.h"
 
 #include <atomic>
+#include <memory>
 #include <string>
 #include <thread>
 #include <vector>
@@ -14,6 +15,7 @@
 #include "support/LoopbackServer.h"
 #include "support/TempFolder.h"
 #include "support/Watchdog.h"
+#include "windows/Steps.h"
 
 namespace {
 
@@ -85,17 +87,14 @@ void serveSlowly(LoopbackConnection& client) {
 }  // namespace
 
 TEST(Stop, EndsEveryWaitAtOnce) {
-  const FullPort full;
+  auto full = std::make_unique<FullPort>();
   LoopbackServer server(serveSlowly);
   const struct {
     std::string url;
     DWORD after;
   } kCases[] = {
-      {full.Url(), 400},
-      {server.Url("waiting"), 400},
-      {server.Url("reading"), 400},
-      {server.Url("endless"), 400},
-      {server.Url("pausing"), 900},
+      {full->Url(), 400},           {server.Url("waiting"), 400}, {server.Url("reading"), 400},
+      {server.Url("endless"), 400}, {server.Url("pausing"), 900},
   };
   for (const auto& each : kCases) {
     SCOPED_TRACE(each.url);
@@ -114,6 +113,7 @@ TEST(Stop, EndsEveryWaitAtOnce) {
     EXPECT_LE(download.ended - stopped, kAtMost);
     EXPECT_TRUE(download.wasAborted());
     EXPECT_EQ("old", folder.Read("file"));
+    full.reset();  // the system, too, stops connecting now
   }
 }
 
@@ -134,9 +134,9 @@ TEST(Stop, InAWaitIsACancelledOperationWithoutFurtherAttempt) {
 
 // A user who presses the button in the real window.
 TEST(Stop, PressedInTheProgressWindow) {
-  const FullPort full;
+  auto full = std::make_unique<FullPort>();
   LoopbackServer server(serveSlowly);
-  for (const std::string& url : {full.Url(), server.Url("waiting"), server.Url("reading")}) {
+  for (const std::string& url : {full->Url(), server.Url("waiting"), server.Url("reading")}) {
     SCOPED_TRACE(url);
     const watchdog::ExpectWindows windows;
     const TempFolder folder;
@@ -164,6 +164,7 @@ TEST(Stop, PressedInTheProgressWindow) {
     EXPECT_EQ(url.ends_with("reading") ? "5% Completed - Progress" : "0% Completed - Progress",
               caption);
     EXPECT_EQ(12017, download.GetError());
-    CWnd::DeleteTempMap();
+    DeleteTemporaryObjects();
+    full.reset();
   }
 }
