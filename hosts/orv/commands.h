@@ -9,3 +9,7 @@ int UnzipCommand(int count, char** arguments);
 int ListCommand(int count, char** arguments);
 int TestCommand(int count, char** arguments);
 int XmlCommand(int count, char** arguments);
+int GetCommand(int count, char** arguments);
+int SendCommand(int count, char** arguments);
+int AskCommand(int count, char** arguments);
+int LibsCommand(int count, char** arguments);
