@@ -31,11 +31,6 @@ def short(value):
     return text if len(text) <= 300 else text[:300] + "..."
 
 
-def unix_path(path):
-    """Of a path on the drives of the project's Wine prefix."""
-    return PREFIX / "dosdevices" / path[:2].lower() / path[3:].replace("\\", "/")
-
-
 def windows_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
@@ -82,15 +77,11 @@ class Orv:
 
     def run(self, *arguments, **options):
         """Paths among the arguments become those of Windows."""
-        return run(*self.command(*arguments), **options)
-
-    def command(self, *arguments):
-        """What run runs."""
         translated = [
             windows_path(argument) if isinstance(argument, pathlib.Path) else argument
             for argument in arguments
         ]
-        return [ROOT / "tools" / "run", self._program, *translated]
+        return run(ROOT / "tools" / "run", self._program, *translated, **options)
 
 
 class Folder:

@@ -20,6 +20,12 @@ LARGE = 300_000_000 if os.environ.get("ORVANE_LONG") else 30_000_000
 KILLS = 100 if os.environ.get("ORVANE_LONG") else 15
 
 
+def unix_path(path):
+    """Of a path on the drives of the project's Wine prefix."""
+    prefix = interop.ROOT / "build" / "wineprefix"
+    return prefix / "dosdevices" / path[:2].lower() / path[3:].replace("\\", "/")
+
+
 class Handler(http.server.BaseHTTPRequestHandler):
     protocol_version = "HTTP/1.1"
 
@@ -168,7 +174,7 @@ def commands_to_a_page(orv, _):
         found = orv.run("ask", f"{page}/reply?a=b").expect()
         check_equal(found.stdout.strip(), b"a reply", "the reply")
         found = orv.run("ask", f"{page}/data").expect()
-        path = interop.unix_path(found.stdout.decode().strip())
+        path = unix_path(found.stdout.decode().strip())
         check(path.read_bytes() == BYTES, "other data arrived")
         path.unlink()
         for name in ("closed", "none"):
