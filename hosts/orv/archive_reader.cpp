@@ -12,22 +12,29 @@ ArchiveReader::~ArchiveReader() {
   if (m_archive != nullptr) CloseZipU(m_archive);
 }
 
-bool ArchiveReader::ForEach(const std::function<unsigned long(HZIP, const ZIPENTRY&)>& visit) {
-  if (m_archive == nullptr) {
+bool ArchiveReader::ForEach(const Visit& visit) {
+  const int entries = Count();
+  bool good = isOpen();
+  for (int i = 0; i < entries; ++i) good &= VisitEntry(i, visit);
+  return good;
+}
+
+int ArchiveReader::Count() {
+  if (!isOpen()) {
     Complain(m_name, ZipText(kZipRecent));
-    return false;
+    return 0;
   }
   ZIPENTRY entry = {};
   GetZipItemA(m_archive, -1, &entry);
-  const int entries = entry.index;
-  bool good = true;
-  for (int i = 0; i < entries; ++i) {
-    unsigned long result = GetZipItemA(m_archive, i, &entry);
-    const std::string subject = result == kZipOk ? entry.name : "entry " + std::to_string(i);
-    if (result == kZipOk) result = visit(m_archive, entry);
-    if (result == kZipOk) continue;
-    Complain(subject, ZipText(result));
-    good = false;
-  }
-  return good;
+  return entry.index;
+}
+
+bool ArchiveReader::VisitEntry(int index, const Visit& visit) {
+  ZIPENTRY entry = {};
+  unsigned long result = GetZipItemA(m_archive, index, &entry);
+  const std::string subject = result == kZipOk ? entry.name : "entry " + std::to_string(index);
+  if (result == kZipOk) result = visit(m_archive, entry);
+  if (result == kZipOk) return true;
+  Complain(subject, ZipText(result));
+  return false;
 }

@@ -13,3 +13,8 @@ int GetCommand(int count, char** arguments);
 int SendCommand(int count, char** arguments);
 int AskCommand(int count, char** arguments);
 int LibsCommand(int count, char** arguments);
+int TreeCommand(int count, char** arguments);
+int CopyCommand(int count, char** arguments);
+int CleanCommand(int count, char** arguments);
+int SizeCommand(int count, char** arguments);
+int TextCommand(int count, char** arguments);

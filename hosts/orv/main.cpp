@@ -1,10 +1,12 @@
 // orv: the library from a command line, for developers who try it and for scripts.
 #include <afxwin.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 
 #include "commands.h"
+#include "operation_run.h"
 
 // Arguments such as *.txt are patterns of the commands: the runtime is not to expand them.
 extern "C" int _CRT_glob;
@@ -19,12 +21,13 @@ struct Command {
   int fewest;
   int most;
   int (*run)(int count, char** arguments);
+  bool hasWindow = false;  // takes --window
 };
 
 constexpr Command kCommands[] = {
     {"zip", "ARCHIVE FOLDER [PATTERN]", "writes a folder tree into an archive (-: to stdout)", 2, 3,
-     ZipCommand},
-    {"unzip", "ARCHIVE FOLDER", "extracts an archive into a folder", 2, 2, UnzipCommand},
+     ZipCommand, true},
+    {"unzip", "ARCHIVE FOLDER", "extracts an archive into a folder", 2, 2, UnzipCommand, true},
     {"list", "ARCHIVE", "prints size, packed size, attributes, time (UTC), name", 1, 1,
      ListCommand},
     {"test", "ARCHIVE", "reads every entry and checks its CRC", 1, 1, TestCommand},
@@ -34,6 +37,13 @@ constexpr Command kCommands[] = {
     {"send", "FILE SERVER[:PORT] PAGE", "posts a file to a server page", 3, 3, SendCommand},
     {"ask", "URL", "asks a server page for its result", 1, 1, AskCommand},
     {"libs", "", "prints the versions of system libraries", 0, 0, LibsCommand},
+    {"tree", "FOLDER [EXTENSION]", "prints the files of a folder tree", 1, 2, TreeCommand},
+    {"copy", "SOURCE DESTINATION", "copies the files of a folder tree", 2, 2, CopyCommand, true},
+    {"clean", "FOLDER NAME | --mask MASK", "deletes what has a name, in the whole tree, or matches",
+     2, 3, CleanCommand},
+    {"size", "FOLDER", "prints the bytes and the number of files of a tree", 1, 1, SizeCommand},
+    {"text", "FILE [-o OUT]", "prints a text in 8-bit characters, writes it in UTF-8", 1, 3,
+     TextCommand},
 };
 
 void PrintHelp(FILE* out) {
@@ -42,13 +52,26 @@ void PrintHelp(FILE* out) {
     fprintf(out, "  %-6s %-26s %s\n", command.name, command.arguments, command.purpose);
   }
   fputs(
-      "\n  --version  prints the version\n"
+      "\n  zip, unzip and copy take --window: progress in a window, with a Stop button\n"
+      "  --version  prints the version\n"
       "  --help     prints this text\n"
       "\nExit status: 0 done, 1 failed, 2 wrong usage.\n",
       out);
 }
 
+// Takes --window out of the arguments. Gives how many are left.
+int TakeWindow(int count, char** arguments) {
+  char** const end = std::remove_if(arguments, arguments + count, [](const char* argument) {
+    return strcmp(argument, "--window") == 0;
+  });
+  const int left = static_cast<int>(end - arguments);
+  if (left < count) ShowProgressWindow();
+  return left;
+}
+
 int Run(const Command& command, int count, char** arguments) {
+  HandleCtrlC();
+  if (command.hasWindow) count = TakeWindow(count, arguments);
   if (count < command.fewest || count > command.most) {
     fprintf(stderr, "usage: orv %s %s\n", command.name, command.arguments);
     return kWrongUsage;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "entry/Handles.h"
+#include "operation_run.h"
 #include "zip_messages.h"
 
 namespace {
@@ -43,44 +44,52 @@ bool ReadFolder(const std::string& folder, Names& names) {
 
 }  // namespace
 
-TreeZipper::TreeZipper(HZIP archive, std::string folder, std::string pattern, std::string skipped)
-    : m_archive(archive),
-      m_folder(std::move(folder)),
-      m_pattern(std::move(pattern)),
-      m_skipped(FullPath(skipped)) {}
+TreeZipper::TreeZipper(std::string folder, std::string pattern, std::string skipped)
+    : m_folder(std::move(folder)), m_pattern(std::move(pattern)), m_skipped(FullPath(skipped)) {
+  m_read = ListFolder("");
+  SetRange(0, static_cast<unsigned>(m_names.size()));
+  SetTitle("Zipping", m_folder.c_str());
+}
 
-bool TreeZipper::Run() { return AddFolder(""); }
-
-bool TreeZipper::AddFolder(const std::string& prefix) {
+bool TreeZipper::ListFolder(const std::string& prefix) {
   Names names;
   if (!ReadFolder(PathOf(prefix), names)) return false;
-  if (names.files.empty() && names.folders.empty() && !prefix.empty()) {
-    Count(prefix, ZipAdd(m_archive, prefix.c_str(), nullptr, 0, kZipFolder));
-  }
+  if (names.files.empty() && names.folders.empty() && !prefix.empty()) m_names.push_back(prefix);
   for (const std::string& file : names.files) {
-    if (PathMatchSpecA(file.c_str(), m_pattern.c_str())) AddFile(prefix + file);
+    if (PathMatchSpecA(file.c_str(), m_pattern.c_str())) ListFile(prefix + file);
   }
   for (const std::string& folder : names.folders) {
-    if (AddFolder(prefix + folder + "/")) continue;
+    if (ListFolder(prefix + folder + "/")) continue;
     Complain(prefix + folder, "the folder can't be read");
-    ++m_failed;
+    ++m_notAdded;
   }
   return true;
 }
 
-void TreeZipper::AddFile(const std::string& name) {
-  std::string path = PathOf(name);
-  if (_stricmp(FullPath(path).c_str(), m_skipped.c_str()) == 0) return;
-  Count(name, ZipAdd(m_archive, name.c_str(), path.data(), 0, kZipFileName));
+void TreeZipper::ListFile(const std::string& name) {
+  if (_stricmp(FullPath(PathOf(name)).c_str(), m_skipped.c_str()) != 0) m_names.push_back(name);
 }
 
-void TreeZipper::Count(const std::string& name, unsigned long result) {
+void TreeZipper::Run(HZIP archive) {
+  m_archive = archive;
+  RunOperation(*this);
+}
+
+OperationReturnState TreeZipper::Operation(unsigned int index) {
+  const std::string& name = m_names[index];
+  std::string path = PathOf(name);
+  const unsigned long result = name.back() == '/'
+                                   ? ZipAdd(m_archive, name.c_str(), nullptr, 0, kZipFolder)
+                                   : ZipAdd(m_archive, name.c_str(), path.data(), 0, kZipFileName);
+  ShowProgress("zipping", index + 1, m_end);
   if (result == kZipOk) {
     ++m_added;
-    return;
+    return OperationDone;
   }
   Complain(name, ZipText(result));
-  ++m_failed;
+  ++m_notAdded;
+  m_writeFailed = result == kZipWriteError;
+  return m_writeFailed ? OperationFailedStop : OperationFailed;
 }
 
 std::string TreeZipper::PathOf(const std::string& name) const {

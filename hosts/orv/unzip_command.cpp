@@ -6,6 +6,7 @@
 #include "archive_reader.h"
 #include "commands.h"
 #include "entry/PathUtils.h"
+#include "operation_run.h"
 #include "ops/DirOp.h"
 #include "zip/EntryPath.h"
 #include "zip_messages.h"
@@ -30,26 +31,50 @@ unsigned long ExtractFile(HZIP archive, const ZIPENTRY& entry, const std::string
   return kZipNoFile;
 }
 
+class UnzipOperation : public MMultiOperation {
+ public:
+  UnzipOperation(const char* archive, const char* folder) : m_archive(archive), m_folder(folder) {
+    SetRange(0, static_cast<unsigned>(m_archive.Count()));
+    SetTitle("Extracting", m_folder.c_str());
+  }
+
+  bool opened() const { return m_archive.isOpen(); }
+  int extracted() const { return m_extracted; }
+
+ protected:
+  OperationReturnState Operation(unsigned int index) override {
+    const bool good = m_archive.VisitEntry(
+        static_cast<int>(index),
+        [&](HZIP archive, const ZIPENTRY& entry) { return ExtractEntry(archive, entry); });
+    ShowProgress("extracting", index + 1, m_end);
+    return good ? OperationDone : OperationFailed;
+  }
+
+ private:
+  unsigned long ExtractEntry(HZIP archive, const ZIPENTRY& entry) {
+    if (!StaysBelowTarget(entry.name)) {
+      Complain(entry.name, "skipped: the path leaves the folder or names a device");
+      m_failed = 1;
+      return kZipOk;
+    }
+    const std::string path = m_folder + "\\" + entry.name;
+    if (IsFolderEntry(entry)) return CreateDirectoryA(path.c_str()) ? kZipOk : kZipNoFile;
+    const unsigned long result = ExtractFile(archive, entry, path);
+    m_extracted += result == kZipOk;
+    return result;
+  }
+
+  ArchiveReader m_archive;
+  std::string m_folder;
+  int m_extracted = 0;
+};
+
 }  // namespace
 
 int UnzipCommand(int, char** arguments) {
-  const std::string folder = arguments[1];
-  int extracted = 0;
-  int skipped = 0;
-  const bool good = ArchiveReader(arguments[0]).ForEach([&](HZIP archive, const ZIPENTRY& entry) {
-    if (!StaysBelowTarget(entry.name)) {
-      Complain(entry.name, "skipped: the path leaves the folder or names a device");
-      ++skipped;
-      return static_cast<unsigned long>(kZipOk);
-    }
-    const std::string path = folder + "\\" + entry.name;
-    if (IsFolderEntry(entry)) {
-      return static_cast<unsigned long>(CreateDirectoryA(path.c_str()) ? kZipOk : kZipNoFile);
-    }
-    const unsigned long result = ExtractFile(archive, entry, path);
-    extracted += result == kZipOk;
-    return result;
-  });
-  fprintf(stderr, "%d files extracted\n", extracted);
-  return good && skipped == 0 ? kDone : kFailed;
+  UnzipOperation operation(arguments[0], arguments[1]);
+  const bool good = operation.opened() && RunOperation(operation) != 0;
+  if (operation.wasAborted()) Complain("stopped", "the rest is not extracted");
+  fprintf(stderr, "%d files extracted\n", operation.extracted());
+  return good && !operation.wasAborted() ? kDone : kFailed;
 }

@@ -4,54 +4,64 @@
 #include <string>
 
 #include "commands.h"
+#include "entry/PathUtils.h"
 #include "tree_zipper.h"
 #include "zip_messages.h"
 
 namespace {
 
-// Zips into an open archive and closes it. True when everything is in it.
-bool ZipInto(HZIP archive, const std::string& folder, const std::string& pattern,
-             const std::string& skipped) {
-  TreeZipper zipper(archive, folder, pattern, skipped);
-  const bool read = zipper.Run();
-  if (!read) Complain(folder, "the folder can't be read");
+// Zips into an open archive and closes it. True when it is a good archive, be it without some of
+// the files.
+bool ZipInto(HZIP archive, TreeZipper& zipper) {
+  zipper.Run(archive);
   const unsigned long closed = CloseZipZ(archive);
+  if (zipper.wasAborted()) Complain("stopped", "the archive is not whole");
   if (closed != kZipOk) Complain("closing the archive", ZipText(closed));
-  fprintf(stderr, "%d entries added, %d failed\n", zipper.added(), zipper.failed());
-  return read && closed == kZipOk && zipper.failed() == 0;
+  return closed == kZipOk && !zipper.writeFailed() && !zipper.wasAborted();
 }
 
-int ZipToOutput(const std::string& folder, const std::string& pattern) {
+bool ZipToOutput(TreeZipper& zipper) {
   const HZIP archive = CreateZipZ(GetStdHandle(STD_OUTPUT_HANDLE), 0, kZipHandle);
   if (archive == nullptr) {
     Complain("stdout", ZipText(kZipNoDuplicate));
-    return kFailed;
+    return false;
   }
-  return ZipInto(archive, folder, pattern, "") ? kDone : kFailed;
+  return ZipInto(archive, zipper);
 }
 
-// The archive is written beside its name and put in place when it is whole, so that a run that is
-// broken off leaves what stood there.
-int ZipToFile(const std::string& name, const std::string& folder, const std::string& pattern) {
-  std::string part = name + ".part";
+std::string PartOf(const std::string& name) { return name + ".part"; }
+
+// The archive is written beside its name and put in place when it is finished, so that a run that
+// is stopped or broken off leaves what stood there.
+bool ZipToFile(const std::string& name, TreeZipper& zipper) {
+  std::string part = PartOf(name);
   const HZIP archive = CreateZipZ(part.data(), 0, kZipFileName);
   if (archive == nullptr) {
     Complain(part, ZipText(kZipNoFile));
-    return kFailed;
+    return false;
   }
-  const bool whole = ZipInto(archive, folder, pattern, part);
-  if (!MoveFileExA(part.c_str(), name.c_str(), MOVEFILE_REPLACE_EXISTING)) {
-    Complain(name, "the archive can't be put in place; it is " + part);
-    return kFailed;
+  if (!ZipInto(archive, zipper)) {
+    ForceDeleteFile(part.c_str());
+    return false;
   }
-  return whole ? kDone : kFailed;
+  if (MoveFileExA(part.c_str(), name.c_str(), MOVEFILE_REPLACE_EXISTING)) return true;
+  Complain(name, "the archive can't be put in place; it is " + part);
+  return false;
+}
+
+bool Zip(const std::string& name, const std::string& folder, const std::string& pattern) {
+  TreeZipper zipper(folder, pattern, PartOf(name));
+  if (!zipper.read()) {
+    Complain(folder, "the folder can't be read");
+    return false;
+  }
+  const bool good = name == "-" ? ZipToOutput(zipper) : ZipToFile(name, zipper);
+  fprintf(stderr, "%d entries added, %d failed\n", zipper.added(), zipper.failed());
+  return good && zipper.failed() == 0;
 }
 
 }  // namespace
 
 int ZipCommand(int count, char** arguments) {
-  const std::string name = arguments[0];
-  const std::string folder = arguments[1];
-  const std::string pattern = count > 2 ? arguments[2] : "*.*";
-  return name == "-" ? ZipToOutput(folder, pattern) : ZipToFile(name, folder, pattern);
+  return Zip(arguments[0], arguments[1], count > 2 ? arguments[2] : "*.*") ? kDone : kFailed;
 }

@@ -1,7 +1,10 @@
+#include <afxwin.h>
+
 #include "zip_messages.h"
 
 #include <cstdio>
 
+#include "operation_run.h"
 #include "zip/XUnzip.h"
 
 std::string ZipText(unsigned long code) {
@@ -11,5 +14,6 @@ std::string ZipText(unsigned long code) {
 }
 
 void Complain(const std::string& subject, const std::string& text) {
+  ClearProgress();
   fprintf(stderr, "orv: %s: %s\n", subject.c_str(), text.c_str());
 }

@@ -152,7 +152,7 @@ HWND MDialog::OwnerWindow() const {
 }
 
 DialogTemplate MDialog::Template() const {
-  DialogTemplate contents(Style(), m_caption, DialogMetrics::kFace, DialogMetrics::kPointSize);
+  DialogTemplate contents(Style(), DialogMetrics::kFace, DialogMetrics::kPointSize);
   for (const auto& control : m_controls) {
     for (const MControlData::Window& window : control->Windows()) contents.Add(window);
   }
@@ -176,8 +176,12 @@ BOOL MDialog::Create(CWnd* owner) {
 }
 
 BOOL MDialog::OnInitDialog() {
+  SetWindowText(m_caption);
   Place();
   for (const auto& control : m_controls) {
+    for (const MControlData::Window& window : control->Windows()) {
+      ::SetDlgItemText(m_hWnd, window.id, window.text);
+    }
     control->Attach(m_hWnd);
     control->Enable(control->IsEnabled());
   }

@@ -2,6 +2,7 @@
 
 #include "diag/trace.h"
 #include "entry/Handles.h"
+#include "messages/message.h"
 #include "ops/MultiOpProgressDialog.h"
 #include "ops/SysWaitCursor.h"
 #include "ops/mthread.h"
@@ -33,7 +34,10 @@ MMultiOperation::MMultiOperation(unsigned first, unsigned end) {
   SetRange(first, end);
 }
 
-MMultiOperation::MMultiOperation(const MMultiOperation& other) { *this = other; }
+MMultiOperation::MMultiOperation(const MMultiOperation& other) {
+  Reset();
+  *this = other;
+}
 
 MMultiOperation& MMultiOperation::operator=(const MMultiOperation& other) {
   if (this == &other) return *this;
@@ -226,4 +230,8 @@ int MMultiOperation::AskUser(Ask ask) {
 
 int MMultiOperation::GetUserInput(CDialog& dialog) {
   return AskUser([&] { return static_cast<int>(dialog.DoModal()); });
+}
+
+int MMultiOperation::GetUserInput(Message& message) {
+  return AskUser([&] { return message.display(); });
 }

@@ -26,7 +26,7 @@ class Message;
 class MultiOpProgressDialog;
 
 // What came of one item.
-enum OperationReturnState {
+enum OperationReturnState : int {
   OperationDone = 0,        // counted; the loop goes on
   OperationFailed = 1,      // the operation has failed; the loop goes on
   OperationFailedStop = 2,  // the operation has failed; the loop ends
@@ -102,29 +102,29 @@ class ORVANE_API MMultiOperation {
  protected:
   // The fields that the loop writes while the window reads them, and the other way round, are
   // shared words.
-  SharedWord<unsigned> m_first = 0;
-  SharedWord<unsigned> m_end = 0;  // one past the last item
-  SharedWord<unsigned> m_doneCount = 0;
-  SharedWord<unsigned> m_current = 0;  // the item that is worked on: the percentage follows from it
-  SharedWord<int> m_failed = 0;
-  SharedWord<int> m_aborted = 0;
-  int m_noGui = 0;
-  int m_showProgress = 1;
-  int m_displayProgressOnSingle = 0;
-  int m_preOperationCanceled = 0;
+  SharedWord<unsigned> m_first;
+  SharedWord<unsigned> m_end;  // one past the last item
+  SharedWord<unsigned> m_doneCount;
+  SharedWord<unsigned> m_current;  // the item that is worked on: the percentage follows from it
+  SharedWord<int> m_failed;
+  SharedWord<int> m_aborted;
+  int m_noGui;
+  int m_showProgress;
+  int m_displayProgressOnSingle;
+  int m_preOperationCanceled;
   // For a derived class that wants to sleep on it: created by it, signalled by StopLoop, closed by
   // the destructor. Look at m_aborted after creating it, a stop may have come before.
-  SharedWord<HANDLE> m_stopEvent = nullptr;
-  MultiOpProgressDialog* m_progressWindow = nullptr;  // only in a run with a window
+  SharedWord<HANDLE> m_stopEvent;
+  MultiOpProgressDialog* m_progressWindow;  // only in a run with a window
   CString m_title;
   CString m_message;
-  DWORD m_userThreadId = 0;                // that has called DoOperation
-  SharedWord<DWORD> m_workerThreadId = 0;  // that runs the loop
+  DWORD m_userThreadId = 0;            // that has called DoOperation
+  SharedWord<DWORD> m_workerThreadId;  // that runs the loop
 
  private:
   friend class MultiOpProgressDialog;
 
-  void Reset();
+  void Reset();  // what a new object starts with
   void CloseStopEvent();
   void RunLoop();
   void RunWithWindow(int interactive);

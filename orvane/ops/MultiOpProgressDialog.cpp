@@ -178,8 +178,8 @@ void MultiOpProgressDialog::SetCurrentCursor(HCURSOR cursor) {
 void MultiOpProgressDialog::OnCancel() {
   SetCurrentCursor(m_busy);
   SetFocus();  // a disabled button that keeps the focus would take the keys with it
-  m_stopButton->Enable(0);
-  UpdateWindow();
+  m_stopButton->Enable(FALSE);
+  RedrawWindow(nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
   m_operation.StopLoop();
 }
 
@@ -190,6 +190,13 @@ void MultiOpProgressDialog::WorkerStarts() {
   const HANDLE process = GetCurrentProcess();
   DuplicateHandle(process, GetCurrentThread(), process, &thread, SYNCHRONIZE, FALSE, 0);
   m_workerThread.reset(thread);
+}
+
+// This object may be gone as soon as the flag is set. The message ends the wait for the next tick.
+void MultiOpProgressDialog::WorkerEnds() {
+  const DWORD userThreadId = m_userThreadId;
+  m_done = 1;
+  PostThreadMessage(userThreadId, WM_NULL, 0, 0);
 }
 
 void MultiOpProgressDialog::BeforeQuestion() {

@@ -25,7 +25,7 @@ class MultiOpProgressDialog : public MDialog {
 
   // For the worker: at its start and at its end.
   void WorkerStarts();
-  void WorkerEnds() { m_done = 1; }
+  void WorkerEnds();
   bool IsDone() const { return m_done != 0; }
   // After IsDone: until no code of the worker's is left to run.
   void AwaitWorkerThread();
@@ -64,6 +64,7 @@ class MultiOpProgressDialog : public MDialog {
   SharedWord<HCURSOR> m_cursor;  // now
   HCURSOR m_cursorBeforeQuestion = nullptr;
   int m_ownerBeforeQuestion = SW_HIDE;  // how it is shown again
+  DWORD m_userThreadId = GetCurrentThreadId();
   int m_interactive;
   int m_shownPercent = -1;
   SharedWord<int> m_visible = 1;

@@ -11,10 +11,11 @@ unique_cursor copyOf(HCURSOR cursor) {
 // Taken at load: later the system's own arrow may be somebody's busy cursor.
 const unique_cursor standardArrow = copyOf(LoadCursorA(nullptr, IDC_ARROW));
 
-// The system keeps, and destroys, the cursor that it is given.
-void setArrow(unique_cursor cursor) {
+// The system destroys the cursor that it is given; Wine 8 neither shows it nor destroys it. To
+// destroy it once more does no harm, because the values of handles are not used again at once.
+void setArrow(const unique_cursor& cursor) {
   constexpr DWORD kNormal = 32512;  // OCR_NORMAL
-  if (cursor && SetSystemCursor(cursor.get(), kNormal)) cursor.release();
+  if (cursor) SetSystemCursor(cursor.get(), kNormal);
 }
 
 }  // namespace

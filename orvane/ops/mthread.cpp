@@ -1,6 +1,7 @@
 #include "ops/mthread.h"
 
 #include <algorithm>
+#include <climits>
 #include <optional>
 
 #include "diag/trace.h"
@@ -95,7 +96,8 @@ int MThread::ActivateThreadAndWait(int seconds) {
   VERIFY(event != nullptr);
   m_completionEvent = event;
   Go();
-  return WaitForEvent(event.get(), seconds * 1000);
+  constexpr int kMostSeconds = INT_MAX / 1000;
+  return WaitForEvent(event.get(), std::min(seconds, kMostSeconds) * 1000);
 }
 
 int MThread::WaitForEvent(HANDLE event, int ms) {

@@ -1,7 +1,5 @@
 #include "zip/ZipFiles.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <cstring>
 #include <exception>
@@ -11,7 +9,7 @@
 #include "entry/PathUtils.h"
 #include "entry/SetGetCurrentDir.h"
 #include "entry/strutils.h"
-#include "zip/EntryPath.h"
+#include "zip/FolderTarget.h"
 
 namespace {
 
@@ -76,13 +74,6 @@ void AddWithoutPrefix(HZIP archive, const char* path, size_t prefixLength) {
   ZipAdd(archive, name, AsArgument(name), 0, kZipFileName);
 }
 
-// Absolute, so that UnzipItem doesn't make the folders of a relative path once more below its root.
-CString FullPathOf(const char* path) {
-  char full[MAX_PATH];
-  const DWORD length = GetFullPathNameA(path, sizeof full, full, nullptr);
-  return length > 0 && length < sizeof full ? full : path;
-}
-
 }  // namespace
 
 int ZipDir(const char* archive, const char* folder, const char* pattern) {
@@ -140,24 +131,9 @@ int OpenZipFile(const char* archive, const char* folder, CString& lastPath) {
   return Guarded([&] {
     const OpenArchive source(archive, folder);
     if (source.get() == nullptr) return 0;
-    CString begin = OrEmpty(folder);
-    if (!begin.IsEmpty()) begin += "\\";
+    const CString begin = EntryPathBegin(OrEmpty(folder));
     const int count = source.Count();
-    for (int i = 0; i < count; ++i) {
-      ZIPENTRY entry;
-      if (GetZipItemA(source.get(), i, &entry) != kZipOk) continue;
-      if (!StaysBelowTarget(entry.name)) {
-        ReportSkippedEntry(entry.name);
-        continue;
-      }
-      lastPath = begin + entry.name;
-      struct _stat status;
-      if (_stat(lastPath, &status) != 0)
-        EnsureFileFolder(lastPath);
-      else
-        ForceDeleteFile(lastPath);
-      UnzipItem(source.get(), i, AsArgument(FullPathOf(lastPath)), 0, kZipFileName);
-    }
+    for (int i = 0; i < count; ++i) ExtractBelow(source.get(), i, begin, lastPath);
     return 1;
   });
 }

@@ -12,6 +12,13 @@
 
 #include "support/Watchdog.h"
 
+// As a program's main loop does when no message waits.
+inline void DeleteTemporaryObjects() {
+  CWnd::DeleteTempMap();
+  CDC::DeleteTempMap();
+  CGdiObject::DeleteTempMap();
+}
+
 class Driver {
  public:
   using Step = std::function<void(HWND window)>;
@@ -26,7 +33,7 @@ class Driver {
     ::KillTimer(nullptr, m_timer);
     s_driver = nullptr;
     EXPECT_EQ(m_next, m_steps.size()) << "steps taken, and wanted";
-    CWnd::DeleteTempMap();
+    DeleteTemporaryObjects();
   }
   Driver(const Driver&) = delete;
   Driver& operator=(const Driver&) = delete;

@@ -119,7 +119,22 @@ TEST(Dialog, ModelessIsHiddenAtFirstAndDestroyedByItsButtons) {
   }
   Sample left;
   left.dialog.Create();
-  CWnd::DeleteTempMap();
+  DeleteTemporaryObjects();
+}
+
+TEST(Dialog, TextsAreAsLongAsTheyAre) {
+  const CString text('x', 60'000);
+  MDialog dialog;
+  dialog.SetDialog(-1, -1, 100, 60, text, 1, 1);
+  dialog.SetTextBox(5, 5, 80, 20, text, SS_LEFT, 500);
+  dialog.SetEdit(5, 30, 80, 20, text, ES_AUTOHSCROLL, 501);
+  Driver driver({[&](HWND window) {
+                   EXPECT_EQ(::GetWindowTextLength(window), text.GetLength());
+                   EXPECT_EQ(::GetWindowTextLength(::GetDlgItem(window, 500)), text.GetLength());
+                   EXPECT_EQ(::GetWindowTextLength(::GetDlgItem(window, 501)), text.GetLength());
+                 },
+                 Driver::Close()});
+  EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
 
 TEST(Dialog, StaysAwayWhereNoWindowMayBeShown) {
@@ -179,6 +194,7 @@ TEST(Dialog, TextSizeBreaksLinesAtAWidth) {
     EXPECT_LE(broken.cx, whole.cx / 3 + 30) << text;  // a pixel more
     EXPECT_GE(broken.cy, 3 * line.cy - 60) << text;
   }
+  DeleteTemporaryObjects();
 }
 
 TEST(Dialog, PlacesAreMappedAndInsideTheWorkArea) {
@@ -218,10 +234,10 @@ TEST(Dialog, LeavesNothingBehind) {
     sample.dialog.SendMessage(WM_COMMAND, IDCANCEL);
   };
   open();
-  CWnd::DeleteTempMap();
+  DeleteTemporaryObjects();
   const DWORD gdi = objects(GR_GDIOBJECTS), user = objects(GR_USEROBJECTS);
   for (int i = 0; i < 300; ++i) open();
-  CWnd::DeleteTempMap();
+  DeleteTemporaryObjects();
   EXPECT_EQ(objects(GR_GDIOBJECTS), gdi);
   EXPECT_EQ(objects(GR_USEROBJECTS), user);
 }

@@ -71,17 +71,24 @@ def run(*command, zone="UTC", stdout=None, **options):
 
 
 class Orv:
-    def __init__(self, programs):
-        self._program = pathlib.Path(programs) / "orv.exe"
+    def __init__(self, programs, name="orv"):
+        self._program = pathlib.Path(programs) / f"{name}.exe"
         check(self._program.exists(), f"there is no {self._program}: build first")
 
-    def run(self, *arguments, **options):
-        """Paths among the arguments become those of Windows."""
+    def other(self, name):
+        """Another program, to be run in the same way."""
+        return Orv(self._program.parent, name)
+
+    def command(self, *arguments):
+        """What is to be started; paths among the arguments become those of Windows."""
         translated = [
             windows_path(argument) if isinstance(argument, pathlib.Path) else argument
             for argument in arguments
         ]
-        return run(ROOT / "tools" / "run", self._program, *translated, **options)
+        return [str(part) for part in (ROOT / "tools" / "run", self._program, *translated)]
+
+    def run(self, *arguments, **options):
+        return run(*self.command(*arguments), **options)
 
 
 class Folder:

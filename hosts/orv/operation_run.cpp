@@ -1,0 +1,72 @@
+#include <afxwin.h>
+
+#include "operation_run.h"
+
+#include <atomic>
+#include <cstdio>
+
+#include "commands.h"
+
+namespace {
+
+constexpr unsigned long kLineMilliseconds = 100;
+constexpr int kLineWidth = 20;
+
+bool g_window = false;
+int g_percent = -1;    // that was shown last
+bool g_shown = false;  // whether the line is on the screen
+unsigned long g_shownAt = 0;
+std::atomic<MMultiOperation*> g_running = nullptr;
+
+BOOL WINAPI OnCtrlC(DWORD) {
+  // Taken out, so that the next one finds nothing to stop and ends the program.
+  MMultiOperation* const operation = g_running.exchange(nullptr);
+  if (operation == nullptr) ExitProcess(kFailed);
+  operation->StopLoop();
+  return TRUE;
+}
+
+bool HasTerminal() {
+  static const bool has = [] {
+    DWORD mode;
+    return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != FALSE;
+  }();
+  return has;
+}
+
+// At once: stderr has no buffer.
+void Write(const CString& text) { fputs(text, stderr); }
+
+}  // namespace
+
+void HandleCtrlC() { SetConsoleCtrlHandler(OnCtrlC, TRUE); }
+
+void ShowProgressWindow() { g_window = true; }
+
+int RunOperation(MMultiOperation& operation) {
+  operation.SetNoGui(!g_window);
+  operation.SetDisplayProgressOnSingle(1);
+  g_percent = -1;
+  g_running = &operation;
+  const int result = operation.DoOperation(g_window);
+  g_running = nullptr;
+  ClearProgress();
+  return result;
+}
+
+void ShowProgress(const char* verb, unsigned done, unsigned all) {
+  if (g_window || !HasTerminal() || all == 0) return;
+  const int percent = static_cast<int>(done * 100ull / all);
+  if (percent <= g_percent || GetTickCount() - g_shownAt < kLineMilliseconds) return;
+  g_percent = percent;
+  g_shownAt = GetTickCount();
+  g_shown = true;
+  CString line;
+  line.Format("\r%s: %d%%", verb, percent);
+  Write(line);
+}
+
+void ClearProgress() {
+  if (g_shown) Write("\r" + CString(' ', kLineWidth) + "\r");
+  g_shown = false;
+}

@@ -1,0 +1,22 @@
+// How the commands run operations: with a progress line on a terminal or, when it is asked for,
+// the library's progress window; Ctrl+C stops them after the item that is worked on.
+#pragma once
+
+#include "ops/MultiOp.h"
+
+// From now on Ctrl+C stops the operation that runs; without one, or at the second time, it ends the
+// program as failed.
+void HandleCtrlC();
+
+// Progress windows from now on, in place of lines.
+void ShowProgressWindow();
+
+// Runs the operation and gives its result.
+int RunOperation(MMultiOperation& operation);
+
+// Says on stderr how far the operation that runs is, in a line that never runs backwards and goes
+// when the operation ends: on a terminal only, and when there is no window.
+void ShowProgress(const char* verb, unsigned done, unsigned all);
+
+// Takes the line away, for a message in its place; the next progress brings it back.
+void ClearProgress();

@@ -1,0 +1,93 @@
+// Deleting: whole trees, and entries of a name or a mask.
+#include "entry/strutils.h"
+#include "ops/DirOp.h"
+#include "ops/FolderEntries.h"
+#include "ops/TreeFiles.h"
+#include "ops/TreeReports.h"
+
+namespace {
+
+bool IsEmptyText(const char* text) { return text == nullptr || *text == 0; }
+
+// Whether what could not be opened is worth a report: a folder that somebody else has removed
+// meanwhile is not.
+bool ReportUnread(const FolderEntries& entries, const char* folder) {
+  if (entries.Unreadable()) REPORT_TREE_FAILURE("Folder not read", folder);
+  return entries.Unreadable();
+}
+
+CString LowerCase(const char* text) {
+  CString result(text);
+  result.MakeLower();
+  return result;
+}
+
+// Deletes what a folder holds, as far as it can be. False when the folder could not be opened.
+bool EmptyFolder(const CString& folder, bool recurse) {
+  FolderEntries entries(folder);
+  while (entries.Next()) {
+    const CString path = entries.Path();
+    if (!entries.IsFolder()) {
+      DeleteTreeFile(path, entries.Data().dwFileAttributes);
+    } else if (recurse && entries.IsLink()) {
+      RemoveTreeLink(path);
+    } else if (recurse) {
+      EmptyFolder(path, true);
+      RemoveTreeFolder(path);
+    }
+  }
+  ReportUnread(entries, folder);
+  return entries.Opened();
+}
+
+// lowerName: in lower case.
+bool CleanFolder(const CString& folder, const CString& lowerName, int recurse, bool& opened) {
+  bool isClean = true;
+  FolderEntries entries(folder);
+  opened = entries.Opened();
+  while (entries.Next()) {
+    const CString path = entries.Path();
+    const bool isMeant = LowerCase(entries.Name()) == lowerName;
+    if (!entries.IsFolder()) {
+      if (isMeant) isClean &= DeleteTreeFile(path, entries.Data().dwFileAttributes);
+    } else if (isMeant) {
+      isClean &= RemoveDirectoryA(path, recurse) != 0;
+    } else if (recurse != 0 && !entries.IsLink()) {
+      bool subfolderOpened;
+      isClean &= CleanFolder(path, lowerName, recurse, subfolderOpened);
+    }
+  }
+  return !ReportUnread(entries, folder) && isClean;
+}
+
+}  // namespace
+
+int RemoveDirectoryA(const char* path, int recurse) {
+  if (IsFolderLink(path)) return RemoveTreeLink(path);
+  // What could not be deleted keeps the folder from being removed.
+  return EmptyFolder(path, recurse != 0) && RemoveTreeFolder(path);
+}
+
+int DirectoryCleanup(const char* folder, const char* name, int recurse, int) {
+  if (IsEmptyText(name)) return 0;
+  bool opened;
+  return CleanFolder(folder, LowerCase(name), recurse, opened) && opened;
+}
+
+int DirectoryCleanupMask(const char* folder, const char* mask) {
+  if (IsEmptyText(mask)) return 0;
+  // With a folder in it, the names that it finds would be looked for in the wrong one.
+  CString maskFolder, maskName;
+  SplitAtLastBackslash(WithBackslashes(mask), maskFolder, maskName);
+  if (!maskName.IsEmpty()) {
+    REPORT_TREE_FAILURE("Mask with a folder", mask);
+    return 0;
+  }
+  bool isClean = true;
+  FolderEntries entries(folder, mask);
+  while (entries.Next()) {
+    if (!entries.IsFolder())
+      isClean &= DeleteTreeFile(entries.Path(), entries.Data().dwFileAttributes);
+  }
+  return !ReportUnread(entries, folder) && entries.Opened() && isClean;
+}

@@ -1,0 +1,109 @@
+#include "ops/DirectoryCopyOp.h"
+
+#include <mbstring.h>
+
+#include "entry/PathUtils.h"
+#include "entry/strutils.h"
+#include "ops/FolderEntries.h"
+#include "ops/TreeFiles.h"
+#include "ops/TreePaths.h"
+#include "ops/TreeReports.h"
+
+namespace {
+
+bool HasFurtherBackslash(const char* relative) {
+  return _mbschr(reinterpret_cast<const unsigned char*>(relative + 1), '\\') != nullptr;
+}
+
+// Copies to where nothing stands. The copy has the source's times and attributes.
+bool CopyNew(const char* source, const char* target) {
+  if (CopyFileA(source, target, TRUE)) return true;
+  if (GetLastError() == ERROR_PATH_NOT_FOUND) {
+    EnsureFileFolder(target);
+    if (CopyFileA(source, target, TRUE)) return true;
+  }
+  const DWORD error = GetLastError();
+  // Not every system removes what it has copied of a file when the disk is full.
+  const DWORD left = GetFileAttributesA(target);
+  if (left != INVALID_FILE_ATTRIBUTES && error != ERROR_FILE_EXISTS) DeleteTreeFile(target, left);
+  return false;
+}
+
+// Copies over a file by way of a new one beside it.
+bool CopyOver(const char* source, const char* target, DWORD targetAttributes) {
+  if (targetAttributes & FILE_ATTRIBUTE_DIRECTORY) return false;
+  CString folder, name;
+  SplitAtLastBackslash(target, folder, name);
+  char beside[MAX_PATH];
+  if (GetTempFileNameA(folder, "cpy", 0, beside) == 0) {
+    // No room for another name in the folder, or in the path.
+    return DeleteTreeFile(target, targetAttributes) && CopyNew(source, target);
+  }
+  const bool copied = CopyFileA(source, beside, FALSE) != FALSE;
+  if (copied) {
+    if (targetAttributes & FILE_ATTRIBUTE_READONLY) SetTreeFileReadOnly(target, false);
+    if (MoveFileExA(beside, target, MOVEFILE_REPLACE_EXISTING)) return true;
+    REPORT_TREE_FAILURE("File not replaced", target);
+    if (targetAttributes & FILE_ATTRIBUTE_READONLY) SetTreeFileReadOnly(target, true);
+  }
+  DeleteTreeFile(beside, FILE_ATTRIBUTE_READONLY);
+  return false;
+}
+
+}  // namespace
+
+DirectoryCopyOp::DirectoryCopyOp(const char* source, const char* destination, int subfoldersOnly,
+                                 int recurse)
+    : DirectoryOp(source, recurse, &OnFile, this),
+      m_destination(WithBackslashes(destination)),
+      m_subfoldersOnly(subfoldersOnly) {
+  ExcludeDestination();
+}
+
+// A copy that stands in its own source would otherwise be copied again and again.
+void DirectoryCopyOp::ExcludeDestination() {
+  const CString destination = ComparedPath(m_destination);
+  const char* const below = PathBelow(ComparedPath(m_root), destination);
+  if (below != nullptr) ExcludeDir(m_root + below);
+}
+
+void DirectoryCopyOp::DoLoopOperation() {
+  const DWORD attributes = GetFileAttributesA(m_root);
+  if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_DIRECTORY)) {
+    REPORT_TREE_FAILURE("No folder to copy", m_root);
+    m_failed = 1;
+    return;
+  }
+  DirectoryOp::DoLoopOperation();
+  if (m_foldersUnread > 0) m_failed = 1;
+}
+
+int DirectoryCopyOp::OnFile(void* self, const char* path) {
+  auto* const copy = static_cast<DirectoryCopyOp*>(self);
+  if (copy->CopyOne(path) != 0) return 1;
+  copy->m_failed = 1;
+  return 0;
+}
+
+int DirectoryCopyOp::CopyOne(const char* path) {
+  const char* const relative = path + m_root.GetLength();
+  if (m_subfoldersOnly != 0 && !HasFurtherBackslash(relative)) return 1;
+  const CString target = m_destination + relative;
+  const DWORD sourceAttributes = GetFileAttributesA(path);
+  if (sourceAttributes == INVALID_FILE_ATTRIBUTES) {
+    // It has disappeared since it was found, and is not in the copy.
+    REPORT_TREE_FAILURE("File to copy not there", path);
+    return 0;
+  }
+  const DWORD targetAttributes = GetFileAttributesA(target);
+  const bool copied = targetAttributes == INVALID_FILE_ATTRIBUTES
+                          ? CopyNew(path, target)
+                          : CopyOver(path, target, targetAttributes);
+  if (!copied) {
+    REPORT_TREE_FAILURE("File not copied", path);
+    return 0;
+  }
+  // The attributes come along with the bytes, but not on every system.
+  if (sourceAttributes & FILE_ATTRIBUTE_READONLY) SetTreeFileReadOnly(target, true);
+  return 1;
+}

@@ -1,0 +1,41 @@
+#include "zip/FolderTarget.h"
+
+#include <sys/stat.h>
+
+#include "entry/PathUtils.h"
+#include "zip/EntryPath.h"
+
+namespace {
+
+// Absolute, so that UnzipItem doesn't make the folders of a relative path once more below its root.
+CString FullPathOf(const char* path) {
+  char full[MAX_PATH];
+  const DWORD length = GetFullPathNameA(path, sizeof full, full, nullptr);
+  return length > 0 && length < sizeof full ? full : path;
+}
+
+}  // namespace
+
+CString EntryPathBegin(const char* folder) {
+  CString begin(folder);
+  if (!begin.IsEmpty()) begin += "\\";
+  return begin;
+}
+
+unsigned long ExtractBelow(HZIP archive, int index, const CString& begin, CString& path) {
+  ZIPENTRY entry;
+  const unsigned long found = GetZipItemA(archive, index, &entry);
+  if (found != kZipOk) return found;
+  if (!StaysBelowTarget(entry.name)) {
+    ReportSkippedEntry(entry.name);
+    return kZipOk;
+  }
+  path = begin + entry.name;
+  struct _stat status;
+  if (_stat(path, &status) != 0)
+    EnsureFileFolder(path);
+  else
+    ForceDeleteFile(path);
+  CString full = FullPathOf(path);
+  return UnzipItem(archive, index, full.GetBuffer(0), 0, kZipFileName);
+}
