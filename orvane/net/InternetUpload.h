@@ -1,9 +1,10 @@
-// Sending a file to a server page.
+// Sending files to a server page.
 #pragma once
 
 #include <afxwin.h>
 
 #include "entry/export.h"
+#include "net/UploadOp.h"
 
 // Posts a file as a form with one file field, "attach1" (RFC 7578). The boundary is "AaB03x" and
 // no header announces it, by design: the page finds it in the body's first line.

@@ -10,6 +10,7 @@
 #include "support/AssertionLog.h"
 #include "support/LoopbackServer.h"
 #include "support/TempFolder.h"
+#include "zip/ZipFiles.h"
 
 namespace {
 
@@ -125,4 +126,76 @@ TEST(Upload, RefusesAFileThatIsTooLarge) {
   TraceFunction::logFileName.Empty();
   EXPECT_EQ(0, page.server.Connections());
   EXPECT_NE(std::string::npos, folder.Read("trace.log").find("is too large to be uploaded."));
+}
+
+namespace {
+
+struct Uploading : UploadOp {
+  Uploading(const CArray<CString, const char*>& files, const std::string& zipPath, const Page& page,
+            const std::string& root, unsigned long sizeLimit)
+      : UploadOp(files, zipPath.c_str(), page.server.HostAndPort().c_str(), "/upload.asp",
+                 root.c_str(), sizeLimit) {
+    SetNoGui(1);
+  }
+  int ServerAction(const char* zip) override {
+    sent.push_back(zip);
+    CArray<CString, const char*> entries;
+    EXPECT_EQ(1, UnZipFileList(zip, "", entries));
+    count += entries.GetSize();
+    return result;
+  }
+  std::vector<std::string> sent;
+  int count = 0;
+  int result = 1;
+};
+
+}  // namespace
+
+TEST(UploadOp, SendsArchivesOfTheFiles) {
+  const TempFolder folder;
+  CArray<CString, const char*> files;
+  for (const char* name : {"a", "b", "c"}) files.Add(folder.Write(name, BytesOf(1000)).c_str());
+  const std::string named = folder / "named.zip";
+  const struct {
+    const char* name;
+    std::string zipPath;
+    const char* status;
+    unsigned long limit;
+    int action;
+    int done;
+    size_t archives;
+  } kCases[] = {
+      {"one archive", "", "200 OK", 1000000, 1, 1, 1},
+      {"an archive for each", "", "200 OK", 0, 1, 1, 3},
+      {"a name of its own", named, "200 OK", 0, 1, 1, 3},
+      {"not taken", "", "500 Sorry", 1000000, 1, 0, 0},
+      {"taken, but no more", "", "200 OK", 1000000, 0, 0, 1},
+  };
+  for (const auto& each : kCases) {
+    SCOPED_TRACE(each.name);
+    Page page(each.status);
+    Uploading upload(files, each.zipPath, page, folder.path(), each.limit);
+    upload.result = each.action;
+    EXPECT_EQ(each.done, upload.DoOperation(0));
+    ASSERT_EQ(each.archives, upload.sent.size());
+    EXPECT_EQ(each.archives == 0 ? 0 : 3, upload.count);
+    for (const std::string& path : upload.sent)
+      EXPECT_EQ(INVALID_FILE_ATTRIBUTES, GetFileAttributesA(path.c_str())) << path;
+    if (each.archives == 0) continue;
+    const std::string name = upload.sent.back().substr(upload.sent.back().rfind('\\') + 1);
+    EXPECT_NE(std::string::npos, page.body.find("filename=\"" + name + "\"\r\n"));
+    EXPECT_TRUE(each.zipPath.empty() || name == "named.zip") << name;
+  }
+}
+
+TEST(UploadOp, KeepsWhatStandsWhereTheArchiveIsToBe) {
+  const TempFolder folder;
+  CArray<CString, const char*> files;
+  files.Add(folder.Write("a", "bytes").c_str());
+  const std::string mine = folder.Write("mine.zip", "mine");
+  Page page;
+  Uploading upload(files, mine, page, folder.path(), 0);
+  EXPECT_EQ(0, upload.DoOperation(0));
+  EXPECT_EQ("mine", folder.Read("mine.zip"));
+  EXPECT_EQ(0, page.server.Connections());
 }
