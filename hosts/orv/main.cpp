@@ -33,7 +33,7 @@ constexpr Command kCommands[] = {
     {"test", "ARCHIVE", "reads every entry and checks its CRC", 1, 1, TestCommand},
     {"xml", "FILE [-o OUT] [--html]", "parses markup, prints problems or a summary", 1, 4,
      XmlCommand},
-    {"get", "URL [FILE]", "fetches a file over the internet", 1, 2, GetCommand},
+    {"get", "URL [FILE]", "fetches a file over the internet", 1, 2, GetCommand, true},
     {"send", "FILE SERVER[:PORT] PAGE", "posts a file to a server page", 3, 3, SendCommand},
     {"ask", "URL", "asks a server page for its result", 1, 1, AskCommand},
     {"libs", "", "prints the versions of system libraries", 0, 0, LibsCommand},

@@ -1,14 +1,19 @@
 #include <afxwin.h>
 
 #include <cstdio>
+#include <thread>
 
 #include "commands.h"
+#include "entry/Handles.h"
 #include "entry/strutils.h"
 #include "net/InternetDownload.h"
 #include "net/InternetUpload.h"
 #include "net/SysDllDscr.h"
+#include "operation_run.h"
 
 namespace {
+
+constexpr DWORD kLookMilliseconds = 100;
 
 // "line\r\n" and the like would take the message's last line apart.
 int reportFailure(const char* what, CString why) {
@@ -17,15 +22,32 @@ int reportFailure(const char* what, CString why) {
   return kFailed;
 }
 
+// Shows how far it is while it goes on.
+class Fetch : public InternetDownload {
+ public:
+  Fetch(const char* url, const char* file) : InternetDownload(url, file, 1) {}
+
+ protected:
+  void DoLoopOperation() override {
+    const unique_kernel_handle end(CreateEventA(nullptr, TRUE, FALSE, nullptr));
+    std::thread line([&] {
+      while (WaitForSingleObject(end.get(), kLookMilliseconds) == WAIT_TIMEOUT)
+        ShowProgress("get", m_current, m_end);
+    });
+    InternetDownload::DoLoopOperation();
+    SetEvent(end.get());
+    line.join();
+  }
+};
+
 }  // namespace
 
-// Without FILE: into a fresh file, whose name is printed.
+// Without FILE: into a fresh file. Prints the file's path.
 int GetCommand(int count, char** arguments) {
-  InternetDownload download(arguments[0], count > 1 ? arguments[1] : "", 0);
-  download.SetNoGui(1);
-  const CString path = download.GetFile();
-  if (path.IsEmpty()) return reportFailure(arguments[0], download.GetErrorStr());
-  puts(path);
+  Fetch fetch(arguments[0], count > 1 ? arguments[1] : "");
+  fetch.SetRange(0, ~0u);
+  if (RunOperation(fetch) == 0) return reportFailure(arguments[0], fetch.GetErrorStr());
+  puts(fetch.GetDestination());
   return kDone;
 }
 
