@@ -52,7 +52,7 @@ void PrintHelp(FILE* out) {
     fprintf(out, "  %-6s %-26s %s\n", command.name, command.arguments, command.purpose);
   }
   fputs(
-      "\n  zip, unzip and copy take --window: progress in a window, with a Stop button\n"
+      "\n  zip, unzip, copy and get take --window: progress in a window, with a Stop button\n"
       "  --version  prints the version\n"
       "  --help     prints this text\n"
       "\nExit status: 0 done, 1 failed, 2 wrong usage.\n",
