@@ -33,6 +33,10 @@ constexpr Command kCommands[] = {
     {"test", "ARCHIVE", "reads every entry and checks its CRC", 1, 1, TestCommand},
     {"xml", "FILE [-o OUT] [--html]", "parses markup, prints problems or a summary", 1, 4,
      XmlCommand},
+    {"get", "URL [FILE]", "fetches a file over the internet", 1, 2, GetCommand, true},
+    {"send", "FILE SERVER[:PORT] PAGE", "posts a file to a server page", 3, 3, SendCommand},
+    {"ask", "URL", "asks a server page for its result", 1, 1, AskCommand},
+    {"libs", "", "prints the versions of system libraries", 0, 0, LibsCommand},
     {"tree", "FOLDER [EXTENSION]", "prints the files of a folder tree", 1, 2, TreeCommand},
     {"copy", "SOURCE DESTINATION", "copies the files of a folder tree", 2, 2, CopyCommand, true},
     {"clean", "FOLDER NAME | --mask MASK", "deletes what has a name, in the whole tree, or matches",
@@ -50,7 +54,7 @@ void PrintHelp(FILE* out) {
     fprintf(out, "  %-7s %-26s %s\n", command.name, command.arguments, command.purpose);
   }
   fputs(
-      "\n  zip, unzip and copy take --window: progress in a window, with a Stop button\n"
+      "\n  zip, unzip, copy and get take --window: progress in a window, with a Stop button\n"
       "  --version  prints the version\n"
       "  --help     prints this text\n"
       "\nExit status: 0 done, 1 failed, 2 wrong usage; compare: 0 same, 1 different, 2 trouble.\n",

@@ -30,6 +30,7 @@
 #define IDS_INTERNET_FAILED 23283  // printf: the error's number, its text
 #define IDS_NO_INTERNET 23284
 #define IDS_ABORTED_BY_USER 23286
+#define IDS_FILE_TOO_LARGE 23304  // %1: the file
 
 // Folders and files that the user names.
 #define IDS_SPECIFY_PATH 23204
