@@ -4,29 +4,15 @@
 #include <afxwin.h>
 
 #include <string>
-#include <vector>
 
+#include "Folder.h"
 #include "Measure.h"
 #include "entry/Handles.h"
-#include "ops/DirOp.h"
 
 namespace bench {
 
-// A tree in the temporary folder, removed at the end.
-class TempTree {
+class TempTree : public Folder {
  public:
-  TempTree() {
-    char base[MAX_PATH] = "";
-    GetTempPathA(MAX_PATH, base);
-    m_path = std::string(base) + "orvane-bench-" + std::to_string(GetCurrentProcessId());
-    Require(CreateDirectoryA(m_path.c_str(), nullptr), "the folder can't be created");
-  }
-  ~TempTree() { RemoveDirectoryA(m_path.c_str(), 1); }
-  TempTree(const TempTree&) = delete;
-  TempTree& operator=(const TempTree&) = delete;
-
-  std::string operator/(const std::string& name) const { return m_path + "\\" + name; }
-
   // Fills the new folder name with tops folders of 100 folders, each with a number of files of some
   // bytes.
   void Fill(const std::string& name, int tops, int files, const std::string& bytes) const {
@@ -55,8 +41,6 @@ class TempTree {
                               nullptr),
             "a file can't be written");
   }
-
-  std::string m_path;
 };
 
 }  // namespace bench

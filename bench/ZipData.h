@@ -1,8 +1,6 @@
 // The files that the zip benchmarks pack and unpack.
 #pragma once
 
-#include <windows.h>
-
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
@@ -11,32 +9,10 @@
 #include <string>
 #include <vector>
 
+#include "Folder.h"
 #include "Measure.h"
 
 namespace bench {
-
-// A folder for the length of the program, empty when it starts.
-class Folder {
- public:
-  Folder() {
-    char base[MAX_PATH] = "";
-    GetTempPathA(MAX_PATH, base);
-    m_path = std::string(base) + "orvane-bench-" + std::to_string(GetCurrentProcessId());
-    std::filesystem::remove_all(m_path);
-    std::filesystem::create_directories(m_path);
-  }
-  ~Folder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(m_path, ignored);
-  }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-
-  std::string operator/(const std::string& name) const { return m_path + "\\" + name; }
-
- private:
-  std::string m_path;
-};
 
 struct Files {
   std::string title;

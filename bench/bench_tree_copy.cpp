@@ -1,7 +1,11 @@
 // Copies a tree of 2,000 files in 200 folders, small ones and larger ones.
 //
 // Floor: CopyFile in a loop over the known paths, into folders that are there already.
+#include <string>
+#include <vector>
+
 #include "TreeData.h"
+#include "ops/DirOp.h"
 
 namespace {
 

@@ -4,8 +4,11 @@
 // set of visited folders is measured by itself: its growth from 5,000 folders to 50,000 against ten
 // times the smaller one; and as part of a walk that begins with 50,000 folders in it.
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "TreeData.h"
+#include "ops/DirectoryOp.h"
 
 namespace {
 

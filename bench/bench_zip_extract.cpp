@@ -11,26 +11,15 @@
 #include <zlib.h>
 
 #include "Measure.h"
-#include "ZipData.h"
+#include "ZipArchive.h"
 #include "entry/Handles.h"
 #include "zip/XUnzip.h"
-#include "zip/ZipWriter.h"
 
 namespace {
 
 constexpr int kRounds = 7;
 constexpr double kAim = 1.10;
 constexpr DWORD kPiece = 256 * 1024;
-
-void WriteArchive(const bench::Files& files, std::string target) {
-  HZIP zip = CreateZipZ(target.data(), 0, kZipFileName);
-  bench::Require(zip != nullptr, "the archive can't be created");
-  for (std::string path : files.paths) {
-    bench::Require(ZipAdd(zip, bench::NameOf(path).c_str(), path.data(), 0, kZipFileName) == kZipOk,
-                   "a file can't be added");
-  }
-  bench::Require(CloseZipZ(zip) == kZipOk, "the archive can't be closed");
-}
 
 void ExtractArchive(std::string archive, const std::string& folder) {
   HZIP zip = OpenZipU(archive.data(), 0, kZipFileName, folder.c_str());
@@ -136,7 +125,7 @@ int main(int argc, char** argv) {
   bench::PrintHeader();
   const auto measure = [&](const bench::Files& files, double aim) {
     const std::string archive = folder / "archive.zip";
-    WriteArchive(files, archive);
+    bench::WriteArchive(files, archive);
     BareInflate bare(archive);
     // Once before measuring, so that every round replaces files.
     ExtractArchive(archive, subjectFolder);

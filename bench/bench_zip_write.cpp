@@ -9,9 +9,8 @@
 #include <zlib.h>
 
 #include "Measure.h"
-#include "ZipData.h"
+#include "ZipArchive.h"
 #include "entry/Handles.h"
-#include "zip/ZipWriter.h"
 
 namespace {
 
@@ -28,16 +27,6 @@ unique_file OpenToRead(const std::string& path) {
 unique_file OpenToWrite(const std::string& path) {
   return unique_file(CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                  FILE_ATTRIBUTE_NORMAL, nullptr));
-}
-
-void WriteArchive(const bench::Files& files, std::string target) {
-  HZIP zip = CreateZipZ(target.data(), 0, kZipFileName);
-  bench::Require(zip != nullptr, "the archive can't be created");
-  for (std::string path : files.paths) {
-    bench::Require(ZipAdd(zip, bench::NameOf(path).c_str(), path.data(), 0, kZipFileName) == kZipOk,
-                   "a file can't be added");
-  }
-  bench::Require(CloseZipZ(zip) == kZipOk, "the archive can't be closed");
 }
 
 class BareDeflate {
@@ -108,7 +97,7 @@ int main(int argc, char** argv) {
   const auto measure = [&](const bench::Files& files, double aim) {
     bench::PrintRow("write " + files.title,
                     bench::Compare(
-                        kRounds, [&] { WriteArchive(files, folder / "subject.zip"); },
+                        kRounds, [&] { bench::WriteArchive(files, folder / "subject.zip"); },
                         [&] { bare.Write(files, folder / "floor.bin"); }),
                     aim);
   };

@@ -60,7 +60,7 @@ TEST_F(PathChecks, Refused) {
       {"", kNone},
       {"work", kRelative},
       {"/work", kRelative},
-      {"D:/work/", kSlash},
+      {"D:/projects/", kSlash},
       {"\\\\", kSlash},
       {"C:\\..", kSlash},
       {"Q:\\work", NoDrive("Q:\\")},

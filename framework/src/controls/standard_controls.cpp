@@ -103,20 +103,31 @@ void CListBox::DeleteItem(LPDELETEITEMSTRUCT) {}
 int CListBox::VKeyToItem(UINT, UINT) { return -1; }
 int CListBox::CharToItem(UINT, UINT) { return -1; }
 
-BOOL CListBox::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) {
+// What a list box and a combo box are asked about items that they draw themselves. FALSE: something
+// else.
+template <class Control>
+static BOOL answerForItems(Control& control, UINT message, LPARAM lParam, LRESULT* pResult) {
   switch (message) {
     case WM_DRAWITEM:
-      DrawItem(reinterpret_cast<LPDRAWITEMSTRUCT>(lParam));
+      control.DrawItem(reinterpret_cast<LPDRAWITEMSTRUCT>(lParam));
       return TRUE;
     case WM_MEASUREITEM:
-      MeasureItem(reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam));
+      control.MeasureItem(reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam));
       return TRUE;
     case WM_COMPAREITEM:
-      *pResult = CompareItem(reinterpret_cast<LPCOMPAREITEMSTRUCT>(lParam));
+      *pResult = control.CompareItem(reinterpret_cast<LPCOMPAREITEMSTRUCT>(lParam));
       return TRUE;
     case WM_DELETEITEM:
-      DeleteItem(reinterpret_cast<LPDELETEITEMSTRUCT>(lParam));
+      control.DeleteItem(reinterpret_cast<LPDELETEITEMSTRUCT>(lParam));
       return TRUE;
+    default:
+      return FALSE;
+  }
+}
+
+BOOL CListBox::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) {
+  if (answerForItems(*this, message, lParam, pResult)) return TRUE;
+  switch (message) {
     case WM_VKEYTOITEM:
       *pResult = VKeyToItem(LOWORD(wParam), HIWORD(wParam));
       return TRUE;
@@ -134,20 +145,6 @@ int CComboBox::CompareItem(LPCOMPAREITEMSTRUCT) { return 0; }
 void CComboBox::DeleteItem(LPDELETEITEMSTRUCT) {}
 
 BOOL CComboBox::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) {
-  switch (message) {
-    case WM_DRAWITEM:
-      DrawItem(reinterpret_cast<LPDRAWITEMSTRUCT>(lParam));
-      return TRUE;
-    case WM_MEASUREITEM:
-      MeasureItem(reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam));
-      return TRUE;
-    case WM_COMPAREITEM:
-      *pResult = CompareItem(reinterpret_cast<LPCOMPAREITEMSTRUCT>(lParam));
-      return TRUE;
-    case WM_DELETEITEM:
-      DeleteItem(reinterpret_cast<LPDELETEITEMSTRUCT>(lParam));
-      return TRUE;
-    default:
-      return CWnd::OnChildNotify(message, wParam, lParam, pResult);
-  }
+  return answerForItems(*this, message, lParam, pResult) ||
+         CWnd::OnChildNotify(message, wParam, lParam, pResult);
 }
