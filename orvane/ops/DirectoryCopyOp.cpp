@@ -15,11 +15,19 @@ bool HasFurtherBackslash(const char* relative) {
   return _mbschr(reinterpret_cast<const unsigned char*>(relative + 1), '\\') != nullptr;
 }
 
+// A walk mostly finds the folder above there already, and looking for all of them takes longer than
+// copying a small file.
+void CreateFolderOf(const char* file) {
+  CString folder, name;
+  SplitAtLastBackslash(file, folder, name);
+  if (!CreateDirectoryA(folder, nullptr)) EnsureFileFolder(file);
+}
+
 // Copies to where nothing stands. The copy has the source's times and attributes.
 bool CopyNew(const char* source, const char* target) {
   if (CopyFileA(source, target, TRUE)) return true;
   if (GetLastError() == ERROR_PATH_NOT_FOUND) {
-    EnsureFileFolder(target);
+    CreateFolderOf(target);
     if (CopyFileA(source, target, TRUE)) return true;
   }
   const DWORD error = GetLastError();
@@ -89,12 +97,6 @@ int DirectoryCopyOp::CopyOne(const char* path) {
   const char* const relative = path + m_root.GetLength();
   if (m_subfoldersOnly != 0 && !HasFurtherBackslash(relative)) return 1;
   const CString target = m_destination + relative;
-  const DWORD sourceAttributes = GetFileAttributesA(path);
-  if (sourceAttributes == INVALID_FILE_ATTRIBUTES) {
-    // It has disappeared since it was found, and is not in the copy.
-    REPORT_TREE_FAILURE("File to copy not there", path);
-    return 0;
-  }
   const DWORD targetAttributes = GetFileAttributesA(target);
   const bool copied = targetAttributes == INVALID_FILE_ATTRIBUTES
                           ? CopyNew(path, target)
@@ -104,6 +106,6 @@ int DirectoryCopyOp::CopyOne(const char* path) {
     return 0;
   }
   // The attributes come along with the bytes, but not on every system.
-  if (sourceAttributes & FILE_ATTRIBUTE_READONLY) SetTreeFileReadOnly(target, true);
+  if (m_fileAttributes & FILE_ATTRIBUTE_READONLY) SetTreeFileReadOnly(target, true);
   return 1;
 }

@@ -67,6 +67,7 @@ void DirectoryOp::WalkFolder(const CString& folder) {
   while (m_aborted == 0 && entries.Next()) {
     if (!entries.IsFolder()) {
       if (!PassesFilter(entries.Name())) continue;
+      m_fileAttributes = entries.Data().dwFileAttributes;
       if (m_callback(m_context, entries.Path()) == 0 && m_stopOnFailure != 0) m_aborted = 1;
     } else if (m_recurse != 0 && entries.IsRealFolder()) {
       WalkFolder(entries.Path());

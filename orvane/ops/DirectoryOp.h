@@ -53,6 +53,7 @@ class ORVANE_API DirectoryOp : public MMultiOperation {
   int m_foldersFinished = 0;
   int m_foldersUnread = 0;  // that could not be read to their end
   int m_stopOnFailure = 1;
+  DWORD m_fileAttributes = 0;  // of the file that the callback is called for
 
  private:
   void WalkFolder(const CString& folder);
