@@ -90,6 +90,7 @@ class ZipWriter : public ZipArchive {
   ZipResult CheckLimit() const { return m_target.Position() > m_limit ? kZipBadArguments : kZipOk; }
   void PutLocalHeader(const NewEntry& entry, uint8_t* header) const;
   void AppendToDirectory(const NewEntry& entry);
+  static void PutCommonFields(const NewEntry& entry, uint32_t extraSize, ZipFieldWriter& fields);
 
   ZipTarget m_target;
   const ZipTimeZone m_timeZone;
@@ -255,36 +256,18 @@ ZipResult ZipWriter::Deflate(z_stream& stream, const uint8_t* bytes, size_t size
 }
 
 void ZipWriter::PutLocalHeader(const NewEntry& entry, uint8_t* header) const {
-  ZipFieldWriter(header)
-      .U32(kZipLocalSignature)
-      .U16(kVersionNeeded)
-      .U16(entry.flags)
-      .U16(entry.method)
-      .U16(entry.dosTime.time)
-      .U16(entry.dosTime.date)
-      .U32(entry.crc)
-      .U32(entry.compressedSize)
-      .U32(entry.size)
-      .U16(static_cast<uint32_t>(entry.name.size()))
-      .U16(kLocalTimesSize);
+  ZipFieldWriter fields(header);
+  fields.U32(kZipLocalSignature);
+  PutCommonFields(entry, kLocalTimesSize, fields);
 }
 
 void ZipWriter::AppendToDirectory(const NewEntry& entry) {
   const size_t at = m_directory.size();
   m_directory.resize(at + kZipCentralSize + entry.name.size() + kCentralTimesSize);
-  ZipFieldWriter(&m_directory[at])
-      .U32(kZipCentralSignature)
-      .U16(kVersionMadeBy)
-      .U16(kVersionNeeded)
-      .U16(entry.flags)
-      .U16(entry.method)
-      .U16(entry.dosTime.time)
-      .U16(entry.dosTime.date)
-      .U32(entry.crc)
-      .U32(entry.compressedSize)
-      .U32(entry.size)
-      .U16(static_cast<uint32_t>(entry.name.size()))
-      .U16(kCentralTimesSize)
+  ZipFieldWriter fields(&m_directory[at]);
+  fields.U32(kZipCentralSignature).U16(kVersionMadeBy);
+  PutCommonFields(entry, kCentralTimesSize, fields);
+  fields
       .U16(0)  // comment length
       .U16(0)  // disk
       .U16(0)  // internal attributes
@@ -295,6 +278,20 @@ void ZipWriter::AppendToDirectory(const NewEntry& entry) {
       .U16(kCentralTimesSize - 4)
       .U8(kAllTimes)
       .U32(entry.modified);
+}
+
+// What an entry's local header and its record in the directory have in common.
+void ZipWriter::PutCommonFields(const NewEntry& entry, uint32_t extraSize, ZipFieldWriter& fields) {
+  fields.U16(kVersionNeeded)
+      .U16(entry.flags)
+      .U16(entry.method)
+      .U16(entry.dosTime.time)
+      .U16(entry.dosTime.date)
+      .U32(entry.crc)
+      .U32(entry.compressedSize)
+      .U32(entry.size)
+      .U16(static_cast<uint32_t>(entry.name.size()))
+      .U16(extraSize);
 }
 
 // Writes the directory and the end record, once. After a failed write that is tried too: the
