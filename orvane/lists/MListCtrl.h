@@ -16,6 +16,7 @@
 #include "lists/ListColumns.h"
 #include "lists/ListDataMap.h"
 #include "lists/ListOrder.h"
+#include "lists/ReportExtension.h"
 #include "ops/MultiOp.h"
 #include "settings/RegistryUtil.h"
 
@@ -77,6 +78,7 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   using OpenFn = MFileViewButton* (*)(void* client, unsigned long id);
   using LabelEditFn = int (*)(void* client, const char* oldText, const char* newText);
   using NotifyFn = void (*)(void* client);
+  using ReportsHelpFn = void (*)(unsigned long helpId);
   using ForSelectedFn = OperationReturnState (*)(MListCtrl& list, unsigned long id,
                                                  void* clientData);
   using IdArray = CArray<unsigned long, unsigned long>;
@@ -270,6 +272,10 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   // The user has typed a new text for the first column. Not 0: it becomes the item's.
   void OnLabelEdit(LabelEditFn fn, void* client);
   void OnWinIniChange(NotifyFn fn, void* client) { m_onWinIniChange = {fn, client}; }
+  // Pages that go with the list's reports.
+  void OnHlReport(const HlReportCallbacks& callbacks, void* client);
+  // The user asks for help in a dialog of the reports.
+  void OnReportsHelp(ReportsHelpFn fn) { m_onReportsHelp = fn; }
 
   // --- Commands ---
 
@@ -294,6 +300,25 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   void SetUrlAndProduct(const char* url, const char* product);
   const CString& ProductUrl() const { return m_productUrl; }
   const CString& ProductName() const { return m_productName; }
+
+  // --- Reports ---
+
+  // Makes a report as the command says:
+  //
+  //   C:201 S:1D F:a,m R:H O:C:\\out\\r.htm H:0 Q:1
+  //
+  //   C  the included columns' data indices, a digit each, in their order; not named: all columns
+  //   S  the column to sort by, descending with D
+  //   F  only what is in the range from[,to] of the sort column, which is a Text column
+  //   R  H a page, A plain text, X markup, T tab-separated values
+  //   O  the file to write
+  //   H  0: no titles on top
+  //   Q  no message and no progress window
+  //
+  // Null or empty, or when the list has a window: the user chooses in a dialog. 1 written, or what
+  // the dialog returned; 0: the command has an error, which was shown, or no report was written,
+  // and what stood in the file is there still.
+  int DoReport(const char* command = nullptr);
 
   // --- Layout: the widths of the columns and the sort key, kept per user under a registry key ---
 
@@ -448,4 +473,7 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   Callback<OpenFn> m_openCommand;
   Callback<LabelEditFn> m_onLabelEdit;
   Callback<NotifyFn> m_onWinIniChange;
+  HlReportCallbacks m_hlReport;
+  void* m_hlReportClient = nullptr;
+  ReportsHelpFn m_onReportsHelp = nullptr;
 };
