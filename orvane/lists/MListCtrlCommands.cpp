@@ -281,6 +281,11 @@ int MListCtrl::FindByPrefix(const char* prefix, bool whole, int start, bool wrap
 
 // --- Label editing ---
 
+void MListCtrl::OnHlReport(const HlReportCallbacks& callbacks, void* client) {
+  m_hlReport = callbacks;
+  m_hlReportClient = client;
+}
+
 void MListCtrl::OnLabelEdit(LabelEditFn fn, void* client) {
   m_onLabelEdit = {fn, client};
   if (m_hWnd != nullptr)
