@@ -244,6 +244,7 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   // the other one; otherwise as descending says. 1, or 0 with a beep: it cannot be sorted.
   int SetSortKey(int column, int toggle, int descending = 0);
   int SetInitialSortKey(int column);
+  int CanSortBy(int column) const;
   // -1: not sorted.
   int GetSortColumn() const { return m_sortColumn; }
   int IsSortDescending() const { return m_sortDescending; }
@@ -328,6 +329,8 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   // settings under the list's key, "\", the column's title and the suffix. Null: no such column, or
   // the list has no key (ASSERT).
   DataFilter* GetFilter(int column, const char* suffix = nullptr) const;
+  // The same with a key of the caller's; null: it keeps nothing.
+  DataFilter* NewFilter(int column, const char* key) const;
   // Null: there is no key. The list's, until the next SetRegistryKey.
   MRegistry* GetRegistry() const { return m_registry.get(); }
 
