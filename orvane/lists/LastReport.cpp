@@ -48,10 +48,9 @@ void loadFlag(const MRegistry& registry, const char* name, bool& flag) {
 
 std::shared_ptr<DataFilter> SavedReportFilter(MListCtrl& list, int column, ReportFilterRole role) {
   const bool isPrimary = role == ReportFilterRole::Primary;
-  std::shared_ptr<DataFilter> filter(list.GetRegistry() == nullptr
-                                         ? list.NewFilter(column, nullptr)
-                                         : list.GetFilter(column, isPrimary ? "Primary"
-                                                                            : "Secondary"));
+  std::shared_ptr<DataFilter> filter(
+      list.GetRegistry() == nullptr ? list.NewFilter(column, nullptr)
+                                    : list.GetFilter(column, isPrimary ? "Primary" : "Secondary"));
   if (filter != nullptr) filter->Reset(1);
   return filter;
 }
@@ -99,10 +98,9 @@ void SaveLastReport(MListCtrl& list, const ReportSettings& settings) {
   const std::vector<int>& columns = settings.columns;
   for (int column = 0; column < list.GetColumnCount(); ++column) {
     const auto found = std::find(columns.begin(), columns.end(), column);
-    registry.SetUserKey(kPosition + list.GetColName(column, 1),
-                        found == columns.end()
-                            ? kExcluded
-                            : static_cast<unsigned long>(found - columns.begin()));
+    registry.SetUserKey(
+        kPosition + list.GetColName(column, 1),
+        found == columns.end() ? kExcluded : static_cast<unsigned long>(found - columns.begin()));
   }
   const auto saveFlag = [&](const char* name, bool flag) {
     registry.SetUserKey(name, static_cast<unsigned long>(flag));
