@@ -178,10 +178,9 @@ void ReportDialog::ShowSettings() {
   SetDlgItemText(IDC_PRIMARY_TEXT,
                  isSorted ? FilterInWords(m_list, m_settings.primary, true) : CString());
   SetDlgItemText(IDC_SECONDARY_TEXT, FilterInWords(m_list, m_settings.secondary, false));
-  CString titles;
-  for (const int column : m_settings.columns)
-    titles += (titles.IsEmpty() ? "" : ", ") + m_list.GetColName(column, 1);
-  SetDlgItemText(IDC_COLUMNS_TEXT, titles);
+  auto& titles = static_cast<CListBox&>(*GetDlgItem(IDC_REPORT_TITLES));
+  titles.ResetContent();
+  for (const int column : m_settings.columns) titles.AddString(m_list.GetColName(column, 1));
   SetDlgItemText(IDC_REPORT_DONE, "");
 }
 
