@@ -318,9 +318,10 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   //   H  0: no titles on top
   //   Q  no message and no progress window: the result alone tells
   //
-  // Null or empty, or when the list has a window: the user chooses in a dialog. A list without a
-  // window needs a command. 1 written, or what the dialog returned; 0: the command has an error,
-  // or no report was written, which the user was told, and what stood in the file is there still.
+  // A list without a window makes the report at once. When it has one, the user chooses in a dialog
+  // that begins with what the command says; null or empty, with or without a window: one that begins
+  // with what was chosen last, and offers a preview. 1 written; 0: the command has an error, or no
+  // report was written, which the user was told, and what stood in the file is there still.
   //
   // The list is not to be changed meanwhile.
   int DoReport(const char* command = nullptr);

@@ -1,6 +1,9 @@
 // The report dialog and what it opens, as the user sees and uses them.
 #include "lists/ReportDialog.h"
 
+#include <commdlg.h>
+#include <dlgs.h>
+
 #include <set>
 
 #include "diag/AssertVerifyTrace.h"
@@ -10,6 +13,7 @@
 #include "lists/report_dialogs_ids.h"
 #include "settings/RegistryUtil.h"
 #include "support/RegistrySubtree.h"
+#include "support/TempFolder.h"
 #include "util/pathutils.h"
 
 namespace {
@@ -380,4 +384,62 @@ TEST_F(ReportDialogTest, StaysAwayWhereNoDialogMayBeShown) {
   AssertVerifyTrace::BlockGuiMessages(1);
   EXPECT_EQ(RunReportDialog(m_list, m_settings, true), 0);
   AssertVerifyTrace::BlockGuiMessages(0);
+}
+
+// Nothing made up: from the command to the file, by way of the system's file dialog.
+TEST_F(ReportDialogTest, WritesTheFileThatTheUserNames) {
+  const TempFolder folder;
+  CWnd parent;
+  parent.CreateEx(0, AfxRegisterWndClass(0), "List", WS_POPUP | WS_VISIBLE, 0, 0, 400, 300, nullptr,
+                  nullptr);
+  ASSERT_TRUE(
+      m_list.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 400, 300), &parent, 1));
+  m_list.Add(1, "second", 1);
+  m_list.Add(2, "first", 2);
+  const std::string file = folder / "made.txt";
+  const auto isFileDialog = [](HWND window) { return GetDlgItem(window, cmb13) != nullptr; };
+  {
+    Driver driver({
+        [](HWND window) {
+          EXPECT_TRUE(IsDlgButtonChecked(window, IDC_FORMAT_TEXT));
+          EXPECT_EQ(SendDlgItemMessage(window, IDC_REPORT_TITLES, LB_GETCOUNT, 0, 0), 2);
+          EXPECT_FALSE(isShown(window, IDC_PREVIEW)) << "there is a command";
+        },
+        Driver::Click(IDC_MAKE_REPORT),
+        [&](HWND window) {
+          ASSERT_TRUE(isFileDialog(window)) << Driver::TextOf(window);
+          SetDlgItemText(window, cmb13, file.c_str());
+        },
+        Driver::Click(IDOK),
+        [](HWND window) {
+          EXPECT_NE(Driver::TextOf(GetDlgItem(window, IDC_REPORT_DONE)).find("made.txt"),
+                    std::string::npos);
+        },
+        // Without a column there is nothing to write.
+        Driver::Click(IDC_SELECT_COLUMNS),
+        pressInRows(VK_SPACE),
+        pressInRows(VK_DOWN),
+        pressInRows(VK_SPACE),
+        Driver::Click(IDOK),
+        Driver::Click(IDC_MAKE_REPORT),
+        [&](HWND window) { SetDlgItemText(window, cmb13, (folder / "none.txt").c_str()); },
+        Driver::Click(IDOK),
+        [](HWND window) {
+          std::string texts;
+          for (HWND child = GetWindow(window, GW_CHILD); child != nullptr;
+               child = GetWindow(child, GW_HWNDNEXT))
+            texts += Driver::TextOf(child);
+          EXPECT_NE(texts.find("Please include at least one field in report."), std::string::npos);
+        },
+        Driver::Press(VK_RETURN),
+        Driver::Press(VK_ESCAPE),
+    });
+    EXPECT_EQ(m_list.DoReport("C:01 S:0 R:A"), 1);
+  }
+  const std::string text = folder.ReadFile("made.txt");
+  const size_t first = text.find("first"), second = text.find("second");
+  EXPECT_LT(first, second);
+  EXPECT_LT(second, text.size());
+  EXPECT_FALSE(folder.Exists("none.txt"));
+  parent.DestroyWindow();
 }
