@@ -1,6 +1,8 @@
 // Reports of a list: from the command to the report.
+#include "lists/LastReport.h"
 #include "lists/MListCtrl.h"
 #include "lists/ReportCommand.h"
+#include "lists/ReportDialog.h"
 #include "lists/ReportOperation.h"
 #include "messages/message.h"
 #include "resources/resource.h"
@@ -14,8 +16,9 @@ int MListCtrl::DoReport(const char* command) {
       if (!settings.isQuiet) Message::DisplayErrorMessage(IDS_REPORT_COMMAND_ERROR, wrong);
       return 0;
     }
+  } else {
+    LoadLastReport(*this, settings);
   }
-  // Without a window there is nobody to choose what the command leaves open.
-  if (!hasCommand) return 0;
-  return ReportOperation(*this, settings).Generate();
+  if (hasCommand && m_hWnd == nullptr) return ReportOperation(*this, settings).Generate();
+  return RunReportDialog(*this, settings, !hasCommand);
 }

@@ -61,7 +61,8 @@ class Driver {
     return text;
   }
 
-  // The visible dialog of this thread; null: there is none.
+  // The visible dialog of this thread that can be used: one that opens another is disabled before
+  // the other one is shown. Null: there is none.
   static HWND Shown() {
     HWND found = nullptr;
     ::EnumThreadWindows(::GetCurrentThreadId(), FindDialog, reinterpret_cast<LPARAM>(&found));
@@ -75,7 +76,8 @@ class Driver {
   static BOOL CALLBACK FindDialog(HWND window, LPARAM found) {
     char name[16] = "";
     ::GetClassName(window, name, sizeof name);
-    if (!::IsWindowVisible(window) || strcmp(name, "#32770") != 0) return TRUE;
+    if (!::IsWindowVisible(window) || !::IsWindowEnabled(window) || strcmp(name, "#32770") != 0)
+      return TRUE;
     *reinterpret_cast<HWND*>(found) = window;
     return FALSE;
   }
