@@ -78,6 +78,16 @@
 #define IDS_REPORT_ON 23265
 #define IDS_REPORT_PRIMARY_FILTER 23266
 #define IDS_REPORT_SECONDARY_FILTER 23267
+#define IDS_REPORT_WRITING 23310
+#define IDS_REPORT_NOT_WRITTEN 23311  // %1: the file, %2: the reason
+#define IDS_REPORT_ITEMS 23312        // %1!d!: their number
+#define IDS_REPORT_ONE_ITEM 23313
+// Filters in words.
+#define IDS_FILTER_AND 23314
+#define IDS_FILTER_OR 23315
+#define IDS_FILTER_FROM_TO 23316  // %1 and %2: times or numbers
+#define IDS_FILTER_ALL_BUT 23317  // %1: what is left out
+#define IDS_FILTER_NOTHING 23318
 
 // Folder comparison.
 #define IDS_FILE_STATES 23220  // separated by tabs, in the order of the states
