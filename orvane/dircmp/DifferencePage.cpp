@@ -182,19 +182,20 @@ DWORD WriteDifferencePage(const CString& path, const DifferencePage& page) {
   }
   file << "<h1 class=\"modified\">" << page.title << "</h1>\n<nav>" << page.navigation;
   if (rows && rows->differences() > 0) {
-    file << "<a href=\"#d1\">First difference</a>";
-    file << "</nav>\n<table class=\"sides\">\n"
-            "<colgroup><col style=\"width:4em\"><col><col style=\"width:4em\"><col></colgroup>\n"
-            "<thead><tr><th colspan=\"2\">"
-         << page.baseHeading << "</th><th colspan=\"2\">" << page.revisedHeading
-         << "</th></tr></thead>\n<tbody>\n";
-    if (rows) {
-      rows->Write();
-    } else {
-      const bool isLeft = leftKind != DocumentText::Kind::Text;
-      file << "<tr class=\"gap\"><td colspan=\"4\">"
-           << TextHtml(WhyNotShown(isLeft, isLeft ? leftKind : rightKind)) << "</td></tr>\n";
-    }
-    file << "</tbody>\n</table>\n";
-    return file.Finish();
+    file << "<a href=\"#d1\">" << TextHtml(IDS_PAGE_FIRST_DIFFERENCE) << "</a>";
   }
+  file << "</nav>\n<table class=\"sides\">\n"
+          "<colgroup><col style=\"width:4em\"><col><col style=\"width:4em\"><col></colgroup>\n"
+          "<thead><tr><th colspan=\"2\">"
+       << page.baseHeading << "</th><th colspan=\"2\">" << page.revisedHeading
+       << "</th></tr></thead>\n<tbody>\n";
+  if (rows) {
+    rows->Write();
+  } else {
+    const bool isLeft = leftKind != DocumentText::Kind::Text;
+    file << "<tr class=\"gap\"><td colspan=\"4\">"
+         << TextHtml(WhyNotShown(isLeft, isLeft ? leftKind : rightKind)) << "</td></tr>\n";
+  }
+  file << "</tbody>\n</table>\n";
+  return file.Finish();
+}

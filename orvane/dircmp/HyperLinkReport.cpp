@@ -103,7 +103,7 @@ HyperLinkReport::HyperLinkReport(const FolderComparison& comparison, const char*
       m_options(options),
       m_compare(compare) {}
 
-bool HyperLinkReport::IsIncluded(FileState state) const {
+bool HyperLinkReport::HasSection(FileState state) const {
   return (state == FileState::Modified && m_options.includeModified) ||
          (state == FileState::New && m_options.includeNew) ||
          (state == FileState::Deleted && m_options.includeDeleted);
@@ -113,7 +113,7 @@ void HyperLinkReport::Add(const DocumentRecord& record) { m_documents.emplace_ba
 
 void HyperLinkReport::AddAll() {
   for (const DocumentRecord& record : m_comparison.records()) {
-    if (IsIncluded(record.state) && m_comparison.IsCompared(record)) Add(record);
+    if (HasSection(record.state) && m_comparison.IsCompared(record)) Add(record);
   }
 }
 
@@ -127,6 +127,15 @@ HyperLinkReport::Target HyperLinkReport::Prepare(const char* folder) {
   }
   if (!CreateDirectoryA(static_cast<LPCSTR>(m_folder))) return Target::NotCreated;
   DeletePages(m_folder + kPagesFolder);
+  // From now on the folder is known as a report's, even if the report is never finished.
+  if (!IsReportPage(IndexPath())) {
+    HtmlFile index(IndexPath(), TitleHtml());
+    index << "<h1>" << TitleHtml() << "</h1>\n<p class=\"note\">" << TextHtml(IDS_PAGE_UNFINISHED)
+          << "</p>\n";
+    const DWORD error = index.Finish();
+    SetLastError(error);
+    if (error != 0) return Target::NotCreated;
+  }
   return Target::Ready;
 }
 
@@ -147,8 +156,10 @@ HyperLinkReport::Links HyperLinkReport::LinksOf(const DocumentRecord& record) co
   return {PageUrl(number), found->baseUrl, found->revisedUrl};
 }
 
+std::string HyperLinkReport::UrlInPlace(const CString& path) { return FileUrl(FullPathOf(path)); }
+
 std::string HyperLinkReport::SectionUrl(FileState state) const {
-  return IsIncluded(state) ? std::string("index.html#") + ClassOf(state) : std::string();
+  return HasSection(state) ? std::string("index.html#") + ClassOf(state) : std::string();
 }
 
 bool HyperLinkReport::WriteDocument(size_t number) {
@@ -175,7 +186,7 @@ std::string HyperLinkReport::UrlOfSide(const CString& path, const char* side,
     if (CopyDocument(path, copy)) return RelativeUrl(relative);
     Note(copy, GetLastError());
   }
-  return m_options.linkSourceFiles ? FileUrl(FullPathOf(path)) : std::string();
+  return m_options.linkSourceFiles ? UrlInPlace(path) : std::string();
 }
 
 bool HyperLinkReport::WritePage(size_t number) {
@@ -233,14 +244,14 @@ bool HyperLinkReport::WriteIndex() {
   HtmlFile file(unfinished, TitleHtml());
   file << "<h1>" << TitleHtml() << "</h1>\n<nav>";
   for (const FileState state : kSections) {
-    if (IsIncluded(state)) file << Link(std::string("#") + ClassOf(state), HtmlOf(NameOf(state)));
+    if (HasSection(state)) file << Link(std::string("#") + ClassOf(state), HtmlOf(NameOf(state)));
   }
   file << "</nav>\n";
   if (m_options.isPreview) {
     file << "<p class=\"note\">" << TextHtml(IDS_REPORT_NO_HYPERLINKS) << "</p>\n";
   }
   for (const FileState state : kSections) {
-    if (IsIncluded(state)) file << SectionHtml(state);
+    if (HasSection(state)) file << SectionHtml(state);
   }
   const DWORD error = file.Finish();
   if (error != 0) return Note(unfinished, error);

@@ -43,6 +43,8 @@ class ORVANE_API HyperLinkReport {
   HyperLinkReport(const FolderComparison& comparison, const char* baseName, const char* revisedName,
                   const HyperLinkReportOptions& options, const CompareOptions& compare);
 
+  // Whether a state has a section.
+  bool HasSection(FileState state) const;
   // Before Prepare: a document for the report. One whose state has no section gets its links only.
   // Records stay the caller's.
   void Add(const DocumentRecord& record);
@@ -71,6 +73,8 @@ class ORVANE_API HyperLinkReport {
   Links LinksOf(const DocumentRecord& record) const;
   // The section of a state in the index; empty: it has none.
   std::string SectionUrl(FileState state) const;
+  // A file where it is.
+  static std::string UrlInPlace(const CString& path);
 
   const std::vector<FolderComparison::Problem>& problems() const { return m_problems; }
 
@@ -97,7 +101,6 @@ class ORVANE_API HyperLinkReport {
   std::string RowHtml(size_t number) const;
   std::string TitleHtml() const;
   bool Note(const CString& path, DWORD error);
-  bool IsIncluded(FileState state) const;
 
   const FolderComparison& m_comparison;
   CString m_baseName;

@@ -120,7 +120,8 @@
 #define IDS_PAGES_PROBLEMS 23384  // %1: how many
 #define IDS_PAGES_OCCUPIED 23385  // %1: the folder
 #define IDS_PAGES_NOT_WRITTEN 23386  // %1: the folder
-#define IDS_DOCUMENT_NOT_OPENED 23387  // %1: the document
+#define IDS_PAGE_UNFINISHED 23387
+#define IDS_DOCUMENT_NOT_OPENED 23388  // %1: the document
 
 // --- Icons and dialogs ---
 
