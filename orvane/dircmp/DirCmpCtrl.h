@@ -60,7 +60,8 @@ class ORVANE_API DirCmpCtrl : public MListCtrl {
   // the product registry, 1 from the start) was 0 at InitList.
   void GetItemColors(unsigned long id, COLORREF& text, COLORREF& background) override;
 
-  // Adds "Analyze" or "Open" for the item to the context menu, as the list's first client command.
+  // Puts "Analyze" or "Open" for the item on top of the context menu, as the list's first client
+  // command.
   // id: kAutomaticId when the menu is not an item's.
   virtual void DoContextMenu(int row, unsigned long id, MPopupMenu& menu);
   // A client command of the list, by its number: 0 is that entry, for the item with the focus.

@@ -32,8 +32,8 @@ void DirCmpCtrl::DoContextMenu(int, unsigned long id, MPopupMenu& menu) {
   if (!IsDocument(id)) return;
   MString text;
   text.LoadString(RecordOf(id).state == FileState::Modified ? IDS_ANALYZE : IDS_OPEN);
-  menu.AppendSeparator();
-  menu.AppendItem(FirstUserCommand() + kOpenCommand, text);
+  if (menu.GetCount() > 0) menu.InsertMenu(0, MF_BYPOSITION | MF_SEPARATOR);
+  menu.InsertMenu(0, MF_BYPOSITION | MF_STRING, FirstUserCommand() + kOpenCommand, text);
   menu.SetDefaultItem(FirstUserCommand() + kOpenCommand);
 }
 
