@@ -114,7 +114,6 @@ class ORVANE_API DirCmpCtrl : public MListCtrl {
 
  private:
   class Evaluation;
-  class PagesWriting;
 
   void AddColumns();
   void Scan();
