@@ -110,6 +110,27 @@
 #define IDS_ANALYZE 23228
 #define IDS_OPEN 23229
 
+// Pages that go with the report of a folder comparison.
+#define IDS_PAGE_ALL_DOCUMENTS 23370
+#define IDS_PAGE_PREVIOUS_DOCUMENT 23371
+#define IDS_PAGE_NEXT_DOCUMENT 23372
+#define IDS_PAGE_FIRST_DIFFERENCE 23373
+#define IDS_PAGE_EQUAL_LINES 23374  // %1: how many
+#define IDS_PAGE_NO_LINE_DIFFERS 23375
+#define IDS_PAGE_ENDS 23376
+#define IDS_PAGE_BASE_NO_TEXT 23377
+#define IDS_PAGE_REVISED_NO_TEXT 23378
+#define IDS_PAGE_BASE_TOO_LARGE 23379
+#define IDS_PAGE_REVISED_TOO_LARGE 23380
+#define IDS_PAGE_BASE_UNREADABLE 23381
+#define IDS_PAGE_REVISED_UNREADABLE 23382
+#define IDS_PAGES_WRITING 23383
+#define IDS_PAGES_PROBLEMS 23384  // %1: how many
+#define IDS_PAGES_OCCUPIED 23385  // %1: the folder
+#define IDS_PAGES_NOT_WRITTEN 23386  // %1: the folder
+#define IDS_PAGE_UNFINISHED 23387
+#define IDS_DOCUMENT_NOT_OPENED 23388  // %1: the document
+
 // --- Icons and dialogs ---
 
 #define IDI_ORVANE 23400         // 16, 32 and 48 pixels
