@@ -1,0 +1,5 @@
+#include "MainFrame.h"
+
+#include "resource.h"
+
+BOOL MainFrame::Open() { return Create(nullptr, AfxGetAppName()); }
