@@ -1,6 +1,6 @@
-#include "CommandLine.h"
+#include "foldercmp/CommandLine.h"
 
-#include "FolderPath.h"
+#include "foldercmp/FolderPath.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 
 #include <vector>
 
-#include "diff/DiffWindow.h"
+#include "foldercmp/diff/DiffWindow.h"
 
 struct CommandLine {
   enum Kind { kFolders, kDiff, kWrong };

@@ -1,4 +1,4 @@
-#include "FolderPath.h"
+#include "foldercmp/FolderPath.h"
 
 #include <shlwapi.h>
 

@@ -1,5 +1,5 @@
-#include "MainFrame.h"
+#include "foldercmp/MainFrame.h"
 
-#include "resource.h"
+#include "foldercmp/resource.h"
 
 BOOL MainFrame::Open() { return Create(nullptr, AfxGetAppName()); }

@@ -1,9 +1,9 @@
 // foldercmp: compares two folders document by document, and shows the differences of two documents.
 #include <afxwin.h>
 
-#include "CommandLine.h"
-#include "MainFrame.h"
-#include "diff/DiffWindow.h"
+#include "foldercmp/CommandLine.h"
+#include "foldercmp/MainFrame.h"
+#include "foldercmp/diff/DiffWindow.h"
 
 namespace {
 
