@@ -1,0 +1,25 @@
+// What the program was asked for when it was started.
+//
+//   foldercmp [BASE REVISED]                               compares two folders
+//   foldercmp Diff LEFT RIGHT ["LEFT TITLE" "RIGHT TITLE"]  shows the differences of two documents
+#pragma once
+
+#include <afxwin.h>
+
+#include <vector>
+
+#include "foldercmp/diff/DiffWindow.h"
+
+struct CommandLine {
+  enum Kind { kFolders, kDiff, kWrong };
+  Kind kind = kFolders;
+  CString base, revised;  // absolute; both empty: none were given
+  DiffArguments diff;
+};
+
+// The arguments of a text: separated by blanks, which don't separate within quotation marks. A
+// backslash is a backslash wherever it stands, so that "C:\folder\" is one.
+std::vector<CString> SplitArguments(const char* text);
+
+// text: without the program's name.
+CommandLine ReadCommandLine(const char* text);
