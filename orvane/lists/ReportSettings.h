@@ -30,7 +30,8 @@ struct ReportSettings {
   ReportFilter secondary;  // on any column
   ReportFormat format = ReportFormat::Html;
   CString outputFile;
-  bool isQuiet = false;    // no message and no progress window: the result alone tells
-  bool hasHeader = true;   // column titles and the list's titles stand on top
-  bool isPreview = false;  // outputFile is the preview's, nothing else is written
+  bool isQuiet = false;     // no message and no progress window: the result alone tells
+  bool hasHeader = true;    // column titles and the list's titles stand on top
+  bool isPreview = false;   // outputFile is the preview's, nothing else is written
+  bool canPreview = false;  // the dialog offers a preview
 };
