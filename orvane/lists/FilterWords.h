@@ -9,6 +9,6 @@
 class MListCtrl;
 
 // "Primary filter on column Name: is greater than or equal to "a" and is less than ...", or the
-// same with "Secondary". The condition is left out when the filter has no effect or is of a kind
-// that the list doesn't have. Empty: the filter is not active.
+// same with "Secondary". Empty: the filter is not active. A filter of a client's own kind is named
+// without its condition.
 ORVANE_API CString FilterInWords(const MListCtrl& list, const ReportFilter& filter, bool isPrimary);

@@ -440,7 +440,9 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   int FocusedRow() const;
   void Forget(uint32_t record);
   void ReportSelection();
-  ListOrder Order() const;
+  ListOrder Order() const { return OrderBy(m_sortColumn, m_sortDescending); }
+  // Column -1: no order.
+  ListOrder OrderBy(int column, int descending) const;
   void AddSortKey(ListOrder& order, int column) const;
   void SortRows();
   void ShowArrow();

@@ -4,22 +4,17 @@
 #include <afxwin.h>
 
 #include <memory>
-#include <vector>
 
 #include "entry/export.h"
 #include "lists/ReportSettings.h"
 #include "ops/MultiOp.h"
+#include "ops/SharedWord.h"
 
 class MListCtrl;
-class ReportFile;
-class ReportItems;
-class ReportWriter;
-struct ReportHead;
 
 // One report of a list. The items that pass the active filters are sorted, then written row by row:
-// beyond an index of the items the memory that it takes does not grow with them. A page, a list of
-// 300,000 items or a plain text, which is gone through twice to find the columns' widths: they all
-// show progress and can be stopped.
+// beyond an index of the items the memory that a report takes does not grow with their number. A
+// long one shows its progress and can be stopped.
 //
 // The report is written beside its file under another name and put in place when it is whole. One
 // that has failed or was stopped leaves what was there.
@@ -37,13 +32,17 @@ class ORVANE_API ReportOperation : public MMultiOperation {
   OperationReturnState Operation(unsigned index) override;
 
  private:
-  bool GeneratePages(ReportHead& head);
-  bool WriteReport(const ReportHead& head);
-  int Fail(UINT messageId, DWORD error);
+  enum class Outcome { Done, Stopped, NotOpened, NotWritten };
+  struct Run;
+
+  // error: the system's, for the last two outcomes.
+  Outcome MakeReport(DWORD& error);
+  Outcome WriteRows(DWORD& error);
+  void Tell(UINT messageId) const;
+  void Tell(UINT messageId, DWORD error) const;
 
   MListCtrl& m_list;
   const ReportSettings& m_settings;
-  std::unique_ptr<ReportItems> m_items;
-  std::unique_ptr<ReportFile> m_file;
-  std::unique_ptr<ReportWriter> m_writer;
+  std::unique_ptr<Run> m_run;  // while a report is made
+  SharedWord<DWORD> m_error;
 };

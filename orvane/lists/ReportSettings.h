@@ -17,8 +17,8 @@ enum class ReportFormat {
 };
 
 struct ReportFilter {
-  int column = -1;  // data index
-  std::shared_ptr<DataFilter> filter;
+  int column = -1;                     // data index
+  std::shared_ptr<DataFilter> filter;  // of the column's kind
   bool isActive = false;
 };
 
@@ -30,8 +30,7 @@ struct ReportSettings {
   ReportFilter secondary;  // on any column
   ReportFormat format = ReportFormat::Html;
   CString outputFile;
-  bool isQuiet = false;     // no message and no progress window: the result alone tells
-  bool hasHeader = true;    // column titles and the list's titles stand on top
-  bool isPreview = false;   // outputFile is the preview's, nothing else is written
-  bool canPreview = false;  // the dialog offers a preview
+  bool isQuiet = false;    // no message and no progress window: the result alone tells
+  bool hasHeader = true;   // column titles and the list's titles stand on top
+  bool isPreview = false;  // outputFile is the preview's, nothing else is written
 };
