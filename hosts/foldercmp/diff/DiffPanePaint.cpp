@@ -1,0 +1,186 @@
+// DiffPane: drawing.
+#include <algorithm>
+
+#include "foldercmp/diff/BufferedPaint.h"
+#include "foldercmp/diff/DiffPane.h"
+#include "foldercmp/diff/LineColumns.h"
+
+namespace {
+
+constexpr int kTextIndent = 4;   // pixels between the margin and the first column
+constexpr int kCurrentBar = 4;   // pixels
+constexpr int kSignColumns = 2;  // behind the line number
+
+// Tells the kinds apart without their colours.
+const char* SignOf(DiffKind kind) {
+  switch (kind) {
+    case DiffKind::Changed: return "~";
+    case DiffKind::Deleted: return "-";
+    case DiffKind::Added: return "+";
+    default: return "";
+  }
+}
+
+const char* NameOfEnd(std::string_view end) {
+  return end == "\r\n" ? "CR LF" : end == "\n" ? "LF" : "CR";
+}
+
+}  // namespace
+
+// The same on both sides, so that the columns stand alike.
+int DiffPane::LineNumberDigits() const {
+  int lines = std::max(m_state.document->lineCount(DiffSide::Left),
+                       m_state.document->lineCount(DiffSide::Right));
+  int digits = 3;
+  for (lines /= 1000; lines > 0; lines /= 10) ++digits;
+  return digits;
+}
+
+int DiffPane::MarginWidth() const {
+  return kCurrentBar + (LineNumberDigits() + kSignColumns) * m_style.columnWidth();
+}
+
+int DiffPane::XOfColumn(int column) const {
+  return MarginWidth() + kTextIndent + (column - m_state.firstColumn) * m_style.columnWidth();
+}
+
+void DiffPane::OnPaint() {
+  BufferedPaint paint(*this);
+  CDC& dc = paint.dc();
+  CRect place = paint.client();
+  dc.FillSolidRect(place, GetSysColor(COLOR_WINDOW));
+  dc.SetBkMode(TRANSPARENT);
+  place.bottom = place.top + m_style.titleHeight();
+  DrawTitle(dc, place);
+
+  Selected font(dc, m_style.textFont());
+  const int rows = m_state.document->rowCount();
+  for (int row = m_state.place.first(); row < rows && place.bottom < paint.client().bottom; ++row) {
+    place.top = place.bottom;
+    place.bottom = place.top + m_style.rowHeight();
+    DrawRow(dc, row, place);
+  }
+  CRect margin(0, place.bottom, MarginWidth(), paint.client().bottom);
+  if (rows > 0 && !margin.IsRectEmpty()) dc.FillSolidRect(margin, DiffStyle::kMargin);
+}
+
+void DiffPane::DrawTitle(CDC& dc, const CRect& place) {
+  const bool isFocused = ::GetFocus() == m_hWnd;
+  dc.FillSolidRect(place, GetSysColor(isFocused ? COLOR_ACTIVECAPTION : COLOR_BTNFACE));
+  dc.SetTextColor(GetSysColor(isFocused ? COLOR_CAPTIONTEXT : COLOR_BTNTEXT));
+  Selected font(dc, m_style.titleFont());
+  CRect text = place;
+  text.DeflateRect(6, 0);
+  dc.DrawText(m_state.TitleOf(m_side), text,
+              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_PATH_ELLIPSIS);
+}
+
+void DiffPane::DrawRow(CDC& dc, int number, const CRect& place) {
+  const DiffRow row = m_state.document->RowAt(number);
+  CRect margin = place, text = place;
+  margin.right = text.left = MarginWidth();
+  DrawMargin(dc, row, margin);
+  DrawLine(dc, number, row, text);
+  DrawFrames(dc, number, row, text);
+}
+
+void DiffPane::DrawMargin(CDC& dc, const DiffRow& row, const CRect& place) {
+  dc.FillSolidRect(place, DiffStyle::kMargin);
+  if (row.difference >= 0 && row.difference == m_state.CurrentDifference()) {
+    dc.FillSolidRect(place.left, place.top, kCurrentBar, place.Height(), DiffStyle::kCurrent);
+  }
+  const int line = row.LineOf(m_side);
+  if (line < 0) return;
+  CString number;
+  number.Format("%d", line + 1);
+  CRect text = place;
+  text.right -= kSignColumns * m_style.columnWidth();
+  dc.SetTextColor(DiffStyle::kMarginText);
+  dc.DrawText(number, text, DT_SINGLELINE | DT_RIGHT | DT_NOPREFIX);
+  text.left = text.right;
+  text.right = place.right;
+  dc.SetTextColor(RGB(0, 0, 0));
+  dc.DrawText(SignOf(row.kind), text, DT_SINGLELINE | DT_CENTER | DT_NOPREFIX);
+}
+
+void DiffPane::DrawLine(CDC& dc, int number, const DiffRow& row, const CRect& place) {
+  const bool isSelected = isActive() && m_state.place.IsSelected(number);
+  const bool isFiller = row.LineOf(m_side) < 0;
+  const COLORREF ground = isFiller ? DiffStyle::kFillerGround : DiffStyle::RowColour(row.kind);
+  dc.FillSolidRect(place, isSelected ? GetSysColor(COLOR_HIGHLIGHT) : ground);
+  dc.SetBkMode(TRANSPARENT);
+  if (isFiller) {
+    if (!isSelected) dc.FillRect(place, &m_style.filler());
+    return;
+  }
+  const int saved = dc.SaveDC();
+  dc.IntersectClipRect(place);
+  if (!isSelected) DrawMarks(dc, number, row, place);
+  dc.SetTextColor(isSelected ? GetSysColor(COLOR_HIGHLIGHTTEXT) : DiffStyle::TextColour(row.kind));
+  DrawText(dc, row, place);
+  dc.RestoreDC(saved);
+}
+
+void DiffPane::DrawMarks(CDC& dc, int number, const DiffRow& row, const CRect& place) {
+  const TextLine& line = m_state.document->Line(m_side, row.LineOf(m_side));
+  const auto mark = [&](int begin, int end, COLORREF colour) {
+    const std::vector<int> columns = ColumnsOfBytes(line.text, m_state.tabSize, {begin, end});
+    const int left = std::max(XOfColumn(columns[0]), static_cast<int>(place.left));
+    const int right = std::min(XOfColumn(columns[1]), static_cast<int>(place.right));
+    if (left < right) dc.FillSolidRect(left, place.top, right - left, place.Height(), colour);
+  };
+  const int size = static_cast<int>(line.text.size());
+  bool isEndChanged = false;
+  for (const auto& [begin, end] : m_state.document->ChangedWords(m_side, row)) {
+    mark(begin, std::min(end, size), DiffStyle::WordColour(row.kind));
+    isEndChanged = end > size;
+  }
+  const auto& found = m_state.found;
+  if (found && found->side == m_side && found->row == number)
+    mark(found->begin, found->end, DiffStyle::kFound);
+  dc.SetBkMode(TRANSPARENT);
+  if (isEndChanged) DrawEndMark(dc, row, place);
+}
+
+// A changed line end, which would not be seen.
+void DiffPane::DrawEndMark(CDC& dc, const DiffRow& row, const CRect& place) {
+  const TextLine& line = m_state.document->Line(m_side, row.LineOf(m_side));
+  const CString name = NameOfEnd(line.end);
+  const int x = XOfColumn(ColumnCount(line.text, m_state.tabSize)) + m_style.columnWidth() / 2;
+  if (x >= place.right) return;
+  dc.FillSolidRect(x, place.top + 1, (name.GetLength() + 1) * m_style.columnWidth(),
+                   place.Height() - 2, DiffStyle::WordColour(row.kind));
+  dc.SetBkMode(TRANSPARENT);
+  dc.SetTextColor(DiffStyle::kMarginText);
+  dc.TextOut(x + m_style.columnWidth() / 2, place.top, name);
+}
+
+void DiffPane::DrawText(CDC& dc, const DiffRow& row, const CRect& place) {
+  const int columns = place.Width() / m_style.columnWidth() + 1;
+  LineSlice slice = SliceOfLine(m_state.document->Line(m_side, row.LineOf(m_side)).text,
+                                m_state.tabSize, m_state.firstColumn, columns);
+  if (slice.text.empty()) return;
+  for (int& width : slice.widths) width *= m_style.columnWidth();
+  ::ExtTextOutW(dc, XOfColumn(slice.column), place.top, ETO_CLIPPED, place, slice.text.data(),
+                static_cast<UINT>(slice.text.size()), slice.widths.data());
+}
+
+// The edges of the current difference, and the row with the focus.
+void DiffPane::DrawFrames(CDC& dc, int number, const DiffRow& row, const CRect& place) {
+  if (row.difference >= 0 && row.difference == m_state.CurrentDifference()) {
+    const Difference& difference =
+        m_state.document->differences()[static_cast<size_t>(row.difference)];
+    if (number == difference.firstRow)
+      dc.FillSolidRect(place.left, place.top, place.Width(), 1, DiffStyle::kCurrent);
+    if (number == difference.firstRow + difference.rows - 1)
+      dc.FillSolidRect(place.left, place.bottom - 1, place.Width(), 1, DiffStyle::kCurrent);
+  }
+  if (isActive() && number == m_state.place.caret() && ::GetFocus() == m_hWnd) {
+    CRect focus = place;
+    focus.DeflateRect(1, 1);
+    dc.SetTextColor(RGB(0, 0, 0));
+    dc.SetBkColor(RGB(255, 255, 255));
+    dc.DrawFocusRect(focus);
+  }
+  dc.SetBkMode(TRANSPARENT);
+}

@@ -1,0 +1,2 @@
+#include <afxwin.h>
+#include <gtest/gtest.h>
