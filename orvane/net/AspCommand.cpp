@@ -49,7 +49,7 @@ AspCommand::Status AspCommand::Execute() {
   return m_status;
 }
 
-// Only a reply and whole data are a success. Without an error there is no second attempt.
+// Only a reply and whole data are a success.
 int AspCommand::Finish(Status status, const char* title, const char* text) {
   m_status = status;
   TraceFunction::TraceEvent(title, text);
@@ -57,6 +57,13 @@ int AspCommand::Finish(Status status, const char* title, const char* text) {
 }
 
 int AspCommand::ReadFile() {
+  const int isOk = ReadAnswer();
+  // What the server's page lacks is no error of the transfer, and no reason for a second attempt.
+  SetLastError(0);
+  return isOk;
+}
+
+int AspCommand::ReadAnswer() {
   const TraceFunction trace("AspCommand::ReadFile");
   TraceFunction::TraceEvent("URL", m_url);
   std::string answer;
@@ -108,7 +115,7 @@ int AspCommand::ReadData(std::string_view first, uint64_t received, bool isWhole
     if (!isWhole) StartRead();
     if (!file.Write(block->bytes, block->size)) return failOutput();
   }
-  if (received != AnswerLength().value_or(received)) {
+  if (received != AnswerLength().value_or(received) || !AnswerIsWhole()) {
     Fail(ERROR_INTERNET_CONNECTION_ABORTED);
     return fail("ClientFileSize");
   }

@@ -18,6 +18,7 @@ constexpr unsigned kWholeRange = std::numeric_limits<unsigned>::max();
 constexpr DWORD kFirstPause = 250, kLongestPause = 16000;  // milliseconds
 // In synchronous mode WinInet's own time-outs are all there is.
 constexpr InternetTransfer::TimeOuts kSynchronousTimeOuts = {30000, 30000};
+constexpr DWORD kForEver = std::numeric_limits<int>::max();
 
 CString textOf(UINT id, const char* fallback) {
   MString text;
@@ -111,26 +112,27 @@ int InternetDownload::DownloadUrl() {
 int InternetDownload::InitUrl() {
   const SysWaitCursor cursor(0);
   m_transfer = std::make_unique<InternetTransfer>(
-      m_url, m_async != 0 ? HANDLE(m_stopEvent) : nullptr,
+      m_url, HANDLE(m_stopEvent), m_async != 0,
       m_async != 0 ? InternetTransfer::TimeOuts{m_openTimeOut, m_readTimeOut}
                    : kSynchronousTimeOuts);
   m_transfer->StartOpen();
-  if (m_transfer->IsPending() && PostAsyncInetOperation() == 0) return 0;
+  if (m_transfer->IsPending() && WaitForCall() == 0) return 0;
   return m_transfer->FinishOpen() ? 1 : Fail(m_transfer->Error());
 }
 
 int InternetDownload::ReadOpenedUrl() {
+  std::optional<SysWaitCursor> cursor;
   if (m_showProgress == 0) {
-    const SysWaitCursor cursor(0);
-    return ReadFile();
-  }
-  if (const auto length = AnswerLength()) {
+    cursor.emplace(0);
+  } else if (const auto length = AnswerLength()) {
     SetRange(0, inRange(*length));
     TraceFunction::TraceEvent("File len", static_cast<int>(inRange(*length)), "%u");
   } else {
     SetRange(0, kWholeRange);
   }
-  return ReadFile();
+  const int readOk = ReadFile();
+  if (readOk == 0 && m_error == 0 && m_aborted == 0) m_error = GetLastError();
+  return readOk;
 }
 
 // --- Waiting ---
@@ -148,10 +150,11 @@ bool InternetDownload::WaitWhile(bool (*goesOn)(const InternetDownload&), DWORD 
 }
 
 // Waits for the call that is under way: 1 it has come to its end, 0 it has not.
-int InternetDownload::PostAsyncInetOperation() {
-  ASSERT(m_async != 0);
-  WaitWhile([](const InternetDownload& self) { return self.m_transfer->IsPending(); },
-            m_transfer->IsOpen() ? m_readTimeOut : m_openTimeOut);
+int InternetDownload::WaitForCall() {
+  const DWORD timeOut = m_async == 0           ? kForEver
+                        : m_transfer->IsOpen() ? m_readTimeOut
+                                               : m_openTimeOut;
+  WaitWhile([](const InternetDownload& self) { return self.m_transfer->IsPending(); }, timeOut);
   if (!m_transfer->IsPending()) return 1;
   Fail(m_aborted != 0 ? ERROR_INTERNET_OPERATION_CANCELLED : ERROR_INTERNET_TIMEOUT);
   TraceInternetError("InternetDownload::PostAsyncInetOperation", m_url, m_error);
@@ -163,13 +166,15 @@ int InternetDownload::PostAsyncInetOperation() {
 void InternetDownload::StartRead() { m_transfer->StartRead(); }
 
 std::optional<InternetBlock> InternetDownload::FinishRead() {
-  if (m_transfer->IsPending() && PostAsyncInetOperation() == 0) return std::nullopt;
+  if (m_transfer->IsPending() && WaitForCall() == 0) return std::nullopt;
   const auto block = m_transfer->FinishRead();
   if (!block) Fail(m_transfer->Error());
   return block;
 }
 
 std::optional<uint64_t> InternetDownload::AnswerLength() const { return m_transfer->Length(); }
+
+bool InternetDownload::AnswerIsWhole() { return m_transfer->IsWhole(); }
 
 int InternetDownload::EnsureDestination() {
   if (!m_destination.IsEmpty()) return 1;
@@ -215,7 +220,7 @@ int InternetDownload::ReadFile() {
   }
   // No byte and no word about it: the answer has broken off in its head.
   const bool isCut = length ? received != *length : received == 0 && !m_transfer->IsChunked();
-  if (isCut) return Fail(ERROR_INTERNET_CONNECTION_ABORTED);
+  if (isCut || !AnswerIsWhole()) return Fail(ERROR_INTERNET_CONNECTION_ABORTED);
   return file.Commit() ? 1 : Fail(GetLastError());
 }
 

@@ -20,7 +20,7 @@
 class InternetTransfer;
 
 // The operation's range is the length of the file in bytes, as far as the server tells it. Stop
-// ends every wait at once, in asynchronous mode.
+// ends every wait at once.
 //
 // The destination is replaced as a whole, at the end: after a failure, a stop or the death of the
 // process it is what it was before.
@@ -31,8 +31,7 @@ class ORVANE_API InternetDownload : public MMultiOperation {
   InternetDownload(const char* url, const char* destination, int showProgress);
   ~InternetDownload() override;
 
-  // From the start: 1. In synchronous mode (0) waits are WinInet's own: Stop and the time-outs do
-  // not end them.
+  // From the start: 1. In synchronous mode (0) the time-outs are WinInet's own, of half a minute.
   void SetAsyncMode(int async);
   // How often a transfer is tried, at least once; from the start: 3. Between two attempts there is
   // a pause, of 250 ms and then each time twice as long.
@@ -72,6 +71,9 @@ class ORVANE_API InternetDownload : public MMultiOperation {
   std::optional<InternetBlock> FinishRead();
   // The length of the answer in bytes. None: the server has not said it.
   std::optional<uint64_t> AnswerLength() const;
+  // After the last block: whether the answer has not broken off. An answer of unknown length that
+  // ends with its connection cannot be told from one that has.
+  bool AnswerIsWhole();
   // The destination, made where there was none. 0: the error says why not.
   int EnsureDestination();
   // Notes the error of a failure. Gives 0.
@@ -83,7 +85,7 @@ class ORVANE_API InternetDownload : public MMultiOperation {
  private:
   int DownloadUrl();
   int InitUrl();
-  int PostAsyncInetOperation();
+  int WaitForCall();
   int ReadOpenedUrl();
   bool WaitWhile(bool (*goesOn)(const InternetDownload&), unsigned long milliseconds);
   void GiveUpMadeDestination();
@@ -122,6 +124,7 @@ class ORVANE_API AspCommand : public InternetDownload {
   int ReadFile() override;
 
  private:
+  int ReadAnswer();
   int ReadData(std::string_view first, uint64_t received, bool isWhole);
   int Finish(Status status, const char* title, const char* text);
 

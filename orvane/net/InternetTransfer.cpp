@@ -1,32 +1,13 @@
 #include "net/InternetTransfer.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cerrno>
 #include <cstdlib>
-#include <map>
-#include <string>
 
 #include "diag/trace.h"
-#include "net/InternetErrors.h"
+#include "net/InternetExchange.h"
 
 namespace {
-
-constexpr DWORD kBlock = 50000;  // bytes asked for at a time
-
-// A buffer ends with a byte that is never asked for.
-struct Buffer {
-  INTERNET_BUFFERSA record = {};
-  char data[kBlock + 1];
-
-  INTERNET_BUFFERSA* Offer() {
-    record = {};
-    record.dwStructSize = sizeof record;
-    record.lpvBuffer = data;
-    record.dwBufferLength = kBlock;
-    return &record;
-  }
-};
 
 // WinInet gives up so much later than the operation, whose word it is that counts.
 constexpr DWORD kLater = 2000;
@@ -75,152 +56,76 @@ DWORD errorOfUrl(const char* url) {
   }
 }
 
-enum Pending { kNothing, kOpening, kReading };
-
 }  // namespace
 
-// What the operation and WinInet's thread share. WinInet's thread writes result and error before it
-// clears pending; the operation reads them after that.
-struct InternetTransfer::Exchange {
-  std::string url;
-  HANDLE wake = nullptr;       // null: synchronous
-  HINTERNET handle = nullptr;  // the URL, once it is open
-  bool isAbandoned = false;    // nobody waits any more
-  std::atomic<Pending> pending = kNothing;
-  DWORD_PTR result = 0;
-  DWORD error = 0;
-  Buffer buffers[2];
-};
-
-// The exchanges that WinInet may still call back about, by the number that goes with its calls: a
-// call that comes late finds none, where it would find a pointer to something else.
-class InternetTransfer::Exchanges {
- public:
-  static Exchanges& All() {
-    static Exchanges& all = *new Exchanges;  // never destroyed: calls may come at the very end
-    return all;
-  }
-
-  DWORD_PTR Add(const std::shared_ptr<Exchange>& exchange) {
-    const Lock lock(*this);
-    m_exchanges[++m_last] = exchange;
-    return m_last;
-  }
-
-  // The transfer ends. An answer that is being read keeps its buffers until its handle has closed.
-  void Abandon(Exchange& abandoned) {
-    const Lock lock(*this);
-    const Pending pending = abandoned.pending;
-    if (pending != kNothing) stayLoaded();
-    abandoned.isAbandoned = true;
-    if (pending == kReading && abandoned.wake != nullptr) return;
-    std::erase_if(m_exchanges, [&](const auto& each) { return each.second.get() == &abandoned; });
-  }
-
-  // Calls work with the exchange, if it is there, while nobody can abandon it.
-  template <class Work>
-  void With(DWORD_PTR number, Work work) {
-    const Lock lock(*this);
-    const auto found = m_exchanges.find(number);
-    if (found == m_exchanges.end()) return;
-    const bool isOver = work(*found->second);
-    if (isOver) m_exchanges.erase(found);
-  }
-
- private:
-  struct Lock {
-    explicit Lock(Exchanges& all) : all(all) { AcquireSRWLockExclusive(&all.m_lock); }
-    ~Lock() { ReleaseSRWLockExclusive(&all.m_lock); }
-    Exchanges& all;
-  };
-
-  // WinInet will call into this library once more, whoever unloads it.
-  static void stayLoaded() {
-    HMODULE module = nullptr;
-    VERIFY(GetModuleHandleExA(
-        GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
-        reinterpret_cast<const char*>(&InternetTransfer::InetCallback), &module));
-  }
-
-  SRWLOCK m_lock = SRWLOCK_INIT;
-  DWORD_PTR m_last = 0;
-  std::map<DWORD_PTR, std::shared_ptr<Exchange>> m_exchanges;
-};
-
-InternetTransfer::InternetTransfer(const char* url, HANDLE wake, const TimeOuts& timeOuts)
-    : m_url(url), m_timeOuts(timeOuts), m_exchange(std::make_shared<Exchange>()) {
-  m_exchange->url = url;
-  m_exchange->wake = wake;
-  m_session.reset(InternetOpenA("BW_Session", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr,
-                                wake != nullptr ? INTERNET_FLAG_ASYNC : 0));
-  if (!m_session) {
+InternetTransfer::InternetTransfer(const char* url, HANDLE wake, bool isAsync,
+                                   const TimeOuts& timeOuts)
+    : m_timeOuts(timeOuts), m_exchange(std::make_shared<InternetExchange>()) {
+  InternetExchange& exchange = *m_exchange;
+  exchange.url = url;
+  exchange.wake = wake;
+  exchange.isAsync = isAsync;
+  exchange.session.reset(InternetOpenA("BW_Session", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr,
+                                       isAsync ? INTERNET_FLAG_ASYNC : 0));
+  const HINTERNET session = exchange.session.get();
+  if (session == nullptr) {
     m_error = GetLastError();
     return;
   }
   // WinInet's thread, too, is not to wait for ever for a call that nobody else waits for any more.
-  setTimeOut(m_session.get(), INTERNET_OPTION_CONNECT_TIMEOUT, m_timeOuts.open);
-  setTimeOut(m_session.get(), INTERNET_OPTION_RECEIVE_TIMEOUT,
-             std::max(m_timeOuts.open, m_timeOuts.read));
-  m_context = Exchanges::All().Add(m_exchange);
-  if (wake != nullptr && !InstallCallback()) m_session.reset();
-}
-
-InternetTransfer::~InternetTransfer() {
-  Exchanges::All().Abandon(*m_exchange);
-  m_handle.reset();
-  m_session.reset();
-}
-
-bool InternetTransfer::InstallCallback() {
-  const INTERNET_STATUS_CALLBACK before = InternetSetStatusCallback(m_session.get(), &InetCallback);
-  if (before == INTERNET_INVALID_STATUS_CALLBACK) return Fail(GetLastError());
+  setTimeOut(session, INTERNET_OPTION_CONNECT_TIMEOUT, m_timeOuts.open);
+  setTimeOut(session, INTERNET_OPTION_RECEIVE_TIMEOUT, std::max(m_timeOuts.open, m_timeOuts.read));
+  InternetExchanges::All().Add(m_exchange);
+  const INTERNET_STATUS_CALLBACK before =
+      InternetSetStatusCallback(session, &InternetExchanges::InetCallback);
+  if (before == INTERNET_INVALID_STATUS_CALLBACK) {
+    m_error = GetLastError();
+    exchange.session.reset();
+    return;
+  }
   ASSERT(before == nullptr);
-  return true;
 }
+
+InternetTransfer::~InternetTransfer() { InternetExchanges::All().Abandon(*m_exchange); }
+
+HINTERNET InternetTransfer::Handle() const { return m_exchange->handle.get(); }
 
 bool InternetTransfer::Fail(DWORD error) {
   m_error = errorOfInternet(error);
   return false;
 }
 
-bool InternetTransfer::IsPending() const { return m_exchange->pending != kNothing; }
+bool InternetTransfer::IsPending() const {
+  return m_exchange->pending != InternetExchange::kNothing;
+}
+
+bool InternetTransfer::IsOpen() const { return Handle() != nullptr; }
 
 void InternetTransfer::StartOpen() {
-  if (!m_session) return;
-  Exchange& exchange = *m_exchange;
-  exchange.error = errorOfUrl(m_url);
+  InternetExchange& exchange = *m_exchange;
+  if (!exchange.session) return;
+  exchange.error = errorOfUrl(exchange.url.c_str());
   if (exchange.error != 0) return;
-  exchange.pending = kOpening;
-  const HINTERNET handle =
-      InternetOpenUrlA(m_session.get(), m_url, nullptr, 0,
-                       INTERNET_FLAG_NO_CACHE_WRITE | INTERNET_FLAG_PRAGMA_NOCACHE, m_context);
-  if (handle == nullptr && GetLastError() == ERROR_IO_PENDING) return;
-  exchange.result = reinterpret_cast<DWORD_PTR>(handle);
-  exchange.error = handle == nullptr ? GetLastError() : 0;
-  exchange.pending = kNothing;
+  exchange.pending = InternetExchange::kOpening;
+  InternetExchanges::All().StartCall(m_exchange);
 }
 
 bool InternetTransfer::FinishOpen() {
-  if (!m_session) return false;
-  m_handle.reset(reinterpret_cast<HINTERNET>(m_exchange->result));
-  if (!m_handle) return Fail(m_exchange->error);
-  m_exchange->handle = m_handle.get();
+  InternetExchange& exchange = *m_exchange;
+  if (!exchange.session) return false;
+  const auto handle = reinterpret_cast<HINTERNET>(exchange.result);
+  if (handle == nullptr) return Fail(exchange.error);
+  exchange.handle.reset(handle);
+  exchange.opened = handle;
   // Wine does not take it over from the session.
-  setTimeOut(m_handle.get(), INTERNET_OPTION_RECEIVE_TIMEOUT, m_timeOuts.read);
+  setTimeOut(handle, INTERNET_OPTION_RECEIVE_TIMEOUT, m_timeOuts.read);
   return true;
 }
 
 void InternetTransfer::StartRead() {
-  Exchange& exchange = *m_exchange;
-  m_buffer ^= 1;
-  exchange.pending = kReading;
-  const DWORD flags = exchange.wake != nullptr ? IRF_ASYNC : IRF_SYNC;
-  const BOOL read =
-      InternetReadFileExA(m_handle.get(), exchange.buffers[m_buffer].Offer(), flags, m_context);
-  if (!read && GetLastError() == ERROR_IO_PENDING) return;
-  exchange.result = static_cast<DWORD_PTR>(read);
-  exchange.error = read ? 0 : GetLastError();
-  exchange.pending = kNothing;
+  m_exchange->buffer ^= 1;
+  m_exchange->pending = InternetExchange::kReading;
+  InternetExchanges::All().StartCall(m_exchange);
 }
 
 std::optional<InternetBlock> InternetTransfer::FinishRead() {
@@ -228,63 +133,58 @@ std::optional<InternetBlock> InternetTransfer::FinishRead() {
     Fail(m_exchange->error);
     return std::nullopt;
   }
-  const Buffer& buffer = m_exchange->buffers[m_buffer];
+  const auto& buffer = m_exchange->buffers[m_exchange->buffer];
   return InternetBlock{buffer.data, buffer.record.dwBufferLength};
-}
-
-void CALLBACK InternetTransfer::InetCallback(HINTERNET handle, DWORD_PTR context, DWORD status,
-                                             void* info, [[maybe_unused]] DWORD size) {
-  DWORD failed = 0;
-  std::string url;
-  Exchanges::All().With(context, [&](Exchange& exchange) {
-    if (status == INTERNET_STATUS_HANDLE_CLOSING)
-      return exchange.isAbandoned && handle == exchange.handle;
-    if (exchange.isAbandoned) return false;
-    if (status == INTERNET_STATUS_RESPONSE_RECEIVED && exchange.pending == kReading)
-      ASSERT(size == sizeof(DWORD));
-    if (status != INTERNET_STATUS_REQUEST_COMPLETE) return false;
-    ASSERT(exchange.pending != kNothing);
-    if (exchange.pending == kNothing) return false;
-    const auto& completed = *static_cast<const INTERNET_ASYNC_RESULT*>(info);
-    exchange.error = completed.dwError;
-    exchange.result = completed.dwError == 0 ? completed.dwResult : 0;
-    if (completed.dwError != 0) {
-      failed = completed.dwError;
-      url = exchange.url;
-    }
-    exchange.pending = kNothing;
-    SetEvent(exchange.wake);
-    return false;
-  });
-  if (failed != 0) TraceInternetError("InternetDownload::InetCallback", url.c_str(), failed);
 }
 
 // --- About the answer ---
 
-std::optional<uint64_t> InternetTransfer::Length() const {
+// Empty: the answer does not have it.
+CString InternetTransfer::Header(DWORD which) const {
   char text[64];
   DWORD size = sizeof text;
-  if (!HttpQueryInfoA(m_handle.get(), HTTP_QUERY_CONTENT_LENGTH, text, &size, nullptr))
-    return std::nullopt;
+  return HttpQueryInfoA(Handle(), which, text, &size, nullptr) ? CString(text) : CString();
+}
+
+std::optional<uint64_t> InternetTransfer::Length() const {
+  if (IsChunked()) return std::nullopt;  // which counts more (RFC 9112, section 6.3)
+  const CString text = Header(HTTP_QUERY_CONTENT_LENGTH);
   char* end = nullptr;
   errno = 0;
   const uint64_t length = std::strtoull(text, &end, 10);
-  const bool isNumber = *text >= '0' && *text <= '9' && *end == 0 && errno == 0;
+  const bool isNumber = text[0] >= '0' && text[0] <= '9' && *end == 0 && errno == 0;
   return isNumber ? std::optional(length) : std::nullopt;
 }
 
 std::optional<DWORD> InternetTransfer::HttpStatus() const {
   DWORD status = 0;
   DWORD size = sizeof status;
-  return HttpQueryInfoA(m_handle.get(), HTTP_QUERY_STATUS_CODE | HTTP_QUERY_FLAG_NUMBER, &status,
-                        &size, nullptr)
+  return HttpQueryInfoA(Handle(), HTTP_QUERY_STATUS_CODE | HTTP_QUERY_FLAG_NUMBER, &status, &size,
+                        nullptr)
              ? std::optional(status)
              : std::nullopt;
 }
 
 bool InternetTransfer::IsChunked() const {
-  char coding[64];
-  DWORD size = sizeof coding;
-  return HttpQueryInfoA(m_handle.get(), HTTP_QUERY_TRANSFER_ENCODING, coding, &size, nullptr) &&
-         _stricmp(coding, "chunked") == 0;
+  return Header(HTTP_QUERY_TRANSFER_ENCODING).CompareNoCase("chunked") == 0;
+}
+
+// Whether the server lets the connection serve another request (RFC 9112, section 9.3).
+bool InternetTransfer::KeepsConnection() const {
+  return Header(HTTP_QUERY_VERSION).CompareNoCase("HTTP/1.1") == 0 &&
+         Header(HTTP_QUERY_CONNECTION).CompareNoCase("close") != 0 &&
+         Header(HTTP_QUERY_PROXY_CONNECTION).CompareNoCase("close") != 0;
+}
+
+// A chunked answer that breaks off reads like one that has ended (Wine 8 gives no error, in no mode
+// and by no function). But when the URL is closed, its connection serves the next request only if
+// the last chunk has come: WinInet says when it closes one that could have been kept.
+bool InternetTransfer::IsWhole() {
+  constexpr DWORD kAtMost = 1000;  // milliseconds; WinInet's own thread may have a hand on the URL
+  if (!IsChunked() || !KeepsConnection()) return true;
+  InternetExchange& exchange = *m_exchange;
+  exchange.handle.reset();
+  for (DWORD start = GetTickCount(); !exchange.isClosed && GetTickCount() - start < kAtMost;)
+    WaitForSingleObject(exchange.wake, kAtMost);
+  return !exchange.isConnectionClosed;
 }

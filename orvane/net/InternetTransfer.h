@@ -8,31 +8,26 @@
 #include <memory>
 #include <optional>
 
-#include "entry/Handles.h"
 #include "net/InternetBlock.h"
 
-struct InternetHandleTraits {
-  using Handle = HINTERNET;
-  static Handle None() { return nullptr; }
-  static void Release(Handle handle) { InternetCloseHandle(handle); }
-};
-using unique_internet_handle = unique_handle_of<InternetHandleTraits>;
+struct InternetExchange;
 
 // A session and a URL in it, whose answer is read through two buffers in turn: while the block in
 // one is worked on the other is filled.
 //
-// In asynchronous mode a call may be under way when it returns (IsPending). WinInet's thread then
-// completes it and signals the wake event. A transfer may be destroyed with a call under way: what
-// comes of the call later is dropped, and its buffer stays until WinInet is through with it.
+// A call may be under way when it returns (IsPending): in asynchronous mode WinInet's thread
+// completes it, else a thread of the system's pool that waits for WinInet; both signal the wake
+// event then. A transfer may be destroyed with a call under way: what comes of the call later is
+// dropped, and its buffer stays until WinInet is through with it.
 class InternetTransfer {
  public:
   struct TimeOuts {
     DWORD open, read;  // milliseconds
   };
 
-  // wake: not reset by the transfer; only in asynchronous mode, else null.
+  // wake: not reset by the transfer.
   // timeOuts: a while after these WinInet itself gives up.
-  InternetTransfer(const char* url, HANDLE wake, const TimeOuts& timeOuts);
+  InternetTransfer(const char* url, HANDLE wake, bool isAsync, const TimeOuts& timeOuts);
   ~InternetTransfer();
   InternetTransfer(const InternetTransfer&) = delete;
   InternetTransfer& operator=(const InternetTransfer&) = delete;
@@ -48,7 +43,7 @@ class InternetTransfer {
   std::optional<InternetBlock> FinishRead();
 
   bool IsPending() const;
-  bool IsOpen() const { return static_cast<bool>(m_handle); }
+  bool IsOpen() const;
   // Why the last Finish... has failed: an error of WinInet's or the system's.
   DWORD Error() const { return m_error; }
 
@@ -58,20 +53,17 @@ class InternetTransfer {
   // Whether the answer says itself where it ends.
   bool IsChunked() const;
 
- private:
-  struct Exchange;
-  class Exchanges;
-  static void CALLBACK InetCallback(HINTERNET handle, DWORD_PTR context, DWORD status, void* info,
-                                    DWORD size);
-  bool InstallCallback();
-  bool Fail(DWORD error);
+  // After the last block, as the last call: whether the answer has not broken off, as far as
+  // WinInet can be made to tell.
+  bool IsWhole();
 
-  const CString m_url;
+ private:
+  bool Fail(DWORD error);
+  HINTERNET Handle() const;
+  CString Header(DWORD which) const;
+  bool KeepsConnection() const;
+
   const TimeOuts m_timeOuts;
-  std::shared_ptr<Exchange> m_exchange;  // shared with WinInet's calls that are under way
-  unique_internet_handle m_session;
-  unique_internet_handle m_handle;  // the URL
-  DWORD_PTR m_context = 0;
-  int m_buffer = 0;  // the one that is read into
+  const std::shared_ptr<InternetExchange> m_exchange;  // shared with calls that are under way
   DWORD m_error = 0;
 };

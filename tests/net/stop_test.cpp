@@ -58,9 +58,10 @@ class FullPort {
 
 // Notes when the work has ended.
 struct Stoppable : TestDownload {
-  Stoppable(const std::string& url, const std::string& destination)
+  Stoppable(const std::string& url, const std::string& destination, int async = 1)
       : TestDownload(url, destination) {
     SetTimeOut(20, 20);
+    SetAsyncMode(async);
     SetRetryNum(5);
   }
   void DoLoopOperation() override {
@@ -86,51 +87,47 @@ void serveSlowly(LoopbackConnection& client) {
 
 }  // namespace
 
-TEST(Stop, EndsEveryWaitAtOnce) {
+class StopMode : public testing::TestWithParam<int> {};
+
+TEST_P(StopMode, EndsEveryWaitAtOnce) {
   auto full = std::make_unique<FullPort>();
   LoopbackServer server(serveSlowly);
   const struct {
     std::string url;
     DWORD after;
+    int error;  // 0: of any kind, or none: the moment decides
   } kCases[] = {
-      {full->Url(), 400},           {server.Url("waiting"), 400}, {server.Url("reading"), 400},
-      {server.Url("endless"), 400}, {server.Url("pausing"), 900},
+      {full->Url(), 300, 12017},           {server.Url("waiting"), 300, 12017},
+      {server.Url("reading"), 300, 12017}, {server.Url("endless"), 300, 0},
+      {server.Url("pausing"), 900, 0},
   };
   for (const auto& each : kCases) {
     SCOPED_TRACE(each.url);
     const TempFolder folder;
     folder.Write("file", "old");
-    Stoppable download(each.url, folder / "file");
+    Stoppable download(each.url, folder / "file", GetParam());
     DWORD stopped = 0;
     std::thread stopper([&] {
       Sleep(each.after);
       stopped = GetTickCount();
       download.StopLoop();
     });
+    const int before = server.Connections();
     EXPECT_STREQ("", download.GetFile());
     stopper.join();
     EXPECT_GE(download.ended, stopped);
     EXPECT_LE(download.ended - stopped, kAtMost);
     EXPECT_TRUE(download.wasAborted());
+    if (each.error != 0) {
+      EXPECT_EQ(each.error, download.GetError());
+      EXPECT_LE(server.Connections(), before + 1) << "a further attempt";
+    }
     EXPECT_EQ("old", folder.Read("file"));
     full.reset();  // the system, too, stops connecting now
   }
 }
-
-TEST(Stop, InAWaitIsACancelledOperationWithoutFurtherAttempt) {
-  LoopbackServer server(serveSlowly);
-  const TempFolder folder;
-  Stoppable download(server.Url("reading"), folder / "file");
-  std::thread stopper([&] {
-    Sleep(300);
-    download.StopLoop();
-  });
-  EXPECT_STREQ("", download.GetFile());
-  stopper.join();
-  EXPECT_EQ(12017, download.GetError());
-  EXPECT_EQ(1, server.Connections());
-  EXPECT_FALSE(folder.Has("file"));
-}
+INSTANTIATE_TEST_SUITE_P(Synchronous, StopMode, testing::Values(0));
+INSTANTIATE_TEST_SUITE_P(Asynchronous, StopMode, testing::Values(1));
 
 // A user who presses the button in the real window.
 TEST(Stop, PressedInTheProgressWindow) {

@@ -17,6 +17,8 @@ namespace {
 constexpr unsigned kSecondsPerTest = 120;
 constexpr unsigned kSecondsPerLongTest = 3600;
 constexpr DWORD kHandleWaitMilliseconds = 1000;
+// Idle threads of the system's pool end some seconds later.
+constexpr DWORD kLongHandleWaitMilliseconds = 10000;
 
 std::string FullName(const testing::TestInfo& test) {
   return std::string(test.test_suite_name()) + "." + test.name();
@@ -24,12 +26,12 @@ std::string FullName(const testing::TestInfo& test) {
 
 // The handles that are open beyond so many. A thread that has ended gives its own back a moment
 // later.
-unsigned HandlesBeyond(unsigned expected) {
+unsigned HandlesBeyond(unsigned expected, DWORD milliseconds) {
   const DWORD start = GetTickCount();
   for (;;) {
     const unsigned handles = allocations::OpenHandles();
     if (handles <= expected) return 0;
-    if (GetTickCount() - start > kHandleWaitMilliseconds) return handles - expected;
+    if (GetTickCount() - start > milliseconds) return handles - expected;
     Sleep(5);
   }
 }
@@ -64,7 +66,8 @@ class Guard : public testing::EmptyTestEventListener {
     if (!damage.empty()) ADD_FAILURE() << damage;
     // The messages of a failed test are kept; a failure is enough to look at.
     if (test.result()->Failed()) return;
-    const unsigned handles = HandlesBeyond(m_handles);
+    const unsigned handles = HandlesBeyond(
+        m_handles, m_isSecondRun ? kLongHandleWaitMilliseconds : kHandleWaitMilliseconds);
     if (live.blocks <= m_live.blocks && handles == 0) return;
     if (!m_isSecondRun) {
       m_suspects += (m_suspects.empty() ? "" : ":") + FullName(test);
