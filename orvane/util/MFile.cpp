@@ -8,6 +8,7 @@
 #include <string>
 
 #include "diag/trace.h"
+#include "entry/DestinationFile.h"
 #include "messages/message.h"
 #include "resources/resource.h"
 #include "util/Utf8File.h"
@@ -50,6 +51,23 @@ bool IsMark(uint8_t first, uint8_t second) {
 
 bool IsLead(uint8_t byte) { return (byte & 0xC0) == 0xC0; }
 bool IsContinuation(uint8_t byte) { return (byte & 0xC0) == 0x80; }
+
+// The runtime's view of a file that is open for writing; null: there is none.
+FILE* streamOn(HANDLE file, const char* mode) {
+  const HANDLE process = GetCurrentProcess();
+  HANDLE copy;
+  if (!DuplicateHandle(process, file, process, &copy, 0, FALSE, DUPLICATE_SAME_ACCESS))
+    return nullptr;
+  unique_file owner(copy);
+  // Text is the default, as fopen has it.
+  const int form = strchr(mode, 'b') == nullptr ? _O_TEXT : _O_BINARY;
+  const int descriptor = _open_osfhandle(reinterpret_cast<intptr_t>(copy), form);
+  if (descriptor == -1) return nullptr;
+  owner.release();
+  FILE* const stream = _fdopen(descriptor, mode);
+  if (stream == nullptr) _close(descriptor);
+  return stream;
+}
 
 // The system's words for an error, without the end of their sentence, which the message has itself.
 CString WordsFor(LONG error) {
@@ -269,9 +287,13 @@ int MFile::SaveFileAscii(const char* name, CString& text, int& written, int& los
 
   // The runtime's own answer to a mode that is none can be to end the program.
   if (name == nullptr || mode == nullptr || *mode == 0 || strchr("rwa", *mode) == nullptr) return 0;
-  FILE* const file = fopen(name, mode);
-  if (file == nullptr) return 0;
-  written = static_cast<int>(fwrite(characters, 1, count, file));
-  const bool closed = fclose(file) == 0;
-  return closed && static_cast<size_t>(written) == count;
+  const auto write = [&](FILE* file) {
+    if (file == nullptr) return false;
+    written = static_cast<int>(fwrite(characters, 1, count, file));
+    const bool closed = fclose(file) == 0;
+    return closed && static_cast<size_t>(written) == count;
+  };
+  if (*mode != 'w') return write(fopen(name, mode));
+  DestinationFile target;
+  return target.Open(name) && write(streamOn(target.Handle(), mode)) && target.Commit();
 }

@@ -68,7 +68,7 @@ class ORVANE_API MFile : public CFile {
   // Writes a UTF-16 file, from its first character, into an 8-bit file as UTF-8 with CR LF at the
   // ends of lines. Surrogates are encoded one by one, so that what a broken file holds comes
   // through. 1; or 0 for an 8-bit file (wasUnicode is 0 then) and when something cannot be read or
-  // written: no part of the target is left then. nonAscii: whether any character is beyond ASCII.
+  // written: the target is as it was then. nonAscii: whether any character is beyond ASCII.
   int UnicodeToTextFile(const char* target, int& nonAscii, int& wasUnicode);
 
   // Whether an 8-bit file holds UTF-8 beyond ASCII: 1 when a lead byte with bytes that continue it
