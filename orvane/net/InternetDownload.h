@@ -42,7 +42,8 @@ class ORVANE_API InternetDownload : public MMultiOperation {
 
   // Fetches the URL. The path of the file, or an empty string: GetErrorStr says why. An answer of
   // the server that is not the file is an error, too: 12003 for its own troubles (status 5xx),
-  // 12028 for the other statuses that mean no success.
+  // 12028 for the other statuses that mean no success. Redirections are followed, up to 20, but not
+  // from https to http (12040).
   CString GetFile();
   // The file that is or was written; empty: none has been made yet.
   CString GetDestination() const;
@@ -85,7 +86,8 @@ class ORVANE_API InternetDownload : public MMultiOperation {
  private:
   int DownloadUrl();
   int InitUrl();
-  int WaitForCall();
+  int OpenUrl(const char* url, unsigned long start);
+  int WaitForCall(unsigned long milliseconds);
   int ReadOpenedUrl();
   bool WaitWhile(bool (*goesOn)(const InternetDownload&), unsigned long milliseconds);
   void GiveUpMadeDestination();

@@ -175,6 +175,18 @@ TEST(DownloadFails, ForWhatABadServerDoes) {
   }
 }
 
+// WinInet under Wine would go on for ever, also behind the operation's back.
+TEST(DownloadFails, ForRedirectionsInACircle) {
+  LoopbackServer server(
+      answer("HTTP/1.1 302 Found\r\nLocation: /file\r\nContent-Length: 0\r\n\r\n"));
+  const TempFolder folder;
+  TestDownload download(server.Url("file"), folder / "file");
+  EXPECT_STREQ("", download.GetFile());
+  EXPECT_EQ(ERROR_INTERNET_ITEM_NOT_FOUND, download.GetError());
+  Sleep(200);
+  EXPECT_EQ(21, server.Connections());
+}
+
 TEST(DownloadFails, ForWhatIsNoServer) {
   std::string gone;
   {

@@ -140,6 +140,8 @@ TEST(Stop, PressedInTheProgressWindow) {
     Stoppable download(url, folder / "file");
     download.SetNoGui(0);
     download.SetShowProgress(1);
+    const char* const expected =
+        url.ends_with("reading") ? "5% Completed - Progress" : "0% Completed - Progress";
     std::atomic<DWORD> pressed = 0;
     std::string caption;
     std::thread user([&] {
@@ -148,9 +150,12 @@ TEST(Stop, PressedInTheProgressWindow) {
         Sleep(50);
         window = FindWindowA("#32770", nullptr);
       }
-      Sleep(1300);  // the window's first look at the operation
       char text[100] = "";
-      GetWindowTextA(window, text, sizeof text);
+      for (int i = 0; i < 40 && strcmp(text, expected) != 0; ++i) {
+        Sleep(50);
+        GetWindowTextA(window, text, sizeof text);
+      }
+      Sleep(300);
       caption = text;
       pressed = GetTickCount();
       PostMessageA(window, WM_COMMAND, IDCANCEL, 0);
@@ -158,8 +163,7 @@ TEST(Stop, PressedInTheProgressWindow) {
     EXPECT_STREQ("", download.GetFile());
     user.join();
     EXPECT_LE(download.ended - pressed, kAtMost);
-    EXPECT_EQ(url.ends_with("reading") ? "5% Completed - Progress" : "0% Completed - Progress",
-              caption);
+    EXPECT_EQ(expected, caption);
     EXPECT_EQ(12017, download.GetError());
     DeleteTemporaryObjects();
     full.reset();
