@@ -182,6 +182,11 @@ int InternetDownload::WaitForCall(DWORD milliseconds) {
 
 // --- Reading ---
 
+int InternetDownload::CheckStatus() {
+  const DWORD error = errorOfStatus(m_transfer->HttpStatus().value_or(HTTP_STATUS_OK));
+  return error == 0 ? 1 : Fail(error);
+}
+
 void InternetDownload::StartRead() { m_transfer->StartRead(); }
 
 std::optional<InternetBlock> InternetDownload::FinishRead() {
@@ -193,7 +198,12 @@ std::optional<InternetBlock> InternetDownload::FinishRead() {
 
 std::optional<uint64_t> InternetDownload::AnswerLength() const { return m_transfer->Length(); }
 
-bool InternetDownload::AnswerIsWhole() { return m_transfer->IsWhole(); }
+int InternetDownload::CheckEnd(uint64_t received) {
+  const auto length = AnswerLength();
+  // No byte and no word about it: the answer has broken off in its head.
+  const bool isCut = length ? received != *length : received == 0 && !m_transfer->IsChunked();
+  return !isCut && m_transfer->IsWhole() ? 1 : Fail(ERROR_INTERNET_CONNECTION_ABORTED);
+}
 
 int InternetDownload::EnsureDestination() {
   if (!m_destination.IsEmpty()) return 1;
@@ -215,9 +225,7 @@ int InternetDownload::Fail(unsigned long error) {
 }
 
 int InternetDownload::ReadFile() {
-  const DWORD refused = errorOfStatus(m_transfer->HttpStatus().value_or(HTTP_STATUS_OK));
-  if (refused != 0) return Fail(refused);
-  if (EnsureDestination() == 0) return 0;
+  if (CheckStatus() == 0 || EnsureDestination() == 0) return 0;
   DestinationFile file;
   if (!file.Open(m_destination)) return Fail(GetLastError());
 
@@ -237,9 +245,7 @@ int InternetDownload::ReadFile() {
     if (!isWhole) StartRead();  // the next block comes in while this one is written
     if (!file.Write(block->bytes, size)) return Fail(GetLastError());
   }
-  // No byte and no word about it: the answer has broken off in its head.
-  const bool isCut = length ? received != *length : received == 0 && !m_transfer->IsChunked();
-  if (isCut || !AnswerIsWhole()) return Fail(ERROR_INTERNET_CONNECTION_ABORTED);
+  if (CheckEnd(received) == 0) return 0;
   return file.Commit() ? 1 : Fail(GetLastError());
 }
 

@@ -66,15 +66,20 @@ class ORVANE_API InternetDownload : public MMultiOperation {
   // else with it than to write it into the destination.
   virtual int ReadFile();
 
-  // For ReadFile. One read at a time: StartRead, then FinishRead, which waits for the block. It
-  // stays until the second StartRead from then. Null: the read has failed, or was stopped.
-  void StartRead();
-  std::optional<InternetBlock> FinishRead();
+  // For ReadFile.
+  // Whether the server has answered with what was asked for, not with a page about an error: 1, or
+  // 0 and the error.
+  int CheckStatus();
   // The length of the answer in bytes. None: the server has not said it.
   std::optional<uint64_t> AnswerLength() const;
-  // After the last block: whether the answer has not broken off. An answer of unknown length that
-  // ends with its connection cannot be told from one that has.
-  bool AnswerIsWhole();
+  // One read at a time: StartRead, then FinishRead, which waits for the block. It stays until the
+  // second StartRead from then. Null: the read has failed, or was stopped.
+  void StartRead();
+  std::optional<InternetBlock> FinishRead();
+  // After the last block: whether so many bytes are all of the answer: 1, or 0 and the error. An
+  // answer of unknown length that ends with its connection cannot be told from one that has broken
+  // off.
+  int CheckEnd(uint64_t received);
   // The destination, made where there was none. 0: the error says why not.
   int EnsureDestination();
   // Notes the error of a failure. Gives 0.

@@ -181,6 +181,7 @@ TEST(DownloadFails, ForRedirectionsInACircle) {
       answer("HTTP/1.1 302 Found\r\nLocation: /file\r\nContent-Length: 0\r\n\r\n"));
   const TempFolder folder;
   TestDownload download(server.Url("file"), folder / "file");
+  download.SetTimeOut(30, 1);
   EXPECT_STREQ("", download.GetFile());
   EXPECT_EQ(ERROR_INTERNET_ITEM_NOT_FOUND, download.GetError());
   Sleep(200);
