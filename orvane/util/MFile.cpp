@@ -70,13 +70,13 @@ bool replaceFile(const char* name, const char* bytes, size_t size) {
 
 // The system's words for an error, without the end of their sentence, which the message has itself.
 CString WordsFor(LONG error) {
-  char text[512] = "";
-  FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                 static_cast<DWORD>(error), MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), text,
-                 sizeof text, nullptr);
-  CString words(text);
-  words.TrimRight("\r\n .");
-  return words;
+  wchar_t text[512];
+  DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+                                static_cast<DWORD>(error),
+                                MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), text, 512, nullptr);
+  // Full stops of the languages that have another one, too.
+  while (length > 0 && wcschr(L"\r\n .\u3002\u0964", text[length - 1]) != nullptr) --length;
+  return CString(text, static_cast<int>(length));
 }
 
 }  // namespace
