@@ -4,9 +4,10 @@
 #include <limits>
 
 #include "diag/trace.h"
-#include "net/DestinationFile.h"
+#include "entry/DestinationFile.h"
 #include "net/InternetErrors.h"
 #include "net/InternetTransfer.h"
+#include "net/TemporaryFile.h"
 #include "ops/SysWaitCursor.h"
 #include "ops/mthread.h"
 #include "resources/resource.h"
@@ -227,7 +228,8 @@ int InternetDownload::Fail(unsigned long error) {
 int InternetDownload::ReadFile() {
   if (CheckStatus() == 0 || EnsureDestination() == 0) return 0;
   DestinationFile file;
-  if (!file.Open(m_destination)) return Fail(GetLastError());
+  if (!file.Open(m_destination, {.locks = false, .alwaysBeside = true}))
+    return Fail(GetLastError());
 
   const auto length = AnswerLength();
   uint64_t received = 0;

@@ -3,6 +3,7 @@
 import contextlib
 import hashlib
 import os
+import pathlib
 import random
 import signal
 import subprocess
@@ -24,7 +25,7 @@ LOST = "Error code = 12030"
 
 def unix_path(path):
     """Of a path on the drives of the project's Wine prefix."""
-    prefix = interop.ROOT / "build" / "wineprefix"
+    prefix = pathlib.Path(os.environ.get("WINEPREFIX", interop.ROOT / "build" / "wineprefix"))
     return prefix / "dosdevices" / path[:2].lower() / path[3:].replace("\\", "/")
 
 
@@ -127,7 +128,7 @@ def killed_at_any_moment(orv, folder):
 
 def an_uploaded_form(orv, folder):
     with serving(folder) as web:
-        for name in ("plain.zip", "100%s%n.zip", "ä ö.zip"):
+        for name in ("plain.zip", "100%s%n.zip", f"{interop.WORDS[0]}.zip"):
             (folder / name).write_bytes(BYTES)
             run(orv, "send", folder / name, web.address, "/page/upload").expect()
             head, payload = web.forms.pop()

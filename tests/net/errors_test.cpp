@@ -32,8 +32,8 @@ TEST(InternetErrors, TextAndRetry) {
     EXPECT_EQ(each.mayRetry, InternetDownload::MayRetry(each.code)) << each.code;
   }
   const CString system = InternetDownload::GetErrorDscr(ERROR_ACCESS_DENIED);
-  EXPECT_EQ(0, system.Find("Access")) << system;
-  EXPECT_NE(-1, system.Find("(Error code = 5)")) << system;
+  EXPECT_LT(4, system.Find("(Error code = 5)"))
+      << "the system's words, in its language: " << system;
 }
 
 TEST(InternetErrors, ANameThatIsNotResolvedMayBeACableThatIsNotPlugged) {
@@ -52,7 +52,6 @@ TEST(InternetErrors, ANameThatIsNotResolvedMayBeACableThatIsNotPlugged) {
   };
   const TempFolder folder;
   TestDownload download("http://no-such-host.invalid/x", folder / "file");
-  download.SetTimeOut(10, 10);
   EXPECT_STREQ("", download.GetFile());
   for (const auto& each : kCases) {
     SetMakerAddresses(nullptr, each.check.c_str(), nullptr);
