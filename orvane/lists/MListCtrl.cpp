@@ -5,7 +5,7 @@
 
 #include "diag/trace.h"
 #include "resources/resource.h"
-#include "settings/MString.h"
+#include "settings/MakerAddresses.h"
 
 BEGIN_MESSAGE_MAP(MListCtrl, CListCtrlEx)
 ON_WM_DESTROY()
@@ -34,9 +34,7 @@ constexpr char kDefaultProduct[] = "Brackwell Reports";
 
 MListCtrl::MListCtrl() : m_productName(kDefaultProduct) {
   m_map.AddSlot(true);  // kDescriptionSlot
-  MString url;
-  url.LoadString(IDS_PRODUCT_PAGE);
-  m_productUrl = url;
+  m_productUrl = MakerAddress(IDS_PRODUCT_PAGE);
 }
 
 // The window goes while the list is still whole, because its end saves the layout.

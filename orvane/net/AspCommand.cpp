@@ -115,10 +115,7 @@ int AspCommand::ReadData(std::string_view first, uint64_t received, bool isWhole
     if (!isWhole) StartRead();
     if (!file.Write(block->bytes, block->size)) return failOutput();
   }
-  if (received != AnswerLength().value_or(received) || !AnswerIsWhole()) {
-    Fail(ERROR_INTERNET_CONNECTION_ABORTED);
-    return fail("ClientFileSize");
-  }
+  if (CheckEnd(received) == 0) return fail("ClientFileSize");
   if (!file.Commit()) return failOutput();
   return Finish(StatusData, "Reply", kData.data());
 }

@@ -12,6 +12,7 @@
 #include "ops/mthread.h"
 #include "resources/resource.h"
 #include "settings/MString.h"
+#include "settings/MakerAddresses.h"
 
 namespace {
 
@@ -19,6 +20,7 @@ constexpr unsigned kWholeRange = std::numeric_limits<unsigned>::max();
 constexpr DWORD kFirstPause = 250, kLongestPause = 16000;  // milliseconds
 // In synchronous mode WinInet's own time-outs are all there is.
 constexpr InternetTransfer::TimeOuts kSynchronousTimeOuts = {30000, 30000};
+constexpr int kMostRedirections = 20;
 constexpr DWORD kForEver = std::numeric_limits<int>::max();
 
 CString textOf(UINT id, const char* fallback) {
@@ -30,6 +32,8 @@ CString textOf(UINT id, const char* fallback) {
 unsigned inRange(uint64_t bytes) {
   return static_cast<unsigned>(std::min<uint64_t>(bytes, kWholeRange));
 }
+
+bool isSecure(const char* url) { return _strnicmp(url, "https:", 6) == 0; }
 
 // The error that stands for a status of HTTP (RFC 9110, section 15); 0: the answer is the file.
 DWORD errorOfStatus(DWORD status) {
@@ -112,12 +116,28 @@ int InternetDownload::DownloadUrl() {
 
 int InternetDownload::InitUrl() {
   const SysWaitCursor cursor(0);
+  const DWORD start = GetTickCount();
+  CString url = m_url;
+  for (int redirections = 0; redirections <= kMostRedirections; ++redirections) {
+    if (OpenUrl(url, start) == 0) return 0;
+    const CString next = m_transfer->Redirection();
+    if (next.IsEmpty()) return 1;
+    TraceFunction::TraceEvent("Redirection", next);
+    if (isSecure(url) && !isSecure(next)) return Fail(ERROR_INTERNET_HTTPS_TO_HTTP_ON_REDIR);
+    url = next;
+  }
+  return Fail(ERROR_INTERNET_ITEM_NOT_FOUND);
+}
+
+// The time-out runs from the start: it is one for all redirections.
+int InternetDownload::OpenUrl(const char* url, DWORD start) {
   m_transfer = std::make_unique<InternetTransfer>(
-      m_url, HANDLE(m_stopEvent), m_async != 0,
+      url, HANDLE(m_stopEvent), m_async != 0,
       m_async != 0 ? InternetTransfer::TimeOuts{m_openTimeOut, m_readTimeOut}
                    : kSynchronousTimeOuts);
   m_transfer->StartOpen();
-  if (m_transfer->IsPending() && WaitForCall() == 0) return 0;
+  const DWORD left = m_openTimeOut - std::min(m_openTimeOut, GetTickCount() - start);
+  if (m_transfer->IsPending() && WaitForCall(left) == 0) return 0;
   return m_transfer->FinishOpen() ? 1 : Fail(m_transfer->Error());
 }
 
@@ -150,12 +170,11 @@ bool InternetDownload::WaitWhile(bool (*goesOn)(const InternetDownload&), DWORD 
   return false;
 }
 
-// Waits for the call that is under way: 1 it has come to its end, 0 it has not.
-int InternetDownload::WaitForCall() {
-  const DWORD timeOut = m_async == 0           ? kForEver
-                        : m_transfer->IsOpen() ? m_readTimeOut
-                                               : m_openTimeOut;
-  WaitWhile([](const InternetDownload& self) { return self.m_transfer->IsPending(); }, timeOut);
+// Waits for the call that is under way, for so long in asynchronous mode: 1 it has come to its end,
+// 0 it has not.
+int InternetDownload::WaitForCall(DWORD milliseconds) {
+  WaitWhile([](const InternetDownload& self) { return self.m_transfer->IsPending(); },
+            m_async != 0 ? milliseconds : kForEver);
   if (!m_transfer->IsPending()) return 1;
   Fail(m_aborted != 0 ? ERROR_INTERNET_OPERATION_CANCELLED : ERROR_INTERNET_TIMEOUT);
   TraceInternetError("InternetDownload::PostAsyncInetOperation", m_url, m_error);
@@ -164,10 +183,15 @@ int InternetDownload::WaitForCall() {
 
 // --- Reading ---
 
+int InternetDownload::CheckStatus() {
+  const DWORD error = errorOfStatus(m_transfer->HttpStatus().value_or(HTTP_STATUS_OK));
+  return error == 0 ? 1 : Fail(error);
+}
+
 void InternetDownload::StartRead() { m_transfer->StartRead(); }
 
 std::optional<InternetBlock> InternetDownload::FinishRead() {
-  if (m_transfer->IsPending() && WaitForCall() == 0) return std::nullopt;
+  if (m_transfer->IsPending() && WaitForCall(m_readTimeOut) == 0) return std::nullopt;
   const auto block = m_transfer->FinishRead();
   if (!block) Fail(m_transfer->Error());
   return block;
@@ -175,7 +199,12 @@ std::optional<InternetBlock> InternetDownload::FinishRead() {
 
 std::optional<uint64_t> InternetDownload::AnswerLength() const { return m_transfer->Length(); }
 
-bool InternetDownload::AnswerIsWhole() { return m_transfer->IsWhole(); }
+int InternetDownload::CheckEnd(uint64_t received) {
+  const auto length = AnswerLength();
+  // No byte and no word about it: the answer has broken off in its head.
+  const bool isCut = length ? received != *length : received == 0 && !m_transfer->IsChunked();
+  return !isCut && m_transfer->IsWhole() ? 1 : Fail(ERROR_INTERNET_CONNECTION_ABORTED);
+}
 
 int InternetDownload::EnsureDestination() {
   if (!m_destination.IsEmpty()) return 1;
@@ -197,9 +226,7 @@ int InternetDownload::Fail(unsigned long error) {
 }
 
 int InternetDownload::ReadFile() {
-  const DWORD refused = errorOfStatus(m_transfer->HttpStatus().value_or(HTTP_STATUS_OK));
-  if (refused != 0) return Fail(refused);
-  if (EnsureDestination() == 0) return 0;
+  if (CheckStatus() == 0 || EnsureDestination() == 0) return 0;
   DestinationFile file;
   if (!file.Open(m_destination, {.locks = false, .alwaysBeside = true}))
     return Fail(GetLastError());
@@ -220,9 +247,7 @@ int InternetDownload::ReadFile() {
     if (!isWhole) StartRead();  // the next block comes in while this one is written
     if (!file.Write(block->bytes, size)) return Fail(GetLastError());
   }
-  // No byte and no word about it: the answer has broken off in its head.
-  const bool isCut = length ? received != *length : received == 0 && !m_transfer->IsChunked();
-  if (isCut || !AnswerIsWhole()) return Fail(ERROR_INTERNET_CONNECTION_ABORTED);
+  if (CheckEnd(received) == 0) return 0;
   return file.Commit() ? 1 : Fail(GetLastError());
 }
 
@@ -233,8 +258,7 @@ int InternetDownload::GetError() const { return static_cast<int>(m_error); }
 CString InternetDownload::GetErrorStr() const {
   if (m_error == 0) return textOf(IDS_ABORTED_BY_USER, "Aborted by user");
   if (m_error == ERROR_INTERNET_NAME_NOT_RESOLVED &&
-      !InternetCheckConnectionA(textOf(IDS_CONNECTION_CHECK, "http://www.orvane.example"),
-                                FLAG_ICC_FORCE_CONNECTION, 0)) {
+      !InternetCheckConnectionA(MakerAddress(IDS_CONNECTION_CHECK), FLAG_ICC_FORCE_CONNECTION, 0)) {
     return textOf(IDS_NO_INTERNET,
                   "Cannot connect to the Internet. Please make sure the computer network cable is "
                   "plugged.");

@@ -42,7 +42,8 @@ class ORVANE_API InternetDownload : public MMultiOperation {
 
   // Fetches the URL. The path of the file, or an empty string: GetErrorStr says why. An answer of
   // the server that is not the file is an error, too: 12003 for its own troubles (status 5xx),
-  // 12028 for the other statuses that mean no success.
+  // 12028 for the other statuses that mean no success. Redirections are followed, up to 20, but not
+  // from https to http (12040).
   CString GetFile();
   // The file that is or was written; empty: none has been made yet.
   CString GetDestination() const;
@@ -65,15 +66,20 @@ class ORVANE_API InternetDownload : public MMultiOperation {
   // else with it than to write it into the destination.
   virtual int ReadFile();
 
-  // For ReadFile. One read at a time: StartRead, then FinishRead, which waits for the block. It
-  // stays until the second StartRead from then. Null: the read has failed, or was stopped.
-  void StartRead();
-  std::optional<InternetBlock> FinishRead();
+  // For ReadFile.
+  // Whether the server has answered with what was asked for, not with a page about an error: 1, or
+  // 0 and the error.
+  int CheckStatus();
   // The length of the answer in bytes. None: the server has not said it.
   std::optional<uint64_t> AnswerLength() const;
-  // After the last block: whether the answer has not broken off. An answer of unknown length that
-  // ends with its connection cannot be told from one that has.
-  bool AnswerIsWhole();
+  // One read at a time: StartRead, then FinishRead, which waits for the block. It stays until the
+  // second StartRead from then. Null: the read has failed, or was stopped.
+  void StartRead();
+  std::optional<InternetBlock> FinishRead();
+  // After the last block: whether so many bytes are all of the answer: 1, or 0 and the error. An
+  // answer of unknown length that ends with its connection cannot be told from one that has broken
+  // off.
+  int CheckEnd(uint64_t received);
   // The destination, made where there was none. 0: the error says why not.
   int EnsureDestination();
   // Notes the error of a failure. Gives 0.
@@ -85,7 +91,8 @@ class ORVANE_API InternetDownload : public MMultiOperation {
  private:
   int DownloadUrl();
   int InitUrl();
-  int WaitForCall();
+  int OpenUrl(const char* url, unsigned long start);
+  int WaitForCall(unsigned long milliseconds);
   int ReadOpenedUrl();
   bool WaitWhile(bool (*goesOn)(const InternetDownload&), unsigned long milliseconds);
   void GiveUpMadeDestination();

@@ -6,9 +6,12 @@
 std::optional<InternetExchange::Outcome> InternetExchange::Call() {
   DWORD_PTR result;
   if (pending == kOpening) {
+    // Redirections are the operation's: Wine would go round a circle of them for ever, even when
+    // everything is closed.
+    constexpr DWORD kFlags = INTERNET_FLAG_NO_CACHE_WRITE | INTERNET_FLAG_PRAGMA_NOCACHE |
+                             INTERNET_FLAG_NO_AUTO_REDIRECT;
     result = reinterpret_cast<DWORD_PTR>(
-        InternetOpenUrlA(session.get(), url.c_str(), nullptr, 0,
-                         INTERNET_FLAG_NO_CACHE_WRITE | INTERNET_FLAG_PRAGMA_NOCACHE, context));
+        InternetOpenUrlA(session.get(), url.c_str(), nullptr, 0, kFlags, context));
   } else {
     Buffer& block = buffers[buffer];
     block.record = {};

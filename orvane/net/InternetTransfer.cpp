@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr DWORD kPermanentRedirect = 308;  // RFC 9110, section 15.4.9
+
 // WinInet gives up so much later than the operation, whose word it is that counts.
 constexpr DWORD kLater = 2000;
 
@@ -139,9 +141,9 @@ std::optional<InternetBlock> InternetTransfer::FinishRead() {
 
 // --- About the answer ---
 
-// Empty: the answer does not have it.
+// Empty: the answer does not have it, or it is too long to be what is asked for here.
 CString InternetTransfer::Header(DWORD which) const {
-  char text[64];
+  char text[INTERNET_MAX_URL_LENGTH];
   DWORD size = sizeof text;
   return HttpQueryInfoA(Handle(), which, text, &size, nullptr) ? CString(text) : CString();
 }
@@ -163,6 +165,25 @@ std::optional<DWORD> InternetTransfer::HttpStatus() const {
                         nullptr)
              ? std::optional(status)
              : std::nullopt;
+}
+
+CString InternetTransfer::Redirection() const {
+  switch (HttpStatus().value_or(0)) {
+    case HTTP_STATUS_MOVED:
+    case HTTP_STATUS_REDIRECT:
+    case HTTP_STATUS_REDIRECT_METHOD:
+    case HTTP_STATUS_REDIRECT_KEEP_VERB:
+    case kPermanentRedirect:
+      break;
+    default:
+      return CString();
+  }
+  const CString location = Header(HTTP_QUERY_LOCATION);
+  if (location.IsEmpty()) return CString();
+  char url[INTERNET_MAX_URL_LENGTH];
+  DWORD size = sizeof url;
+  return InternetCombineUrlA(m_exchange->url.c_str(), location, url, &size, 0) ? CString(url)
+                                                                               : CString();
 }
 
 bool InternetTransfer::IsChunked() const {

@@ -50,6 +50,8 @@ class InternetTransfer {
   // About the answer, after the opening. None: the server has not said so.
   std::optional<uint64_t> Length() const;
   std::optional<DWORD> HttpStatus() const;
+  // The URL that the server points to instead of an answer; empty: none.
+  CString Redirection() const;
   // Whether the answer says itself where it ends.
   bool IsChunked() const;
 

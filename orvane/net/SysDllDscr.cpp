@@ -7,7 +7,7 @@
 #include "diag/trace.h"
 #include "net/InternetDownload.h"
 #include "resources/resource.h"
-#include "settings/MString.h"
+#include "settings/MakerAddresses.h"
 #include "zip/ZipFiles.h"
 
 namespace {
@@ -138,8 +138,8 @@ void SysDllDescriptor::TestLibFiles(CString& line, int& ok) {
 // --- Fetching them ---
 
 int SysDllDescriptor::DownloadLibs(const char* folder, CString& error, CString& url) {
-  MString server;
-  VERIFY(server.LoadString(IDS_DOWNLOAD_SERVER));
+  CString server = MakerAddress(IDS_DOWNLOAD_SERVER);
+  server.TrimRight('/');
   url = server + kArchive;
   error = "Unknown";
   InternetDownload download(url, "", 1);

@@ -3,6 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include "net/TestDownload.h"
+#include "settings/MakerAddresses.h"
+#include "support/LoopbackServer.h"
+#include "support/TempFolder.h"
+
 TEST(InternetErrors, TextAndRetry) {
   const struct {
     int code;
@@ -27,6 +32,30 @@ TEST(InternetErrors, TextAndRetry) {
     EXPECT_EQ(each.mayRetry, InternetDownload::MayRetry(each.code)) << each.code;
   }
   const CString system = InternetDownload::GetErrorDscr(ERROR_ACCESS_DENIED);
-  EXPECT_EQ(0, system.Find("Access")) << system;
-  EXPECT_NE(-1, system.Find("(Error code = 5)")) << system;
+  EXPECT_LT(4, system.Find("(Error code = 5)"))
+      << "the system's words, in its language: " << system;
+}
+
+TEST(InternetErrors, ANameThatIsNotResolvedMayBeACableThatIsNotPlugged) {
+  LoopbackServer server([](LoopbackConnection& client) {
+    if (client.ReadRequest()) client.SendReply("here");
+  });
+  const struct {
+    std::string check;
+    const char* text;
+  } kCases[] = {
+      {server.Url(""),
+       "Internet connection failed! (Error code = 12007)\n"
+       "Error: The server name could not be resolved."},
+      {"http://no-such-host.invalid/",
+       "Cannot connect to the Internet. Please make sure the computer network cable is plugged."},
+  };
+  const TempFolder folder;
+  TestDownload download("http://no-such-host.invalid/x", folder / "file");
+  EXPECT_STREQ("", download.GetFile());
+  for (const auto& each : kCases) {
+    SetMakerAddresses(nullptr, each.check.c_str(), nullptr);
+    EXPECT_STREQ(each.text, download.GetErrorStr());
+  }
+  SetMakerAddresses(nullptr, nullptr, nullptr);
 }

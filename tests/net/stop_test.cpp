@@ -3,8 +3,9 @@
 
 #include "net/InternetDownload.h"
 
+#include <algorithm>
 #include <atomic>
-#include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -85,45 +86,57 @@ void serveSlowly(LoopbackConnection& client) {
   }
 }
 
-}  // namespace
+// Gives, for an object of that server, or a connection that does not come about, the milliseconds
+// from Stop to the end of the work. A busy machine may be late by itself; a wait that Stop does not
+// end is late each time.
+template <class Run>
+void ExpectStopAtOnce(const LoopbackServer& server, const std::string& object, Run run) {
+  SCOPED_TRACE(object);
+  DWORD best = INFINITE;
+  for (int tries = 0; tries < 3 && best > kAtMost; ++tries) {
+    std::optional<FullPort> full;
+    if (object == "connecting") full.emplace();
+    const TempFolder folder;
+    folder.Write("file", "old");
+    best = std::min(best, run(full ? full->Url() : server.Url(object), folder / "file"));
+    EXPECT_EQ("old", folder.Read("file"));
+  }
+  EXPECT_LE(best, kAtMost) << "milliseconds";
+}
 
 class StopMode : public testing::TestWithParam<int> {};
 
+}  // namespace
+
 TEST_P(StopMode, EndsEveryWaitAtOnce) {
-  auto full = std::make_unique<FullPort>();
   LoopbackServer server(serveSlowly);
   const struct {
-    std::string url;
+    const char* object;
     DWORD after;
     int error;  // 0: of any kind, or none: the moment decides
   } kCases[] = {
-      {full->Url(), 300, 12017},           {server.Url("waiting"), 300, 12017},
-      {server.Url("reading"), 300, 12017}, {server.Url("endless"), 300, 0},
-      {server.Url("pausing"), 900, 0},
+      {"connecting", 300, 12017}, {"waiting", 300, 12017}, {"reading", 300, 12017},
+      {"endless", 300, 0},        {"pausing", 900, 0},
   };
   for (const auto& each : kCases) {
-    SCOPED_TRACE(each.url);
-    const TempFolder folder;
-    folder.Write("file", "old");
-    Stoppable download(each.url, folder / "file", GetParam());
-    DWORD stopped = 0;
-    std::thread stopper([&] {
-      Sleep(each.after);
-      stopped = GetTickCount();
-      download.StopLoop();
+    ExpectStopAtOnce(server, each.object, [&](const std::string& url, const std::string& path) {
+      Stoppable download(url, path, GetParam());
+      DWORD stopped = 0;
+      std::thread stopper([&] {
+        Sleep(each.after);
+        stopped = GetTickCount();
+        download.StopLoop();
+      });
+      const int before = server.Connections();
+      EXPECT_STREQ("", download.GetFile());
+      stopper.join();
+      EXPECT_TRUE(download.wasAborted());
+      if (each.error != 0) {
+        EXPECT_EQ(each.error, download.GetError());
+        EXPECT_LE(server.Connections(), before + 1) << "a further attempt";
+      }
+      return download.ended - stopped;
     });
-    const int before = server.Connections();
-    EXPECT_STREQ("", download.GetFile());
-    stopper.join();
-    EXPECT_GE(download.ended, stopped);
-    EXPECT_LE(download.ended - stopped, kAtMost);
-    EXPECT_TRUE(download.wasAborted());
-    if (each.error != 0) {
-      EXPECT_EQ(each.error, download.GetError());
-      EXPECT_LE(server.Connections(), before + 1) << "a further attempt";
-    }
-    EXPECT_EQ("old", folder.Read("file"));
-    full.reset();  // the system, too, stops connecting now
   }
 }
 INSTANTIATE_TEST_SUITE_P(Synchronous, StopMode, testing::Values(0));
@@ -131,37 +144,39 @@ INSTANTIATE_TEST_SUITE_P(Asynchronous, StopMode, testing::Values(1));
 
 // A user who presses the button in the real window.
 TEST(Stop, PressedInTheProgressWindow) {
-  auto full = std::make_unique<FullPort>();
   LoopbackServer server(serveSlowly);
-  for (const std::string& url : {full->Url(), server.Url("waiting"), server.Url("reading")}) {
-    SCOPED_TRACE(url);
-    const watchdog::ExpectWindows windows;
-    const TempFolder folder;
-    Stoppable download(url, folder / "file");
-    download.SetNoGui(0);
-    download.SetShowProgress(1);
-    std::atomic<DWORD> pressed = 0;
-    std::string caption;
-    std::thread user([&] {
-      HWND window = nullptr;
-      for (int i = 0; i < 100 && window == nullptr; ++i) {
-        Sleep(50);
-        window = FindWindowA("#32770", nullptr);
-      }
-      Sleep(1300);  // the window's first look at the operation
-      char text[100] = "";
-      GetWindowTextA(window, text, sizeof text);
-      caption = text;
-      pressed = GetTickCount();
-      PostMessageA(window, WM_COMMAND, IDCANCEL, 0);
+  for (const std::string object : {"connecting", "waiting", "reading"}) {
+    const std::string expected =
+        object == "reading" ? "5% Completed - Progress" : "0% Completed - Progress";
+    ExpectStopAtOnce(server, object, [&](const std::string& url, const std::string& path) {
+      const watchdog::ExpectWindows windows;
+      Stoppable download(url, path);
+      download.SetNoGui(0);
+      download.SetShowProgress(1);
+      DWORD pressed = 0;
+      std::string caption;
+      std::thread user([&] {
+        HWND window = nullptr;
+        for (int i = 0; i < 100 && window == nullptr; ++i) {
+          Sleep(50);
+          window = FindWindowA("#32770", nullptr);
+        }
+        for (int i = 0; i < 100 && caption != expected; ++i) {
+          Sleep(50);
+          char text[100] = "";
+          GetWindowTextA(window, text, sizeof text);
+          caption = text;
+        }
+        Sleep(300);
+        pressed = GetTickCount();
+        PostMessageA(window, WM_COMMAND, IDCANCEL, 0);
+      });
+      EXPECT_STREQ("", download.GetFile());
+      user.join();
+      EXPECT_EQ(expected, caption);
+      EXPECT_EQ(12017, download.GetError());
+      DeleteTemporaryObjects();
+      return download.ended - pressed;
     });
-    EXPECT_STREQ("", download.GetFile());
-    user.join();
-    EXPECT_LE(download.ended - pressed, kAtMost);
-    EXPECT_EQ(url.ends_with("reading") ? "5% Completed - Progress" : "0% Completed - Progress",
-              caption);
-    EXPECT_EQ(12017, download.GetError());
-    DeleteTemporaryObjects();
-    full.reset();
   }
 }

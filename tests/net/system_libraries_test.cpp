@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "diag/trace.h"
+#include "settings/MakerAddresses.h"
 #include "support/AssertionLog.h"
 #include "support/LoopbackServer.h"
 #include "support/TempFolder.h"
@@ -13,51 +14,13 @@
 
 namespace {
 
-// While one exists, a server of the test is the user's proxy: it is asked for everything.
-class Proxy {
+// While one exists, a server of the test is the maker's, from which things are downloaded.
+class Maker {
  public:
-  explicit Proxy(const LoopbackServer& server) {
-    const DWORD enabled = 1;
-    const std::string address = server.HostAndPort();
-    RegOpenKeyExA(HKEY_CURRENT_USER,
-                  "Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings", 0,
-                  KEY_ALL_ACCESS, &m_key);
-    m_wasEnabled = Read("ProxyEnable");
-    m_before = Read("ProxyServer");
-    Write("ProxyEnable", {REG_DWORD, std::string(reinterpret_cast<const char*>(&enabled), 4)});
-    Write("ProxyServer", {REG_SZ, address + std::string(1, 0)});
+  explicit Maker(const LoopbackServer& server) {
+    SetMakerAddresses(nullptr, nullptr, server.Url("").c_str());
   }
-  ~Proxy() {
-    Write("ProxyEnable", m_wasEnabled);
-    Write("ProxyServer", m_before);
-    RegCloseKey(m_key);
-  }
-
- private:
-  struct Value {
-    DWORD type = REG_NONE;  // there is none
-    std::string bytes;
-  };
-
-  Value Read(const char* name) const {
-    Value value = {REG_NONE, std::string(1000, 0)};
-    DWORD size = 1000;
-    RegQueryValueExA(m_key, name, nullptr, &value.type, reinterpret_cast<BYTE*>(value.bytes.data()),
-                     &size);
-    value.bytes.resize(size);
-    return value;
-  }
-  void Write(const char* name, const Value& value) const {
-    if (value.type == REG_NONE) {
-      RegDeleteValueA(m_key, name);
-    } else {
-      RegSetValueExA(m_key, name, 0, value.type, reinterpret_cast<const BYTE*>(value.bytes.data()),
-                     static_cast<DWORD>(value.bytes.size()));
-    }
-  }
-
-  HKEY m_key = nullptr;
-  Value m_wasEnabled, m_before;
+  ~Maker() { SetMakerAddresses(nullptr, nullptr, nullptr); }
 };
 
 class NoWindows {
@@ -144,12 +107,12 @@ TEST(SystemLibraries, AreFetchedAndUnpacked) {
     asked = client.Object();
     client.SendReply(answer);
   });
-  const Proxy proxy(server);
+  const Maker maker(server);
   std::filesystem::create_directory(folder / "out");
   CString error, url;
   EXPECT_EQ(1, SysDllDescriptor::DownloadLibs((folder / "out").c_str(), error, url)) << error;
-  EXPECT_STREQ("http://www.orvane.example/ftp/mslibs.zip", url);
-  EXPECT_TRUE(asked.ends_with("/ftp/mslibs.zip")) << asked;
+  EXPECT_EQ(server.Url("ftp/mslibs.zip"), std::string(url));
+  EXPECT_EQ("/ftp/mslibs.zip", asked);
   EXPECT_EQ("a library", folder.Read("out\\MFC42.dll"));
   EXPECT_EQ("text", folder.Read("out\\sub\\readme.txt"));
 
@@ -166,7 +129,7 @@ TEST(SystemLibraries, ThatCannotBeFetchedAreAnErrorOfTheDownload) {
   LoopbackServer server([&](LoopbackConnection& client) {
     if (client.ReadRequest()) client.SendReply("no", "404 Not Found");
   });
-  const Proxy proxy(server);
+  const Maker maker(server);
   CString error, url;
   EXPECT_EQ(0, SysDllDescriptor::DownloadLibs("c:\\", error, url));
   EXPECT_STREQ(

@@ -65,12 +65,11 @@ TEST(Thread, StopInAPause) {
 TEST(Thread, TimeRunsOut) {
   Calls slow, slower;
   slow.duration = 1300;
-  slower.duration = 1500;
+  slower.duration = 3500;
   EXPECT_EQ((new MThread(&call, &slow))->ActivateThreadAndWait(1), 0);
   EXPECT_EQ((new MThread(&call, &slower))->ActivateThreadAndWait(1), 0);
-  EXPECT_EQ(slow.count, 1);
   EXPECT_EQ(slower.count, 0);
-  while (slower.count == 0) ::Sleep(5);
+  while (slow.count == 0 || slower.count == 0) ::Sleep(5);
 }
 
 TEST(Thread, WaitsServeWindows) {

@@ -16,22 +16,28 @@ namespace {
 
 constexpr unsigned kSecondsPerTest = 120;
 constexpr unsigned kSecondsPerLongTest = 3600;
-constexpr DWORD kHandleWaitMilliseconds = 1000;
-// Idle threads of the system's pool end some seconds later.
-constexpr DWORD kLongHandleWaitMilliseconds = 10000;
+constexpr DWORD kFirstWaitMilliseconds = 1000;
+constexpr DWORD kSecondWaitMilliseconds = 20000;
 
 std::string FullName(const testing::TestInfo& test) {
   return std::string(test.test_suite_name()) + "." + test.name();
 }
 
-// The handles that are open beyond so many. A thread that has ended gives its own back a moment
-// later.
-unsigned HandlesBeyond(unsigned expected, DWORD milliseconds) {
+struct Kept {
+  unsigned handles;
+  size_t blocks;
+};
+
+// What is there beyond so much. Threads that are ending give back what they have a moment later,
+// which on a busy machine can be long.
+Kept KeptBeyond(unsigned handles, size_t blocks, DWORD milliseconds) {
   const DWORD start = GetTickCount();
   for (;;) {
-    const unsigned handles = allocations::OpenHandles();
-    if (handles <= expected) return 0;
-    if (GetTickCount() - start > milliseconds) return handles - expected;
+    const unsigned open = allocations::OpenHandles();
+    const size_t live = allocations::Count().blocks;
+    const Kept kept = {open > handles ? open - handles : 0, live > blocks ? live - blocks : 0};
+    const bool isNothing = kept.handles == 0 && kept.blocks == 0;
+    if (isNothing || GetTickCount() - start > milliseconds) return kept;
     Sleep(5);
   }
 }
@@ -53,12 +59,11 @@ class Guard : public testing::EmptyTestEventListener {
     watchdog::Watch(m_name.c_str());
     allocations::TakeDamage();
     m_handles = allocations::OpenHandles();
-    m_live = allocations::Count();
+    m_blocks = allocations::Count().blocks;
     m_mark = allocations::Mark();
   }
 
   void OnTestEnd(const testing::TestInfo& test) override {
-    const allocations::Live live = allocations::Count();
     watchdog::Watch(nullptr);
     const std::string windows = watchdog::TakeStrayWindows();
     if (!windows.empty()) ADD_FAILURE() << "windows that no one asked for:\n" << windows;
@@ -66,23 +71,22 @@ class Guard : public testing::EmptyTestEventListener {
     if (!damage.empty()) ADD_FAILURE() << damage;
     // The messages of a failed test are kept; a failure is enough to look at.
     if (test.result()->Failed()) return;
-    const unsigned handles = HandlesBeyond(
-        m_handles, m_isSecondRun ? kLongHandleWaitMilliseconds : kHandleWaitMilliseconds);
-    if (live.blocks <= m_live.blocks && handles == 0) return;
+    const Kept kept = KeptBeyond(m_handles, m_blocks,
+                                 m_isSecondRun ? kSecondWaitMilliseconds : kFirstWaitMilliseconds);
+    if (kept.handles == 0 && kept.blocks == 0) return;
     if (!m_isSecondRun) {
       m_suspects += (m_suspects.empty() ? "" : ":") + FullName(test);
-    } else if (handles > 0) {
-      ADD_FAILURE() << handles << " handles leaked";
+    } else if (kept.handles > 0) {
+      ADD_FAILURE() << kept.handles << " handles leaked";
     } else {
-      ADD_FAILURE() << live.blocks - m_live.blocks << " blocks leaked:\n"
-                    << allocations::DescribeSince(m_mark);
+      ADD_FAILURE() << kept.blocks << " blocks leaked:\n" << allocations::DescribeSince(m_mark);
     }
   }
 
   std::string m_name;
   std::string m_suspects;
   bool m_isSecondRun = false;
-  allocations::Live m_live = {0, 0};
+  size_t m_blocks = 0;
   unsigned m_mark = 0;
   unsigned m_handles = 0;
 };
