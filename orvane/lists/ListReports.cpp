@@ -1,6 +1,8 @@
 // Reports of a list: from the command to the report.
+#include "lists/LastReport.h"
 #include "lists/MListCtrl.h"
 #include "lists/ReportCommand.h"
+#include "lists/ReportDialog.h"
 #include "lists/ReportOperation.h"
 #include "markup/NoException.h"
 #include "messages/message.h"
@@ -15,7 +17,8 @@ int MListCtrl::DoReport(const char* command) {
       if (!settings.isQuiet) Message::DisplayErrorMessage(IDS_REPORT_COMMAND_ERROR, wrong);
       return 0;
     }
-    if (!hasCommand) return 0;  // and no window, in which the user could choose
-    return ReportOperation(*this, settings).Generate();
+    if (m_hWnd == nullptr) return hasCommand ? ReportOperation(*this, settings).Generate() : 0;
+    if (!hasCommand) LoadLastReport(*this, settings);
+    return RunReportDialog(*this, settings, !hasCommand);
   });
 }
