@@ -319,9 +319,9 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   //   Q  no message and no progress window: the result alone tells
   //
   // A list without a window makes the report at once. When it has one, the user chooses in a dialog
-  // that begins with what the command says; null or empty, with or without a window: one that begins
-  // with what was chosen last, and offers a preview. 1 written; 0: the command has an error, or no
-  // report was written, which the user was told, and what stood in the file is there still.
+  // that begins with what the command says; null or empty, with or without a window: one that
+  // begins with what was chosen last, and offers a preview. 1 written; 0: the command has an error,
+  // or no report was written, which the user was told, and what stood in the file is there still.
   //
   // The list is not to be changed meanwhile.
   int DoReport(const char* command = nullptr);

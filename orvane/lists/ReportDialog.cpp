@@ -255,6 +255,10 @@ void ReportDialog::OnPreview() {
 
 void ReportDialog::OnMakeReport() {
   UpdateData();
+  if (m_settings.columns.empty()) {  // no need to choose a file first
+    Message::DisplayErrorMessage(IDS_REPORT_NO_FIELD);
+    return;
+  }
   const CString file = AskForFile(SuggestedFile());
   if (file.IsEmpty()) return;
   m_settings.outputFile = file;

@@ -54,6 +54,19 @@ class Driver {
   static Step Close() {
     return [](HWND window) { ::PostMessage(window, WM_SYSCOMMAND, SC_CLOSE, 0); };
   }
+  // Waits for a window with a control whose text has a part: one without owner does not keep the
+  // user from the window before it.
+  static Step UntilShown(const char* part) {
+    return [part](HWND window) {
+      for (HWND child = ::GetWindow(window, GW_CHILD); child != nullptr;
+           child = ::GetWindow(child, GW_HWNDNEXT))
+        if (TextOf(child).find(part) != std::string::npos) return;
+      if (++s_driver->m_ticks < kTicksToEnd)
+        --s_driver->m_next;
+      else
+        ADD_FAILURE() << "not shown: " << part;
+    };
+  }
 
   static std::string TextOf(HWND window) {
     char text[4096] = "";

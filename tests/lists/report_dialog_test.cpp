@@ -1,7 +1,6 @@
 // The report dialog and what it opens, as the user sees and uses them.
 #include "lists/ReportDialog.h"
 
-#include <commdlg.h>
 #include <dlgs.h>
 
 #include <set>
@@ -13,6 +12,7 @@
 #include "lists/report_dialogs_ids.h"
 #include "settings/RegistryUtil.h"
 #include "support/RegistrySubtree.h"
+#include "support/RunProgram.h"
 #include "support/TempFolder.h"
 #include "util/pathutils.h"
 
@@ -386,34 +386,18 @@ TEST_F(ReportDialogTest, StaysAwayWhereNoDialogMayBeShown) {
   AssertVerifyTrace::BlockGuiMessages(0);
 }
 
-// Nothing made up: from the command to the file, by way of the system's file dialog.
-TEST_F(ReportDialogTest, WritesTheFileThatTheUserNames) {
-  const TempFolder folder;
+TEST_F(ReportDialogTest, BeginsWithTheCommandWhereTheListHasAWindow) {
+  const watchdog::ExpectWindows windows;
   CWnd parent;
   parent.CreateEx(0, AfxRegisterWndClass(0), "List", WS_POPUP | WS_VISIBLE, 0, 0, 400, 300, nullptr,
                   nullptr);
-  ASSERT_TRUE(
-      m_list.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 400, 300), &parent, 1));
-  m_list.Add(1, "second", 1);
-  m_list.Add(2, "first", 2);
-  const std::string file = folder / "made.txt";
-  const auto isFileDialog = [](HWND window) { return GetDlgItem(window, cmb13) != nullptr; };
+  ASSERT_TRUE(m_list.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 400, 300), &parent, 1));
   {
     Driver driver({
         [](HWND window) {
           EXPECT_TRUE(IsDlgButtonChecked(window, IDC_FORMAT_TEXT));
           EXPECT_EQ(SendDlgItemMessage(window, IDC_REPORT_TITLES, LB_GETCOUNT, 0, 0), 2);
-          EXPECT_FALSE(isShown(window, IDC_PREVIEW)) << "there is a command";
-        },
-        Driver::Click(IDC_MAKE_REPORT),
-        [&](HWND window) {
-          ASSERT_TRUE(isFileDialog(window)) << Driver::TextOf(window);
-          SetDlgItemText(window, cmb13, file.c_str());
-        },
-        Driver::Click(IDOK),
-        [](HWND window) {
-          EXPECT_NE(Driver::TextOf(GetDlgItem(window, IDC_REPORT_DONE)).find("made.txt"),
-                    std::string::npos);
+          EXPECT_FALSE(isShown(window, IDC_PREVIEW));
         },
         // Without a column there is nothing to write.
         Driver::Click(IDC_SELECT_COLUMNS),
@@ -422,24 +406,53 @@ TEST_F(ReportDialogTest, WritesTheFileThatTheUserNames) {
         pressInRows(VK_SPACE),
         Driver::Click(IDOK),
         Driver::Click(IDC_MAKE_REPORT),
-        [&](HWND window) { SetDlgItemText(window, cmb13, (folder / "none.txt").c_str()); },
-        Driver::Click(IDOK),
-        [](HWND window) {
-          std::string texts;
-          for (HWND child = GetWindow(window, GW_CHILD); child != nullptr;
-               child = GetWindow(child, GW_HWNDNEXT))
-            texts += Driver::TextOf(child);
-          EXPECT_NE(texts.find("Please include at least one field in report."), std::string::npos);
-        },
+        Driver::UntilShown("Please include at least one field in report."),
         Driver::Press(VK_RETURN),
         Driver::Press(VK_ESCAPE),
     });
-    EXPECT_EQ(m_list.DoReport("C:01 S:0 R:A"), 1);
+    EXPECT_EQ(m_list.DoReport("C:01 S:0 R:A"), 0);
   }
-  const std::string text = folder.ReadFile("made.txt");
-  const size_t first = text.find("first"), second = text.find("second");
+  {
+    Driver driver(
+        {[](HWND window) { EXPECT_TRUE(isShown(window, IDC_PREVIEW)); }, Driver::Press(VK_ESCAPE)});
+    EXPECT_EQ(m_list.DoReport(), 0);
+  }
+  parent.DestroyWindow();
+}
+
+namespace {
+
+// A dialog of another process, as soon as it is there and can be used.
+HWND otherDialog(const char* title) {
+  for (int i = 0; i < 500; ++i, Sleep(10)) {
+    const HWND window = FindWindow("#32770", title);
+    if (window != nullptr && IsWindowVisible(window) && IsWindowEnabled(window)) return window;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+// Nothing made up: by way of the system's file dialog to the file, in a program of its own.
+TEST_F(ReportDialogTest, WritesTheFileThatTheUserNames) {
+  const TempFolder folder;
+  const std::string file = folder / "made.txt";
+  StartedProgram host("list_host.exe show report");
+  const HWND dialog = otherDialog("Report");
+  ASSERT_NE(dialog, nullptr);
+  SendDlgItemMessage(dialog, IDC_FORMAT_TEXT, BM_CLICK, 0, 0);
+  PostMessage(GetDlgItem(dialog, IDC_MAKE_REPORT), BM_CLICK, 0, 0);
+  const HWND fileDialog = otherDialog("Save As");
+  ASSERT_NE(fileDialog, nullptr);
+  SendDlgItemMessage(fileDialog, cmb13, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file.c_str()));
+  PostMessage(GetDlgItem(fileDialog, IDOK), BM_CLICK, 0, 0);
+  for (int i = 0; i < 500 && Driver::TextOf(GetDlgItem(dialog, IDC_REPORT_DONE)).empty(); ++i)
+    Sleep(10);
+  ASSERT_EQ(otherDialog("Report"), dialog);
+  PostMessage(dialog, WM_CLOSE, 0, 0);
+  EXPECT_EQ(host.Wait(), 0u);
+  const std::string text = folder.Read("made.txt");
+  const size_t first = text.find("chapter 2.txt"), second = text.find("contents.txt");
   EXPECT_LT(first, second);
   EXPECT_LT(second, text.size());
-  EXPECT_FALSE(folder.Exists("none.txt"));
-  parent.DestroyWindow();
 }

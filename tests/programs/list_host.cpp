@@ -141,7 +141,7 @@ int buttonToPress = 0;
 
 void CALLBACK activateDialog(HWND, UINT, UINT_PTR timer, DWORD) {
   const HWND dialog = GetActiveWindow();
-  if (dialog == nullptr) return;
+  if (dialog == nullptr || !IsWindowVisible(dialog)) return;
   KillTimer(nullptr, timer);
   SetForegroundWindow(dialog);
   PostMessage(GetDlgItem(dialog, buttonToPress), BM_CLICK, 0, 0);
