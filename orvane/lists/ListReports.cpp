@@ -17,8 +17,8 @@ int MListCtrl::DoReport(const char* command) {
       if (!settings.isQuiet) Message::DisplayErrorMessage(IDS_REPORT_COMMAND_ERROR, wrong);
       return 0;
     }
-    if (m_hWnd == nullptr) return hasCommand ? ReportOperation(*this, settings).Generate() : 0;
     if (!hasCommand) LoadLastReport(*this, settings);
+    if (hasCommand && m_hWnd == nullptr) return ReportOperation(*this, settings).Generate();
     return RunReportDialog(*this, settings, !hasCommand);
   });
 }

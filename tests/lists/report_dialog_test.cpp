@@ -382,7 +382,8 @@ TEST_F(ReportDialogTest, BeginsWithWhatTheLastOneEndedWith) {
 
 TEST_F(ReportDialogTest, StaysAwayWhereNoDialogMayBeShown) {
   AssertVerifyTrace::BlockGuiMessages(1);
-  EXPECT_EQ(RunReportDialog(m_list, m_settings, true), 0);
+  EXPECT_EQ(m_list.DoReport(), 0);
+  EXPECT_EQ(m_list.DoReport(""), 0);
   AssertVerifyTrace::BlockGuiMessages(0);
 }
 
