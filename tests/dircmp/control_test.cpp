@@ -181,6 +181,7 @@ TEST_F(ControlTest, OpensAndAnalyses) {
     EXPECT_TRUE(each.opened.empty());
   }
   EXPECT_EQ(str(list.GetTitle("old", left.c_str())), titles[0]);
+  EXPECT_EQ(str(list.GetTitle("other", right.c_str())), "other->\\sub\\Changed.CPP");
   EXPECT_EQ(str(list.GetTitle("old", "C:\\else")), "C:\\else");
 }
 
