@@ -126,6 +126,7 @@ class ConsoleList : public DirCmpCtrl {
 
  protected:
   int RunOperation(MMultiOperation& operation) override { return ::RunOperation(operation); }
+  int RunPagesOperation(MMultiOperation& operation) override { return ::RunOperation(operation); }
   void Progress(unsigned done, unsigned all) override { ShowProgress(m_verb, done, all); }
 
  private:

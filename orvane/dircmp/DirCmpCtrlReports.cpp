@@ -11,6 +11,7 @@
 namespace {
 
 constexpr char kFolderEnd[] = "_files";
+constexpr size_t kPagesWithoutWindow = 20;
 
 CompareOptions optionsOf(const DirCmpPrm& prm) {
   return {.ignoreCase = prm.m_ignoreCase != 0, .whiteSpaceMode = prm.m_whiteSpaceMode};
@@ -40,6 +41,10 @@ int DirCmpCtrl::ConfigureReports(CWnd* owner) {
   SetReportPages(dialog.Settings());
   return 1;
 }
+
+// Few pages are written in a moment, under a busy cursor. Otherwise the window is up at once, so
+// that nobody can start another report meanwhile.
+int DirCmpCtrl::RunPagesOperation(MMultiOperation& operation) { return operation.DoOperation(1); }
 
 int DirCmpCtrl::GenerateHlReport(const HlReportRun& run, CString& note) {
   m_report.reset();
@@ -87,7 +92,8 @@ int DirCmpCtrl::WritePages(const HlReportRun& run, CString& note) {
   HyperLinkReportOp writing(*m_report,
                             [this](unsigned done, unsigned all) { Progress(done, all); });
   writing.SetNoGui(run.settings.isQuiet || m_comparison->prm().m_noGui);
-  const int isWhole = RunOperation(writing);
+  writing.SetShowProgress(m_report->documentCount() > kPagesWithoutWindow);
+  const int isWhole = RunPagesOperation(writing);
   if (writing.wasAborted()) return 0;
   if (!isWhole) return fail(IDS_PAGES_NOT_WRITTEN);
   CString parent;

@@ -62,6 +62,9 @@ class NotingList : public DirCmpCtrl {
   int RunOperation(MMultiOperation& operation) override {
     return onOperation ? onOperation(operation) : DirCmpCtrl::RunOperation(operation);
   }
+  int RunPagesOperation(MMultiOperation& operation) override {
+    return onOperation ? onOperation(operation) : DirCmpCtrl::RunPagesOperation(operation);
+  }
 };
 
 // Temporary objects, which live until their thread is idle, end with the test.
