@@ -42,6 +42,8 @@ void ComparisonList::SetFirstLayout() {
   if (m_hasKeptLayout) return;
   SetSortKey(kStatus, 0, 1);
   for (int column = 0; column < GetVisibleColNum(); ++column) FitColumn(column);
+  DeselectAll();
+  SelectItem(0);
 }
 
 // --- The filter ---
