@@ -16,6 +16,8 @@ DiffKind KindOf(const LineBlock& block) {
   return block.rightCount == 0 ? DiffKind::Deleted : DiffKind::Changed;
 }
 
+bool IsBlank(std::string_view text) { return text.find_first_not_of(" \t\v\f") == text.npos; }
+
 }  // namespace
 
 DiffDocument::DiffDocument() : m_texts(std::make_shared<DiffTexts>()) {}
@@ -24,14 +26,46 @@ DiffDocument::DiffDocument(std::shared_ptr<const DiffTexts> texts, const Compare
     : m_texts(std::move(texts)), m_options(options) {
   if (!m_texts->AreTexts()) return;
   for (const LineBlock& block : DiffLines(m_texts->left, m_texts->right, options)) {
-    int difference = -1;
-    if (block.isDifferent) {
-      difference = static_cast<int>(m_differences.size());
-      m_differences.push_back({m_rowCount, block.rows(), KindOf(block)});
-    }
-    m_blocks.push_back({block, m_rowCount, difference});
-    m_rowCount += block.rows();
+    block.isDifferent ? AddDifferent(block) : Add(block);
   }
+}
+
+void DiffDocument::Add(const LineBlock& block) {
+  if (block.rows() == 0) return;
+  int difference = -1;
+  if (block.isDifferent) {
+    difference = static_cast<int>(m_differences.size());
+    m_differences.push_back({m_rowCount, block.rows(), KindOf(block)});
+  }
+  m_blocks.push_back({block, m_rowCount, difference});
+  m_rowCount += block.rows();
+}
+
+// Empty lines, which don't count where white space doesn't, are part of the differences that they
+// stand at. A reader wants them outside.
+void DiffDocument::AddDifferent(LineBlock block) {
+  const int most = std::min(block.leftCount, block.rightCount);
+  int before = 0, after = 0;
+  while (before < most && AreAlike(block.left + before, block.right + before)) ++before;
+  while (before + after < most && AreAlike(block.left + block.leftCount - 1 - after,
+                                           block.right + block.rightCount - 1 - after)) {
+    ++after;
+  }
+  Add({block.left, before, block.right, before, false});
+  block.left += before;
+  block.right += before;
+  block.leftCount -= before + after;
+  block.rightCount -= before + after;
+  Add(block);
+  Add({block.left + block.leftCount, after, block.right + block.rightCount, after, false});
+}
+
+bool DiffDocument::AreAlike(int left, int right) const {
+  const TextLine& one = Line(DiffSide::Left, left);
+  const TextLine& other = Line(DiffSide::Right, right);
+  if (m_options.whiteSpaceMode == kWhiteSpaceExact)
+    return one.text == other.text && one.end == other.end;
+  return one.text == other.text || (IsBlank(one.text) && IsBlank(other.text));
 }
 
 size_t DiffDocument::BlockOfRow(int row) const {
@@ -64,14 +98,6 @@ int DiffDocument::RowOfLine(DiffSide side, int line) const {
   return block.firstRow + std::clamp(place, 0, block.rows() - 1);
 }
 
-int DiffDocument::LineAtOrAbove(DiffSide side, int row) const {
-  if (m_blocks.empty()) return -1;
-  const Block& block = m_blocks[BlockOfRow(std::clamp(row, 0, m_rowCount - 1))];
-  const bool isLeft = side == DiffSide::Left;
-  const int place = std::min(row - block.firstRow, (isLeft ? block.leftCount : block.rightCount) - 1);
-  return (isLeft ? block.left : block.right) + place;
-}
-
 const ChangedRanges& DiffDocument::ChangedWords(DiffSide side, const DiffRow& row) const {
   static const ChangedRanges none;
   if (row.kind != DiffKind::Changed) return none;
@@ -81,8 +107,9 @@ const ChangedRanges& DiffDocument::ChangedWords(DiffSide side, const DiffRow& ro
   auto found = m_words.find(row.difference);
   if (found == m_words.end()) {
     if (m_words.size() >= kMostCachedWords) m_words.clear();
-    found = m_words.emplace(row.difference, DiffWords(m_texts->left, m_texts->right, block, m_options))
-                .first;
+    found =
+        m_words.emplace(row.difference, DiffWords(m_texts->left, m_texts->right, block, m_options))
+            .first;
   }
   const bool isLeft = side == DiffSide::Left;
   const int place = row.LineOf(side) - (isLeft ? block.left : block.right);

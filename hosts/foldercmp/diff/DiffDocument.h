@@ -70,8 +70,6 @@ class DiffDocument {
   DiffRow RowAt(int row) const;
   // The row of a line; of a line behind the last one the last row. 0 when there are no rows.
   int RowOfLine(DiffSide side, int line) const;
-  // The last line of a side that stands in a row or above it, -1: there is none.
-  int LineAtOrAbove(DiffSide side, int row) const;
 
   int lineCount(DiffSide side) const { return static_cast<int>(m_texts->Of(side).lines().size()); }
   const TextLine& Line(DiffSide side, int line) const {
@@ -94,6 +92,9 @@ class DiffDocument {
     int difference;
   };
 
+  void Add(const LineBlock& block);
+  void AddDifferent(LineBlock block);
+  bool AreAlike(int left, int right) const;
   size_t BlockOfRow(int row) const;
 
   std::shared_ptr<const DiffTexts> m_texts;

@@ -36,9 +36,8 @@ class Searcher {
     const std::string_view text = m_query.matchCase ? line : lower;
     // Few letters have a lower case of another length.
     const bool isSameLength = text.size() == line.size();
-    const size_t found = findIn(text, [&](int byte) {
-      return isSameLength ? byte : LowerPlaceOf(line, byte);
-    });
+    const size_t found =
+        findIn(text, [&](int byte) { return isSameLength ? byte : LowerPlaceOf(line, byte); });
     if (found == text.npos) return {};
     const int begin = static_cast<int>(found), end = begin + static_cast<int>(m_text.size());
     if (isSameLength) return Bytes(begin, end);
@@ -88,10 +87,10 @@ std::optional<FoundText> FindText(const DiffDocument& document, const FindQuery&
     const int line = document.RowAt(cell / 2).LineOf(side);
     if (line < 0) continue;
     const std::string_view text = document.Line(side, line).text;
-    const auto found =
-        query.forward ? searcher.First(text, step == 0 ? start.begin + 1 : 0)
-                      : searcher.Last(text, step == 0 ? std::max(start.begin, 0)
-                                                      : static_cast<int>(text.size()));
+    const auto found = query.forward
+                           ? searcher.First(text, step == 0 ? start.begin + 1 : 0)
+                           : searcher.Last(text, step == 0 ? std::max(start.begin, 0)
+                                                           : static_cast<int>(text.size()));
     if (!found) continue;
     const int unwrapped = first + distance;
     const bool isWrapped = step == cells || unwrapped < 0 || unwrapped >= cells;

@@ -11,7 +11,8 @@
 struct FindQuery {
   std::string text;  // UTF-8, not empty
   bool matchCase = false;
-  std::optional<DiffSide> side;  // none: both sides, the left line of a row before the right one
+  std::optional<DiffSide> side =
+      {};  // none: both sides, the left line of a row before the right one
   bool forward = true;
 };
 

@@ -11,12 +11,14 @@ namespace {
 enum StatusPart { kMessagePart, kLinesPart, kDifferencePart, kOptionsPart, kParts };
 
 // The tool bar's commands; 0 is a gap.
-constexpr int kTools[] = {ID_DIFF_NEXT,   ID_DIFF_PREVIOUS, 0, ID_DIFF_FIND, 0,
+constexpr int kTools[] = {ID_DIFF_NEXT,   ID_DIFF_PREVIOUS, 0, ID_DIFF_FIND,       0,
                           ID_DIFF_RELOAD, ID_DIFF_SWAP,     0, ID_DIFF_IGNORE_CASE};
 constexpr int kImageSize = 16;
 constexpr COLORREF kImageGround = RGB(255, 0, 255);
 
-CString TitleOf(const CString& title, const CString& path) { return title.IsEmpty() ? path : title; }
+CString TitleOf(const CString& title, const CString& path) {
+  return title.IsEmpty() ? path : title;
+}
 
 }  // namespace
 
@@ -57,6 +59,11 @@ void DiffFrame::Show() {
   UpdateWindow();
 }
 
+BOOL DiffFrame::PreCreateWindow(CREATESTRUCT& create) {
+  create.style |= WS_CLIPCHILDREN;
+  return CFrameWnd::PreCreateWindow(create);
+}
+
 BOOL DiffFrame::OnCreateClient(LPCREATESTRUCT, CCreateContext*) {
   return CreateToolBar() && CreateStatusBar() && m_view.Create(this, AFX_IDW_PANE_FIRST) &&
          m_findBar.Create(this, m_settings.matchCase, m_settings.findOnBothSides);
@@ -88,8 +95,9 @@ bool DiffFrame::CreateToolBar() {
       AfxExtractSubString(text, texts, image);
       button.iBitmap = image++;
       button.idCommand = command;
-      button.fsStyle = static_cast<BYTE>(BTNS_AUTOSIZE | BTNS_SHOWTEXT |
-                                         (command == ID_DIFF_IGNORE_CASE ? BTNS_CHECK : BTNS_BUTTON));
+      button.fsStyle =
+          static_cast<BYTE>(BTNS_AUTOSIZE | BTNS_SHOWTEXT |
+                            (command == ID_DIFF_IGNORE_CASE ? BTNS_CHECK : BTNS_BUTTON));
       // The list of texts ends with a second null.
       std::vector<char> list(static_cast<std::size_t>(text.GetLength()) + 2);
       std::copy_n(static_cast<LPCTSTR>(text), text.GetLength(), list.begin());
@@ -101,8 +109,9 @@ bool DiffFrame::CreateToolBar() {
 }
 
 bool DiffFrame::CreateStatusBar() {
-  return m_status.CreateEx(0, STATUSCLASSNAME, "", WS_CHILD | WS_VISIBLE | CCS_BOTTOM | SBARS_SIZEGRIP,
-                           CRect(0, 0, 0, 0), this, AFX_IDW_STATUS_BAR);
+  return m_status.CreateEx(0, STATUSCLASSNAME, "",
+                           WS_CHILD | WS_VISIBLE | CCS_BOTTOM | SBARS_SIZEGRIP, CRect(0, 0, 0, 0),
+                           this, AFX_IDW_STATUS_BAR);
 }
 
 void DiffFrame::RecalcLayout(BOOL) {
@@ -154,9 +163,12 @@ void DiffFrame::SaveSettings() {
   m_settings.Save();
 }
 
-void DiffFrame::OnSysColorChange() {
-  CFrameWnd::OnSysColorChange();
-  Invalidate();
+// The tool bar shows through.
+BOOL DiffFrame::OnEraseBkgnd(CDC* dc) {
+  CRect client;
+  GetClientRect(client);
+  dc->FillSolidRect(client, GetSysColor(COLOR_BTNFACE));
+  return TRUE;
 }
 
 // What the status bar would say of the command.

@@ -29,11 +29,12 @@ class DiffFrame : public CFrameWnd {
   void RecalcLayout(BOOL notify = TRUE) override;
 
  protected:
+  BOOL PreCreateWindow(CREATESTRUCT& create) override;
   BOOL OnCreateClient(LPCREATESTRUCT create, CCreateContext* context) override;
   BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
 
   afx_msg void OnClose();
-  afx_msg void OnSysColorChange();
+  afx_msg BOOL OnEraseBkgnd(CDC* dc);
   afx_msg void OnToolTip(UINT id, NMHDR* header, LRESULT* result);
 
   afx_msg void OnReload();

@@ -12,7 +12,7 @@
 
 BEGIN_MESSAGE_MAP(DiffFrame, CFrameWnd)
 ON_WM_CLOSE()
-ON_WM_SYSCOLORCHANGE()
+ON_WM_ERASEBKGND()
 ON_NOTIFY_RANGE(TTN_GETDISPINFOA, 0, 0xFFFF, &DiffFrame::OnToolTip)
 ON_COMMAND(ID_DIFF_RELOAD, &DiffFrame::OnReload)
 ON_COMMAND(ID_DIFF_SWAP, &DiffFrame::OnSwap)
@@ -53,8 +53,7 @@ bool DiffFrame::Compare(std::shared_ptr<const DiffTexts> texts, const DiffMark* 
     m_view.SetNotice(notice);
     return false;
   }
-  m_view.SetNotice(
-      NoticeOf(*operation.document(), m_documents.leftTitle, m_documents.rightTitle));
+  m_view.SetNotice(NoticeOf(*operation.document(), m_documents.leftTitle, m_documents.rightTitle));
   m_view.SetDocument(operation.document(), mark);
   return true;
 }

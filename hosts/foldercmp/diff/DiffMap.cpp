@@ -7,9 +7,9 @@
 
 namespace {
 
-constexpr int kMargin = 3;            // pixels beside the marks
-constexpr int kMostPixelsARow = 4;    // so that a short text is no bar code
-constexpr int kLeastMark = 2;         // pixels
+constexpr int kMargin = 3;          // pixels beside the marks
+constexpr int kMostPixelsARow = 4;  // so that a short text is no bar code
+constexpr int kLeastMark = 2;       // pixels
 
 }  // namespace
 
@@ -22,8 +22,8 @@ ON_WM_MOUSEMOVE()
 END_MESSAGE_MAP()
 
 BOOL DiffMap::Create(CWnd* parent, UINT id) {
-  const LPCTSTR windowClass = AfxRegisterWndClass(CS_HREDRAW | CS_VREDRAW,
-                                                  ::LoadCursor(nullptr, IDC_ARROW), nullptr);
+  const LPCTSTR windowClass =
+      AfxRegisterWndClass(CS_HREDRAW | CS_VREDRAW, ::LoadCursor(nullptr, IDC_ARROW), nullptr);
   return CWnd::Create(windowClass, "", WS_CHILD | WS_VISIBLE, CRect(0, 0, 0, 0), parent, id);
 }
 
@@ -88,8 +88,7 @@ void DiffMap::OnPaint() {
 void DiffMap::DrawDifference(CDC& dc, const CRect& client, const Difference& difference,
                              bool isCurrent) {
   const int top = YOfRow(difference.firstRow);
-  const int height =
-      std::max(kLeastMark, YOfRow(difference.firstRow + difference.rows) - top);
+  const int height = std::max(kLeastMark, YOfRow(difference.firstRow + difference.rows) - top);
   const int middle = client.Width() / 2;
   const int left = difference.kind == DiffKind::Added ? middle : kMargin;
   const int right = difference.kind == DiffKind::Deleted ? middle : client.Width() - kMargin;

@@ -14,10 +14,17 @@ CString Text(UINT id) {
 CString WhyNot(DocumentText::Kind kind, const CString& title) {
   UINT id = 0;
   switch (kind) {
-    case DocumentText::Kind::Binary: id = IDS_DIFF_BINARY; break;
-    case DocumentText::Kind::TooLarge: id = IDS_DIFF_TOO_LARGE; break;
-    case DocumentText::Kind::Unreadable: id = IDS_DIFF_UNREADABLE; break;
-    default: return CString();
+    case DocumentText::Kind::Binary:
+      id = IDS_DIFF_BINARY;
+      break;
+    case DocumentText::Kind::TooLarge:
+      id = IDS_DIFF_TOO_LARGE;
+      break;
+    case DocumentText::Kind::Unreadable:
+      id = IDS_DIFF_UNREADABLE;
+      break;
+    default:
+      return CString();
   }
   CString text;
   AfxFormatString1(text, id, title);
@@ -26,9 +33,12 @@ CString WhyNot(DocumentText::Kind kind, const CString& title) {
 
 CString ResultText(ContentCompare::Result result) {
   switch (result) {
-    case ContentCompare::Result::Equal: return Text(IDS_DIFF_SAME);
-    case ContentCompare::Result::Different: return Text(IDS_DIFF_DIFFERENT);
-    default: return Text(IDS_DIFF_NOT_COMPARED);
+    case ContentCompare::Result::Equal:
+      return Text(IDS_DIFF_SAME);
+    case ContentCompare::Result::Different:
+      return Text(IDS_DIFF_DIFFERENT);
+    default:
+      return Text(IDS_DIFF_NOT_COMPARED);
   }
 }
 

@@ -24,15 +24,20 @@ DiffOperation::DiffOperation(const CString& left, const CString& right,
 
 OperationReturnState DiffOperation::Operation(unsigned step) {
   switch (step) {
-    case kReadLeft: m_reading->leftKind = m_reading->left.Load(m_left); break;
-    case kReadRight: m_reading->rightKind = m_reading->right.Load(m_right); break;
+    case kReadLeft:
+      m_reading->leftKind = m_reading->left.Load(m_left);
+      break;
+    case kReadRight:
+      m_reading->rightKind = m_reading->right.Load(m_right);
+      break;
     case kCompareBytes: {
       ContentCompare comparison({}, [this] { return m_aborted != 0; });
       m_reading->bytes = comparison.Files(m_left, m_right);
       m_texts = std::move(m_reading);
       break;
     }
-    default: m_document = std::make_shared<const DiffDocument>(m_texts, m_options);
+    default:
+      m_document = std::make_shared<const DiffDocument>(m_texts, m_options);
   }
   return OperationDone;
 }

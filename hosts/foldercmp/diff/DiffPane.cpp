@@ -28,8 +28,8 @@ ON_WM_CONTEXTMENU()
 END_MESSAGE_MAP()
 
 BOOL DiffPane::Create(CWnd* parent, UINT id) {
-  const LPCTSTR windowClass = AfxRegisterWndClass(CS_HREDRAW | CS_VREDRAW,
-                                                  ::LoadCursor(nullptr, IDC_ARROW), nullptr);
+  const LPCTSTR windowClass =
+      AfxRegisterWndClass(CS_HREDRAW | CS_VREDRAW, ::LoadCursor(nullptr, IDC_ARROW), nullptr);
   return CWnd::Create(windowClass, m_state.TitleOf(m_side), WS_CHILD | WS_VISIBLE | WS_TABSTOP,
                       CRect(0, 0, 0, 0), parent, id);
 }

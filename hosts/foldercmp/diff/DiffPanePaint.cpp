@@ -14,10 +14,14 @@ constexpr int kSignColumns = 2;  // behind the line number
 // Tells the kinds apart without their colours.
 const char* SignOf(DiffKind kind) {
   switch (kind) {
-    case DiffKind::Changed: return "~";
-    case DiffKind::Deleted: return "-";
-    case DiffKind::Added: return "+";
-    default: return "";
+    case DiffKind::Changed:
+      return "~";
+    case DiffKind::Deleted:
+      return "-";
+    case DiffKind::Added:
+      return "+";
+    default:
+      return "";
   }
 }
 
@@ -133,7 +137,7 @@ void DiffPane::DrawMarks(CDC& dc, int number, const DiffRow& row, const CRect& p
   bool isEndChanged = false;
   for (const auto& [begin, end] : m_state.document->ChangedWords(m_side, row)) {
     mark(begin, std::min(end, size), DiffStyle::WordColour(row.kind));
-    isEndChanged = end > size;
+    isEndChanged = end > size && m_state.document->options().whiteSpaceMode == kWhiteSpaceExact;
   }
   const auto& found = m_state.found;
   if (found && found->side == m_side && found->row == number)

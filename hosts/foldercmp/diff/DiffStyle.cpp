@@ -52,10 +52,14 @@ DiffStyle::DiffStyle() {
 
 COLORREF DiffStyle::RowColour(DiffKind kind) {
   switch (kind) {
-    case DiffKind::Changed: return RGB(255, 247, 214);
-    case DiffKind::Deleted: return RGB(255, 230, 230);
-    case DiffKind::Added: return RGB(228, 248, 228);
-    default: return GetSysColor(COLOR_WINDOW);
+    case DiffKind::Changed:
+      return RGB(255, 247, 214);
+    case DiffKind::Deleted:
+      return RGB(255, 230, 230);
+    case DiffKind::Added:
+      return RGB(228, 248, 228);
+    default:
+      return GetSysColor(COLOR_WINDOW);
   }
 }
 
@@ -65,10 +69,14 @@ COLORREF DiffStyle::WordColour(DiffKind kind) {
 
 COLORREF DiffStyle::MapColour(DiffKind kind) {
   switch (kind) {
-    case DiffKind::Changed: return RGB(232, 170, 20);
-    case DiffKind::Deleted: return RGB(214, 80, 80);
-    case DiffKind::Added: return RGB(70, 170, 80);
-    default: return GetSysColor(COLOR_WINDOW);
+    case DiffKind::Changed:
+      return RGB(232, 170, 20);
+    case DiffKind::Deleted:
+      return RGB(214, 80, 80);
+    case DiffKind::Added:
+      return RGB(70, 170, 80);
+    default:
+      return GetSysColor(COLOR_WINDOW);
   }
 }
 

@@ -28,6 +28,7 @@ class DiffView : public CWnd, private DiffPaneHost {
   DiffMark Mark() const { return DiffMark(*m_state.document, m_state.place, m_state.active); }
   // A line above the panes; empty: none.
   void SetNotice(const CString& notice);
+  const CString& notice() const { return m_notice; }
   void SetTabSize(int tabSize);
   // Thousandths of the width that the left pane takes.
   int splitter() const { return m_splitter; }

@@ -22,15 +22,23 @@ int TrackPosition(CScrollBar& bar) {
 // Where a scroll bar's notification leads to.
 int Scrolled(UINT code, CScrollBar& bar, int position, int step, int page, int last) {
   switch (code) {
-    case SB_LINEUP: return position - step;
-    case SB_LINEDOWN: return position + step;
-    case SB_PAGEUP: return position - page;
-    case SB_PAGEDOWN: return position + page;
-    case SB_TOP: return 0;
-    case SB_BOTTOM: return last;
+    case SB_LINEUP:
+      return position - step;
+    case SB_LINEDOWN:
+      return position + step;
+    case SB_PAGEUP:
+      return position - page;
+    case SB_PAGEDOWN:
+      return position + page;
+    case SB_TOP:
+      return 0;
+    case SB_BOTTOM:
+      return last;
     case SB_THUMBTRACK:
-    case SB_THUMBPOSITION: return TrackPosition(bar);
-    default: return position;
+    case SB_THUMBPOSITION:
+      return TrackPosition(bar);
+    default:
+      return position;
   }
 }
 
@@ -67,7 +75,8 @@ CRect DiffView::SplitterPlace() const {
   GetClientRect(client);
   const int width = client.Width() - kMapWidth - GetSystemMetrics(SM_CXVSCROLL);
   const int most = std::max(kLeastPane, width - kSplitterWidth - kLeastPane);
-  const int left = std::clamp(MulDiv(width, m_splitter, 1000) - kSplitterWidth / 2, kLeastPane, most);
+  const int left =
+      std::clamp(MulDiv(width, m_splitter, 1000) - kSplitterWidth / 2, kLeastPane, most);
   return CRect(left, NoticePlace().bottom, left + kSplitterWidth,
                client.bottom - GetSystemMetrics(SM_CYHSCROLL));
 }
@@ -81,8 +90,8 @@ void DiffView::Layout() {
   const int top = splitter.top, bottom = std::max(splitter.top, splitter.bottom);
   const int height = bottom - top;
   m_left.MoveWindow(0, top, splitter.left, height, FALSE);
-  m_right.MoveWindow(splitter.right, top, std::max(0, panesRight - static_cast<int>(splitter.right)),
-                     height, FALSE);
+  m_right.MoveWindow(splitter.right, top,
+                     std::max(0, panesRight - static_cast<int>(splitter.right)), height, FALSE);
   m_map.MoveWindow(panesRight, top, kMapWidth, height, FALSE);
   m_vertical.MoveWindow(panesRight + kMapWidth, top, GetSystemMetrics(SM_CXVSCROLL), height);
   m_horizontal.MoveWindow(0, bottom, panesRight, GetSystemMetrics(SM_CYHSCROLL));
@@ -184,10 +193,17 @@ void DiffView::OnPaneRow(int row, bool extend) {
 
 bool DiffView::OnPaneKey(UINT key, bool shift, bool control) {
   switch (key) {
-    case VK_TAB: Activate(OtherSide(m_state.active)); return true;
-    case VK_LEFT: ScrollToColumn(m_state.firstColumn - kColumnsAStep); return true;
-    case VK_RIGHT: ScrollToColumn(m_state.firstColumn + kColumnsAStep); return true;
-    default: return MoveByKey(key, shift, control);
+    case VK_TAB:
+      Activate(OtherSide(m_state.active));
+      return true;
+    case VK_LEFT:
+      ScrollToColumn(m_state.firstColumn - kColumnsAStep);
+      return true;
+    case VK_RIGHT:
+      ScrollToColumn(m_state.firstColumn + kColumnsAStep);
+      return true;
+    default:
+      return MoveByKey(key, shift, control);
   }
 }
 
@@ -196,8 +212,12 @@ bool DiffView::MoveByKey(UINT key, bool shift, bool control) {
   const int page = std::max(1, place.page() - 1);
   int row = place.caret(), first = place.first();
   switch (key) {
-    case VK_UP: control ? --first : --row; break;
-    case VK_DOWN: control ? ++first : ++row; break;
+    case VK_UP:
+      control ? --first : --row;
+      break;
+    case VK_DOWN:
+      control ? ++first : ++row;
+      break;
     case VK_PRIOR:
       row -= page;
       first -= page;
@@ -220,7 +240,8 @@ bool DiffView::MoveByKey(UINT key, bool shift, bool control) {
       }
       row = place.rows() - 1;
       break;
-    default: return false;
+    default:
+      return false;
   }
   m_state.place.ScrollTo(first);
   if (row != place.caret()) m_state.place.MoveTo(row, shift);

@@ -48,8 +48,8 @@ BOOL FindBar::OnInitDialog() {
 
 std::string FindBar::text() const {
   std::wstring wide(static_cast<size_t>(::GetWindowTextLengthW(m_text)) + 1, 0);
-  wide.resize(static_cast<size_t>(
-      ::GetWindowTextW(m_text, wide.data(), static_cast<int>(wide.size()))));
+  wide.resize(
+      static_cast<size_t>(::GetWindowTextW(m_text, wide.data(), static_cast<int>(wide.size()))));
   const int units = static_cast<int>(wide.size());
   std::string text(static_cast<size_t>(WideCharToMultiByte(CP_UTF8, 0, wide.data(), units, nullptr,
                                                            0, nullptr, nullptr)),
@@ -63,9 +63,7 @@ bool FindBar::matchCase() const { return IsDlgButtonChecked(IDC_DIFF_MATCH_CASE)
 
 bool FindBar::bothSides() const { return IsDlgButtonChecked(IDC_DIFF_BOTH_SIDES) != 0; }
 
-void FindBar::ShowResult(const CString& result) {
-  SetDlgItemText(IDC_DIFF_FIND_RESULT, result);
-}
+void FindBar::ShowResult(const CString& result) { SetDlgItemText(IDC_DIFF_FIND_RESULT, result); }
 
 void FindBar::Edit() {
   ::SetFocus(m_text);
