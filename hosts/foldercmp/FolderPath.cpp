@@ -2,6 +2,7 @@
 
 #include <shlwapi.h>
 
+#include "entry/Handles.h"
 #include "entry/strutils.h"
 
 CString AbsoluteFolder(const char* typed) {
@@ -12,11 +13,20 @@ CString AbsoluteFolder(const char* typed) {
   char full[MAX_PATH] = "";
   const DWORD length = GetFullPathNameA(path, sizeof full, full, nullptr);
   if (length == 0 || length >= sizeof full) return path;
-  while (!PathIsRootA(full)) {
-    const char* const end = PathRemoveBackslashA(full);
-    if (*end == 0) break;
-  }
+  if (!PathIsRootA(full)) PathRemoveBackslashA(full);
   return full;
+}
+
+DWORD FolderError(const char* path) {
+  const DWORD attributes = GetFileAttributesA(path);
+  if (attributes == INVALID_FILE_ATTRIBUTES) return GetLastError();
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return ERROR_DIRECTORY;
+  WIN32_FIND_DATAA entry;
+  const unique_find find(FindFirstFileA(CString(path) + "\\*", &entry));
+  if (find) return ERROR_SUCCESS;
+  // The root of an empty drive has no entry at all.
+  const DWORD error = GetLastError();
+  return error == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : error;
 }
 
 bool IsSameFolder(const char* one, const char* two) { return lstrcmpiA(one, two) == 0; }

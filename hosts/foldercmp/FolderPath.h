@@ -8,6 +8,10 @@
 // makes nothing of it.
 CString AbsoluteFolder(const char* typed);
 
+// Why a folder can't be opened: the system's error; ERROR_DIRECTORY: it is something else.
+// ERROR_SUCCESS: it can.
+DWORD FolderError(const char* path);
+
 bool IsSameFolder(const char* one, const char* two);
 
 // The last name in a path; of a root the path.

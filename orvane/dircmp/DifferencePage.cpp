@@ -8,6 +8,8 @@
 #include "dircmp/HtmlFile.h"
 #include "dircmp/HtmlText.h"
 #include "dircmp/LineDiff.h"
+#include "resources/resource.h"
+#include "settings/MString.h"
 
 namespace {
 
@@ -18,14 +20,15 @@ constexpr int kMostRows = 20000;
 // A gap of fewer lines takes no less room than they do.
 constexpr int kSmallestGap = 3;
 
-const char* WhyNotShown(DocumentText::Kind kind) {
+// What the page says when one of the documents is not shown.
+UINT WhyNotShown(bool isBase, DocumentText::Kind kind) {
   switch (kind) {
     case DocumentText::Kind::Binary:
-      return "is not a text";
+      return isBase ? IDS_PAGE_BASE_NO_TEXT : IDS_PAGE_REVISED_NO_TEXT;
     case DocumentText::Kind::TooLarge:
-      return "is too large to be shown side by side";
+      return isBase ? IDS_PAGE_BASE_TOO_LARGE : IDS_PAGE_REVISED_TOO_LARGE;
     default:
-      return "can't be read";
+      return isBase ? IDS_PAGE_BASE_UNREADABLE : IDS_PAGE_REVISED_UNREADABLE;
   }
 }
 
@@ -68,11 +71,11 @@ class Rows {
 
   void Write() {
     if (m_differences == 0) {
-      WriteNote("No line differs: the documents differ in how their characters are stored.");
+      WriteNote(TextHtml(IDS_PAGE_NO_LINE_DIFFERS));
     }
     for (size_t i = 0; i < m_blocks.size(); ++i) {
       if (m_rows >= kMostRows) {
-        WriteNote("The page ends here; there are more lines.");
+        WriteNote(TextHtml(IDS_PAGE_ENDS));
         return;
       }
       if (m_blocks[i].isDifferent) {
@@ -142,7 +145,9 @@ class Rows {
   }
 
   void WriteGap(int lines) {
-    std::string html = std::to_string(lines) + " equal lines";
+    MString text;
+    text.FormatMessage(IDS_PAGE_EQUAL_LINES, lines);
+    std::string html = HtmlOf(text);
     // To the next difference at a click.
     if (m_difference < m_differences && m_rows < kMostRows) {
       html += " <a href=\"#d" + std::to_string(m_difference + 1) + "\">&#8595;</a>";
@@ -176,7 +181,9 @@ DWORD WriteDifferencePage(const CString& path, const DifferencePage& page) {
     rows.emplace(file, left, right, page.options);
   }
   file << "<h1 class=\"modified\">" << page.title << "</h1>\n<nav>" << page.navigation;
-  if (rows && rows->differences() > 0) file << "<a href=\"#d1\">First difference</a>";
+  if (rows && rows->differences() > 0) {
+    file << "<a href=\"#d1\">" << TextHtml(IDS_PAGE_FIRST_DIFFERENCE) << "</a>";
+  }
   file << "</nav>\n<table class=\"sides\">\n"
           "<colgroup><col style=\"width:4em\"><col><col style=\"width:4em\"><col></colgroup>\n"
           "<thead><tr><th colspan=\"2\">"
@@ -186,8 +193,8 @@ DWORD WriteDifferencePage(const CString& path, const DifferencePage& page) {
     rows->Write();
   } else {
     const bool isLeft = leftKind != DocumentText::Kind::Text;
-    file << "<tr class=\"gap\"><td colspan=\"4\">The " << (isLeft ? "base" : "revised")
-         << " document " << WhyNotShown(isLeft ? leftKind : rightKind) << ".</td></tr>\n";
+    file << "<tr class=\"gap\"><td colspan=\"4\">"
+         << TextHtml(WhyNotShown(isLeft, isLeft ? leftKind : rightKind)) << "</td></tr>\n";
   }
   file << "</tbody>\n</table>\n";
   return file.Finish();

@@ -4,6 +4,7 @@
 #include <afxcmn.h>
 
 #include <memory>
+#include <string>
 
 #include "dircmp/DirCmpPrm.h"
 #include "dircmp/FileState.h"
@@ -52,12 +53,12 @@ class ORVANE_API DirCmpCtrl : public MListCtrl {
   const FolderComparison* Comparison() const { return m_comparison.get(); }
   // The items' identifiers are the addresses of their records.
   static const DocumentRecord& RecordOf(unsigned long id);
-  // How many items have a state, shown or not.
+  // How many documents were listed with a state.
   int CountOf(FileState state) const;
 
-  // Black, unless the user's "useColourMarking" (a user value of the product registry) is 1, as it
-  // is from the start: then each state has its colour.
-  void GetDisplayColors(int row, COLORREF& text, COLORREF& background) override;
+  // Each state has its colour; all are black when the user's "useColourMarking" (a user value of
+  // the product registry, 1 from the start) was 0 at InitList.
+  void GetItemColors(unsigned long id, COLORREF& text, COLORREF& background) override;
 
   // Adds "Analyze" or "Open" for the item to the context menu, as the list's first client command.
   // id: kAutomaticId when the menu is not an item's.
@@ -102,6 +103,8 @@ class ORVANE_API DirCmpCtrl : public MListCtrl {
   CString GenerateSourceFileLinks(unsigned long id, int column) const;
 
  protected:
+  // Starts a program without waiting for it. 1, or 0: GetLastError tells why.
+  virtual int StartProgram(const char* program, const char* commandLine);
   // Runs the scans, the evaluation, and the writing of pages; gives DoOperation's result. Without
   // windows (no GUI) is set already where it was asked for.
   virtual int RunOperation(MMultiOperation& operation);
@@ -109,7 +112,6 @@ class ORVANE_API DirCmpCtrl : public MListCtrl {
   virtual void Progress(unsigned done, unsigned all);
 
  private:
-  class Walk;
   class Evaluation;
   class PagesWriting;
 
@@ -119,14 +121,20 @@ class ORVANE_API DirCmpCtrl : public MListCtrl {
   void Fill();
   unsigned long AddDocument(const DocumentRecord& record);
   void AttachCallbacks();
+  bool IsDocument(unsigned long id) const;
+  CString FolderOfSide(bool isBase) const;
   CString TitleOfSide(bool isBase, const char* path) const;
+  int WritePages(const HlReportRun& run, CString& note);
+  CString DocumentLink(const DocumentRecord& record) const;
+  CString PageLink(const std::string& url) const;
 
   std::unique_ptr<FolderComparison> m_comparison;
-  DirCmpPrm m_prm;
   CString m_baseName, m_revisedName;
-  SharedWord<int> m_isStopped;
+  int m_counts[kFileStates] = {};
   int m_usesColours = 1;
   HlReportSettings m_reportPages;
-  std::unique_ptr<HyperLinkReport> m_report;  // that the links of cells lead to
-  CString m_reportFolder;  // its name, as an address relative to the list's report
+  // Of the report whose cells ask for their links:
+  HlReportSettings::DocumentLinks m_documentLinks = HlReportSettings::kInactive;
+  std::unique_ptr<HyperLinkReport> m_report;  // its pages; null: it has none
+  CString m_pagesFolder;                      // where they stand, below the report's folder
 };

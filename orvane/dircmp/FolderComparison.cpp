@@ -1,11 +1,10 @@
 #include "dircmp/FolderComparison.h"
 
 #include <algorithm>
-#include <string_view>
 #include <utility>
 
 #include "diag/AssertVerifyTrace.h"
-#include "entry/Handles.h"
+#include "dircmp/FolderScan.h"
 #include "entry/strutils.h"
 
 namespace {
@@ -37,17 +36,6 @@ std::string Lower(std::string path) {
   return path;
 }
 
-// Whether a search has to go into it.
-bool IsFolder(const WIN32_FIND_DATAA& found) {
-  return (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-}
-bool IsToBeEntered(const WIN32_FIND_DATAA& found) {
-  const std::string_view name = found.cFileName;
-  // A link to another folder may lead back into this tree.
-  const bool isLink = (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-  return name != "." && name != ".." && !isLink;
-}
-
 }  // namespace
 
 DocumentName::DocumentName(const char* relativePath) {
@@ -67,76 +55,38 @@ FolderComparison::FolderComparison(const char* base, const char* revised, const 
       m_prm(prm),
       m_stop(std::move(stop)),
       m_contents({.ignoreCase = prm.m_ignoreCase != 0, .whiteSpaceMode = prm.m_whiteSpaceMode},
-                 m_stop) {}
+                 [this] { return IsStopped(); }) {}
 
 // A stop lasts.
 bool FolderComparison::IsStopped() {
-  m_isStopped = m_isStopped || (m_stop && m_stop());
+  if (!m_isStopped && m_stop && m_stop()) Stop();
   return m_isStopped;
 }
 
 bool FolderComparison::Scan() {
-  return WalkFolders(m_base, &FolderComparison::AddBaseFile) &&
-         WalkFolders(m_revised, &FolderComparison::AddRevisedFile);
+  for (const auto side : {FolderScan::Side::Base, FolderScan::Side::Revised}) {
+    FolderScan scan(*this, side);
+    scan.SetNoGui(1);
+    if (!IsStopped() && !scan.DoOperation(0)) Stop();
+  }
+  return !IsStopped();
 }
 
-void FolderComparison::AddBase(const char* path) { AddBaseFile(PathBelow(m_base, path)); }
-
-void FolderComparison::AddRevised(const char* path) { AddRevisedFile(PathBelow(m_revised, path)); }
-
-bool FolderComparison::WalkFolders(const std::string& root, Visit visit) {
-  if (root.empty()) {
-    // Without a name it would be the current folder.
-    m_problems.push_back({root, ERROR_PATH_NOT_FOUND});
-    return true;
-  }
-  std::vector<std::string> folders = {""};  // relative, with a backslash at the end
-  while (!folders.empty()) {
-    const std::string folder = std::move(folders.back());
-    folders.pop_back();
-    std::vector<std::string> subFolders;
-    if (!ReadFolder(root, folder, visit, subFolders)) return false;
-    if ((m_prm.m_scanFlags & kScanSubFolders) == 0) break;
-    folders.insert(folders.end(), subFolders.rbegin(), subFolders.rend());
-  }
-  return true;
-}
-
-// False: stopped.
-bool FolderComparison::ReadFolder(const std::string& root, const std::string& folder, Visit visit,
-                                  std::vector<std::string>& subFolders) {
-  WIN32_FIND_DATAA found;
-  const std::string pattern = root + folder + "*.*";
-  const unique_find search(FindFirstFileA(pattern.c_str(), &found));
-  BOOL hasEntry = search ? TRUE : FALSE;
-  for (; hasEntry; hasEntry = FindNextFileA(search.get(), &found)) {
-    if (IsStopped()) return false;
-    if (!IsFolder(found)) {
-      (this->*visit)(folder + found.cFileName);
-    } else if (IsToBeEntered(found)) {
-      subFolders.push_back(folder + found.cFileName + "\\");
-    }
-  }
-  const DWORD error = GetLastError();
-  // The root of an empty drive has no entries at all.
-  const bool isRead = error == ERROR_NO_MORE_FILES || (!search && error == ERROR_FILE_NOT_FOUND);
-  if (!isRead) m_problems.push_back({root + folder, error});
-  return true;
-}
-
-void FolderComparison::AddBaseFile(const std::string& relativePath) {
+void FolderComparison::AddBase(const char* path) {
+  const char* const relativePath = PathBelow(m_base, path);
   const auto [place, isNew] = m_byPath.try_emplace(Lower(relativePath), nullptr);
   if (!isNew) return;  // on a disk that tells names by letter case, too
   place->second = &m_records.emplace_back();
-  place->second->relativePath = relativePath.c_str();
+  place->second->relativePath = relativePath;
   place->second->state = FileState::Deleted;
 }
 
-void FolderComparison::AddRevisedFile(const std::string& relativePath) {
+void FolderComparison::AddRevised(const char* path) {
+  const char* const relativePath = PathBelow(m_revised, path);
   const auto [place, isNew] = m_byPath.try_emplace(Lower(relativePath), nullptr);
   if (isNew) {
     place->second = &m_records.emplace_back();
-    place->second->relativePath = relativePath.c_str();
+    place->second->relativePath = relativePath;
     place->second->state = FileState::New;
   } else if (place->second->state == FileState::Deleted) {
     place->second->state = FileState::Unknown;
@@ -154,8 +104,7 @@ bool FolderComparison::Evaluate(DocumentRecord& record) {
     record.modified = record.baseModified = TimeOf(BasePath(record));
   } else {
     ComparePair(record);
-    m_isStopped = m_isStopped || record.state == FileState::Unknown;
-    if (m_isStopped) return false;
+    if (record.state == FileState::Unknown) return false;
   }
   record.isEvaluated = true;
   return true;
@@ -163,10 +112,17 @@ bool FolderComparison::Evaluate(DocumentRecord& record) {
 
 bool FolderComparison::EvaluateAll() {
   for (DocumentRecord& record : m_records) {
-    if (!IsCompared(record)) continue;
-    if (IsStopped() || !Evaluate(record)) record.state = FileState::Unknown;
+    if (IsStopped()) break;
+    if (IsCompared(record)) Evaluate(record);
   }
-  return !m_isStopped;
+  if (IsStopped()) LeaveRestUnknown();
+  return !IsStopped();
+}
+
+void FolderComparison::LeaveRestUnknown() {
+  for (DocumentRecord& record : m_records) {
+    if (!record.isEvaluated) record.state = FileState::Unknown;
+  }
 }
 
 void FolderComparison::ComparePair(DocumentRecord& record) {

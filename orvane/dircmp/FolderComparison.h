@@ -16,6 +16,7 @@
 #include "dircmp/ContentCompare.h"
 #include "dircmp/DirCmpPrm.h"
 #include "dircmp/FileState.h"
+#include "ops/SharedWord.h"
 
 struct DocumentRecord {
   CString relativePath;  // below either folder, as it is written in the base folder if it is there
@@ -44,16 +45,24 @@ class ORVANE_API FolderComparison {
     DWORD error;
   };
 
-  // stop: asked before every folder entry and every block that is read; true ends the work.
+  // stop: asked after every file that a scan finds and before every block that is read; true ends
+  // the work.
   FolderComparison(const char* base, const char* revised, const DirCmpPrm& prm,
                    ContentCompare::StopPoll stop = {});
+  FolderComparison(const FolderComparison&) = delete;
+  FolderComparison& operator=(const FolderComparison&) = delete;
 
-  // Walks both folders. Links to other folders are not entered. False: stopped.
+  // Ends the work for good, from any thread.
+  void Stop() { m_isStopped = true; }
+  bool IsStopped();
+
+  // Walks both folders, without a window. Links to other folders are not entered. False: stopped.
   bool Scan();
-  // For who walks the folders otherwise: a file of the base folder, by its full path, and of the
-  // revised folder. All of the base folder's come first.
+  // For who walks the folders otherwise, see FolderScan: a file of the base folder, by its full
+  // path, and of the revised folder. All of the base folder's come first.
   void AddBase(const char* path);
   void AddRevised(const char* path);
+  void AddProblem(const char* path, DWORD error) { m_problems.push_back({path, error}); }
 
   // In the order of the walks. Records stay where they are as long as this object lives.
   std::deque<DocumentRecord>& records() { return m_records; }
@@ -64,10 +73,13 @@ class ORVANE_API FolderComparison {
   // Finds out state and times. Of a document in one folder nothing is opened. A pair that can't be
   // read is Modified, and a problem. False: stopped; the record is Unknown.
   bool Evaluate(DocumentRecord& record);
-  // All records whose types are compared. Those that a stop leaves over are Unknown: what a stopped
-  // scan has found in one folder may be in the other one, too. False: stopped, now or in Scan.
+  // All records whose types are compared. False: stopped, now or in Scan.
   bool EvaluateAll();
+  // After a stop: what is left over is Unknown, since what a stopped scan has found in one folder
+  // may be in the other one, too.
+  void LeaveRestUnknown();
 
+  const DirCmpPrm& prm() const { return m_prm; }
   // Without a backslash at their ends.
   CString baseFolder() const;
   CString revisedFolder() const;
@@ -76,14 +88,6 @@ class ORVANE_API FolderComparison {
   const std::vector<Problem>& problems() const { return m_problems; }
 
  private:
-  bool IsStopped();
-  using Visit = void (FolderComparison::*)(const std::string& relativePath);
-
-  bool WalkFolders(const std::string& root, Visit visit);
-  bool ReadFolder(const std::string& root, const std::string& folder, Visit visit,
-                  std::vector<std::string>& subFolders);
-  void AddBaseFile(const std::string& relativePath);
-  void AddRevisedFile(const std::string& relativePath);
   void ComparePair(DocumentRecord& record);
   CTime TimeOf(const CString& path);
 
@@ -95,5 +99,5 @@ class ORVANE_API FolderComparison {
   std::deque<DocumentRecord> m_records;
   std::unordered_map<std::string, DocumentRecord*> m_byPath;  // in lower case
   std::vector<Problem> m_problems;
-  bool m_isStopped = false;
+  SharedWord<bool> m_isStopped = false;
 };

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "dircmp/DocumentText.h"
-#include "entry/strutils.h"
+#include "settings/MString.h"
 
 namespace {
 
@@ -52,6 +52,12 @@ std::string HtmlOf(std::string_view utf8) {
 
 std::string HtmlOf(const CString& text) {
   return HtmlOf(Utf8OfText({static_cast<LPCSTR>(text), static_cast<size_t>(text.GetLength())}));
+}
+
+std::string TextHtml(UINT id) {
+  MString text;
+  text.LoadString(id);
+  return HtmlOf(text);
 }
 
 std::string RelativeUrl(const CString& path) {

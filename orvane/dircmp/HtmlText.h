@@ -11,6 +11,8 @@
 std::string HtmlOf(std::string_view utf8);
 // The same for a text in the ANSI code page.
 std::string HtmlOf(const CString& text);
+// The same for a text of the string table.
+std::string TextHtml(UINT id);
 
 // A path relative to the page, as an address: "/" for "\", everything but letters, digits and
 // "-._~/" as %XX of its UTF-8 (RFC 3986, section 2).

@@ -6,12 +6,14 @@
 #include <utility>
 
 #include "dircmp/DifferencePage.h"
+#include "dircmp/DocumentCopy.h"
 #include "dircmp/HtmlFile.h"
 #include "dircmp/HtmlText.h"
 #include "entry/PathUtils.h"
 #include "entry/strutils.h"
 #include "ops/DirOp.h"
 #include "resources/resource.h"
+#include "settings/MString.h"
 
 namespace {
 
@@ -19,14 +21,10 @@ constexpr FileState kSections[] = {FileState::Modified, FileState::New, FileStat
 constexpr char kIndexName[] = "\\index.html";
 constexpr char kPagesFolder[] = "\\differences\\";
 
-CString TextOf(UINT id, const char* fallback) {
-  CString text;
-  return text.LoadString(id) ? text : CString(fallback);
-}
-
 // The list of states stands in one text, separated by tabs.
 CString NameOf(FileState state) {
-  CString names = TextOf(IDS_FILE_STATES, "Same\tModified\tNew\tDeleted\tUnknown");
+  MString names;
+  names.LoadString(IDS_FILE_STATES);
   for (int i = 0; i < static_cast<int>(state); ++i) names = names.Mid(names.Find('\t') + 1);
   const int end = names.Find('\t');
   return end < 0 ? names : names.Left(end);
@@ -56,9 +54,7 @@ std::string Link(const std::string& url, const std::string& html) {
   return url.empty() ? html : "<a href=\"" + url + "\">" + html + "</a>";
 }
 
-std::string Heading(const char* tag, const CString& text) {
-  return std::string("<") + tag + ">" + HtmlOf(text) + "</" + tag + ">";
-}
+std::string Heading(UINT id) { return "<th>" + TextHtml(id) + "</th>"; }
 
 bool IsReportPage(const CString& path) {
   FileSource file(path);
@@ -107,19 +103,17 @@ HyperLinkReport::HyperLinkReport(const FolderComparison& comparison, const char*
       m_options(options),
       m_compare(compare) {}
 
-bool HyperLinkReport::IsIncluded(FileState state) const {
+bool HyperLinkReport::HasSection(FileState state) const {
   return (state == FileState::Modified && m_options.includeModified) ||
          (state == FileState::New && m_options.includeNew) ||
          (state == FileState::Deleted && m_options.includeDeleted);
 }
 
-void HyperLinkReport::Add(const DocumentRecord& record) {
-  if (IsIncluded(record.state)) m_documents.emplace_back(record);
-}
+void HyperLinkReport::Add(const DocumentRecord& record) { m_documents.emplace_back(record); }
 
 void HyperLinkReport::AddAll() {
   for (const DocumentRecord& record : m_comparison.records()) {
-    if (m_comparison.IsCompared(record)) Add(record);
+    if (HasSection(record.state) && m_comparison.IsCompared(record)) Add(record);
   }
 }
 
@@ -133,17 +127,39 @@ HyperLinkReport::Target HyperLinkReport::Prepare(const char* folder) {
   }
   if (!CreateDirectoryA(static_cast<LPCSTR>(m_folder))) return Target::NotCreated;
   DeletePages(m_folder + kPagesFolder);
+  // From now on the folder is known as a report's, even if the report is never finished.
+  if (!IsReportPage(IndexPath())) {
+    HtmlFile index(IndexPath(), TitleHtml());
+    index << "<h1>" << TitleHtml() << "</h1>\n<p class=\"note\">" << TextHtml(IDS_PAGE_UNFINISHED)
+          << "</p>\n";
+    const DWORD error = index.Finish();
+    SetLastError(error);
+    if (error != 0) return Target::NotCreated;
+  }
   return Target::Ready;
 }
 
+bool HyperLinkReport::IsBefore(const Document& left, const Document& right) {
+  if (left.record->state != right.record->state) return left.record->state < right.record->state;
+  const int order = lstrcmpiA(left.record->relativePath, right.record->relativePath);
+  return order != 0 ? order < 0 : left.record < right.record;
+}
+
 // A report lists documents by their names, whatever order they were found in.
-void HyperLinkReport::Sort() {
-  std::stable_sort(m_documents.begin(), m_documents.end(),
-                   [](const Document& left, const Document& right) {
-                     const auto leftState = left.record->state, rightState = right.record->state;
-                     if (leftState != rightState) return leftState < rightState;
-                     return lstrcmpiA(left.record->relativePath, right.record->relativePath) < 0;
-                   });
+void HyperLinkReport::Sort() { std::sort(m_documents.begin(), m_documents.end(), IsBefore); }
+
+HyperLinkReport::Links HyperLinkReport::LinksOf(const DocumentRecord& record) const {
+  const auto found =
+      std::lower_bound(m_documents.begin(), m_documents.end(), Document(record), IsBefore);
+  if (found == m_documents.end() || found->record != &record) return {};
+  const auto number = static_cast<size_t>(found - m_documents.begin());
+  return {PageUrl(number), found->baseUrl, found->revisedUrl};
+}
+
+std::string HyperLinkReport::UrlInPlace(const CString& path) { return FileUrl(FullPathOf(path)); }
+
+std::string HyperLinkReport::SectionUrl(FileState state) const {
+  return HasSection(state) ? std::string("index.html#") + ClassOf(state) : std::string();
 }
 
 bool HyperLinkReport::WriteDocument(size_t number) {
@@ -157,7 +173,7 @@ bool HyperLinkReport::WriteDocument(size_t number) {
   if (record.state != FileState::Deleted) {
     document.revisedUrl = UrlOfSide(m_comparison.RevisedPath(record), "revised", record);
   }
-  if (record.state == FileState::Modified) document.hasPage = WritePage(number);
+  if (HasPage(number)) document.isPageWritten = WritePage(number);
   return m_problems.size() == problems;
 }
 
@@ -167,13 +183,10 @@ std::string HyperLinkReport::UrlOfSide(const CString& path, const char* side,
   if (m_options.copyDocuments) {
     const CString relative = CString(side) + "\\" + record.relativePath;
     const CString copy = m_folder + "\\" + relative;
-    EnsureFileFolder(copy);
-    // An earlier report's copy may be write-protected, as the document is.
-    SetFileAttributesA(copy, FILE_ATTRIBUTE_NORMAL);
-    if (CopyFileA(path, copy, FALSE)) return RelativeUrl(relative);
+    if (CopyDocument(path, copy)) return RelativeUrl(relative);
     Note(copy, GetLastError());
   }
-  return m_options.linkSourceFiles ? FileUrl(FullPathOf(path)) : std::string();
+  return m_options.linkSourceFiles ? UrlInPlace(path) : std::string();
 }
 
 bool HyperLinkReport::WritePage(size_t number) {
@@ -203,15 +216,24 @@ bool HyperLinkReport::WritePage(size_t number) {
   }
 }
 
+bool HyperLinkReport::HasPage(size_t number) const {
+  return m_options.includeModified && number < m_documents.size() &&
+         m_documents[number].record->state == FileState::Modified;
+}
+
+// Once it is written.
+std::string HyperLinkReport::PageUrl(size_t number) const {
+  if (!m_documents[number].isPageWritten) return {};
+  return "differences/" + std::to_string(number + 1) + ".html";
+}
+
 std::string HyperLinkReport::NavigationOf(size_t number) const {
-  const auto pageLink = [](size_t target, const char* html) {
-    return Link(std::to_string(target + 1) + ".html", html);
+  std::string html = Link("../index.html", TextHtml(IDS_PAGE_ALL_DOCUMENTS));
+  const auto add = [&](size_t target, UINT text) {
+    if (HasPage(target)) html += Link(std::to_string(target + 1) + ".html", TextHtml(text));
   };
-  const bool isLast = number + 1 == m_documents.size() ||
-                      m_documents[number + 1].record->state != FileState::Modified;
-  std::string html = Link("../index.html", "All documents");
-  if (number > 0) html += pageLink(number - 1, "Previous document");
-  if (!isLast) html += pageLink(number + 1, "Next document");
+  add(number - 1, IDS_PAGE_PREVIOUS_DOCUMENT);
+  add(number + 1, IDS_PAGE_NEXT_DOCUMENT);
   return html;
 }
 
@@ -222,17 +244,14 @@ bool HyperLinkReport::WriteIndex() {
   HtmlFile file(unfinished, TitleHtml());
   file << "<h1>" << TitleHtml() << "</h1>\n<nav>";
   for (const FileState state : kSections) {
-    if (IsIncluded(state)) file << Link(std::string("#") + ClassOf(state), HtmlOf(NameOf(state)));
+    if (HasSection(state)) file << Link(std::string("#") + ClassOf(state), HtmlOf(NameOf(state)));
   }
   file << "</nav>\n";
   if (m_options.isPreview) {
-    file << "<p class=\"note\">"
-         << HtmlOf(TextOf(IDS_REPORT_NO_HYPERLINKS,
-                          "No Hyper-link analysis was generated in preview mode"))
-         << "</p>\n";
+    file << "<p class=\"note\">" << TextHtml(IDS_REPORT_NO_HYPERLINKS) << "</p>\n";
   }
   for (const FileState state : kSections) {
-    if (IsIncluded(state)) file << SectionHtml(state);
+    if (HasSection(state)) file << SectionHtml(state);
   }
   const DWORD error = file.Finish();
   if (error != 0) return Note(unfinished, error);
@@ -252,15 +271,10 @@ std::string HyperLinkReport::SectionHtml(FileState state) const {
                      "\">" + HtmlOf(NameOf(state)) + " (" + std::to_string(count) + ")</h2>\n";
   if (count == 0) return html;
   html += "<table>\n<thead><tr>";
-  html += Heading("th", TextOf(IDS_COLUMN_DOCUMENT_NAME, "Document Name"));
-  html += Heading("th", TextOf(IDS_COLUMN_FOLDER_NAME, "Folder Name"));
-  if (state != FileState::New) {
-    html += Heading("th", TextOf(IDS_COLUMN_BASE_MODIFIED, "Base Modified"));
-  }
-  if (state != FileState::Deleted) {
-    html += Heading("th", TextOf(IDS_COLUMN_REVISED_MODIFIED, "Revised Modified"));
-  }
-  html += Heading("th", TextOf(IDS_COLUMN_STATUS, "Status"));
+  html += Heading(IDS_COLUMN_DOCUMENT_NAME) + Heading(IDS_COLUMN_FOLDER_NAME);
+  if (state != FileState::New) html += Heading(IDS_COLUMN_BASE_MODIFIED);
+  if (state != FileState::Deleted) html += Heading(IDS_COLUMN_REVISED_MODIFIED);
+  html += Heading(IDS_COLUMN_STATUS);
   return html + "</tr></thead>\n<tbody>\n" + rows + "</tbody>\n</table>\n";
 }
 
@@ -272,8 +286,7 @@ std::string HyperLinkReport::RowHtml(size_t number) const {
   if (name.IsEmpty()) std::swap(folder, name);
   const std::string& ownUrl =
       record.state == FileState::Deleted ? document.baseUrl : document.revisedUrl;
-  const std::string pageUrl =
-      document.hasPage ? "differences/" + std::to_string(number + 1) + ".html" : std::string();
+  const std::string pageUrl = PageUrl(number);
   std::string html = "<tr><td>" + Link(pageUrl.empty() ? ownUrl : pageUrl, HtmlOf(name)) +
                      "</td><td>" + HtmlOf(folder) + "</td>";
   const auto time = [&](const CTime& modified, const std::string& url) {
@@ -286,14 +299,8 @@ std::string HyperLinkReport::RowHtml(size_t number) const {
 }
 
 std::string HyperLinkReport::TitleHtml() const {
-  CString title = TextOf(IDS_COMPARISON_TITLE, "'%1' vs. '%2'");
-  // The second one first: a folder's name may hold a "%2".
-  const auto insert = [&](const char* mark, const CString& text) {
-    const int place = title.Find(mark);
-    if (place >= 0) title = title.Left(place) + text + title.Mid(place + 2);
-  };
-  insert("%2", m_revisedName);
-  insert("%1", m_baseName);
+  MString title;
+  title.FormatMessage(IDS_COMPARISON_TITLE, m_baseName, m_revisedName);
   return HtmlOf(title);
 }
 

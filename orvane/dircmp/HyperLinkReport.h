@@ -43,10 +43,12 @@ class ORVANE_API HyperLinkReport {
   HyperLinkReport(const FolderComparison& comparison, const char* baseName, const char* revisedName,
                   const HyperLinkReportOptions& options, const CompareOptions& compare);
 
-  // Before Prepare: a document for the report, when its state has a section. Records stay the
-  // caller's.
+  // Whether a state has a section.
+  bool HasSection(FileState state) const;
+  // Before Prepare: a document for the report. One whose state has no section gets its links only.
+  // Records stay the caller's.
   void Add(const DocumentRecord& record);
-  // All documents of the comparison whose types are compared.
+  // All documents of the comparison whose types are compared and whose states have a section.
   void AddAll();
 
   // Makes the folder of the report, which is to be new, empty, or that of an earlier report, whose
@@ -60,6 +62,20 @@ class ORVANE_API HyperLinkReport {
   bool WriteIndex();
 
   CString IndexPath() const;
+
+  // Where a document that was written can be looked at: addresses relative to the report's folder,
+  // or full ones; empty: there is none.
+  struct Links {
+    std::string page;  // its differences
+    std::string base;
+    std::string revised;
+  };
+  Links LinksOf(const DocumentRecord& record) const;
+  // The section of a state in the index; empty: it has none.
+  std::string SectionUrl(FileState state) const;
+  // A file where it is.
+  static std::string UrlInPlace(const CString& path);
+
   const std::vector<FolderComparison::Problem>& problems() const { return m_problems; }
 
  private:
@@ -67,21 +83,24 @@ class ORVANE_API HyperLinkReport {
     explicit Document(const DocumentRecord& documentRecord) : record(&documentRecord) {}
 
     const DocumentRecord* record;
-    bool hasPage = false;
+    bool isPageWritten = false;
     // Addresses; empty: there is none.
     std::string baseUrl;
     std::string revisedUrl;
   };
+  // Sections by state, and documents in them by path.
+  static bool IsBefore(const Document& left, const Document& right);
 
   void Sort();
   std::string UrlOfSide(const CString& path, const char* side, const DocumentRecord& record);
   bool WritePage(size_t number);
+  bool HasPage(size_t number) const;
+  std::string PageUrl(size_t number) const;
   std::string NavigationOf(size_t number) const;
   std::string SectionHtml(FileState state) const;
   std::string RowHtml(size_t number) const;
   std::string TitleHtml() const;
   bool Note(const CString& path, DWORD error);
-  bool IsIncluded(FileState state) const;
 
   const FolderComparison& m_comparison;
   CString m_baseName;

@@ -17,6 +17,7 @@
 #include "lists/ListDataMap.h"
 #include "lists/ListOrder.h"
 #include "lists/ReportExtension.h"
+#include "lists/ReportSettings.h"
 #include "ops/MultiOp.h"
 #include "settings/RegistryUtil.h"
 
@@ -303,21 +304,24 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
 
   // --- Reports ---
 
-  // Makes a report as the command says:
+  // Makes a report as the command says, of all items, whether they are shown or not:
   //
   //   C:201 S:1D F:a,m R:H O:C:\\out\\r.htm H:0 Q:1
   //
   //   C  the included columns' data indices, a digit each, in their order; not named: all columns
-  //   S  the column to sort by, descending with D
-  //   F  only what is in the range from[,to] of the sort column, which is a Text column
-  //   R  H a page, A plain text, X markup, T tab-separated values
-  //   O  the file to write
+  //   S  the column to sort by, descending with D; not named: as the list is sorted
+  //   F  only what is in the range from[,to] of the sort column, which is a Text column that is
+  //      sorted by its texts; behind S
+  //   R  H a page (the default), A plain text, X markup, T tab-separated values; in UTF-8
+  //   O  the file to write; folders that are missing are made
   //   H  0: no titles on top
-  //   Q  no message and no progress window
+  //   Q  no message and no progress window: the result alone tells
   //
-  // Null or empty, or when the list has a window: the user chooses in a dialog. 1 written, or what
-  // the dialog returned; 0: the command has an error, which was shown, or no report was written,
-  // and what stood in the file is there still.
+  // Null or empty, or when the list has a window: the user chooses in a dialog. A list without a
+  // window needs a command. 1 written, or what the dialog returned; 0: the command has an error,
+  // or no report was written, which the user was told, and what stood in the file is there still.
+  //
+  // The list is not to be changed meanwhile.
   int DoReport(const char* command = nullptr);
 
   // --- Layout: the widths of the columns and the sort key, kept per user under a registry key ---
@@ -333,6 +337,15 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
 
   CString GetCellText(int row, int column) override;
   CString GetRowTip(int row) override;
+  // The colours of an item in its row, preset with those of the list, and in reports as pages,
+  // preset with black on white; there they are asked for on the thread that writes the report.
+  virtual void GetItemColors(unsigned long id, COLORREF& text, COLORREF& background);
+  void GetDisplayColors(int row, COLORREF& text, COLORREF& background) override;
+
+  // What clients have set for reports, for the report's dialog and operation.
+  const HlReportCallbacks& HlReport() const { return m_hlReport; }
+  void* HlReportClient() const { return m_hlReportClient; }
+  ReportsHelpFn ReportsHelp() const { return m_onReportsHelp; }
 
  protected:
   // Whether an item is to be shown.
@@ -357,6 +370,9 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   DECLARE_MESSAGE_MAP()
 
  private:
+  friend class ReportCommand;
+  friend class ReportItems;
+
   static constexpr int kDescriptionSlot = 0;  // data index i is in slot i + 1
   static constexpr uint32_t kNone = ListDataMap::kNone;
 
@@ -424,7 +440,9 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   int FocusedRow() const;
   void Forget(uint32_t record);
   void ReportSelection();
-  ListOrder Order() const;
+  ListOrder Order() const { return OrderBy(m_sortColumn, m_sortDescending); }
+  // Column -1: no order.
+  ListOrder OrderBy(int column, int descending) const;
   void AddSortKey(ListOrder& order, int column) const;
   void SortRows();
   void ShowArrow();

@@ -130,6 +130,14 @@ void MListCtrl::RowsReplaced(const ViewState& state) {
   ReportSelection();
 }
 
+// --- Colours ---
+
+void MListCtrl::GetDisplayColors(int row, COLORREF& text, COLORREF& background) {
+  if (HasRow(row)) GetItemColors(GetItemData(row), text, background);
+}
+
+void MListCtrl::GetItemColors(unsigned long, COLORREF&, COLORREF&) {}
+
 // --- The filter ---
 
 bool MListCtrl::Passes(uint32_t record) const {

@@ -38,15 +38,15 @@ void MListCtrl::AddSortKey(ListOrder& order, int column) const {
     order.ThenByNothing();
 }
 
-ListOrder MListCtrl::Order() const {
+ListOrder MListCtrl::OrderBy(int column, int descending) const {
   ListOrder order(m_map);
-  if (m_sortColumn < 0) return order;
-  AddSortKey(order, m_sortColumn);
-  for (const int alternate : m_columns[m_sortColumn].alternates) {
+  if (column < 0) return order;
+  AddSortKey(order, column);
+  for (const int alternate : m_columns[column].alternates) {
     if (!m_columns.Has(alternate)) break;
     AddSortKey(order, alternate);
   }
-  if (m_sortDescending) order.Descending();
+  if (descending) order.Descending();
   return order;
 }
 

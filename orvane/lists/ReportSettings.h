@@ -17,8 +17,8 @@ enum class ReportFormat {
 };
 
 struct ReportFilter {
-  int column = -1;  // data index
-  std::shared_ptr<DataFilter> filter;
+  int column = -1;                     // data index
+  std::shared_ptr<DataFilter> filter;  // of the column's kind
   bool isActive = false;
 };
 

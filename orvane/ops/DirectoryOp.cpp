@@ -55,6 +55,8 @@ void DirectoryOp::DoLoopOperation() {
 
 OperationReturnState DirectoryOp::Operation(unsigned int) { return kNotAnItem; }
 
+void DirectoryOp::FolderNotRead(const char*) {}
+
 void DirectoryOp::WalkFolder(const CString& folder) {
   const CString key = LowerCase(folder);
   int found;
@@ -74,8 +76,11 @@ void DirectoryOp::WalkFolder(const CString& folder) {
     }
   }
   if (entries.Unreadable()) {
+    const DWORD error = GetLastError();
     ++m_foldersUnread;
     REPORT_TREE_FAILURE("Folder not read", folder);
+    SetLastError(error);
+    FolderNotRead(folder);
   }
   if (!entries.Opened()) return;
   ++m_foldersFinished;

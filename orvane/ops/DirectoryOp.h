@@ -41,6 +41,8 @@ class ORVANE_API DirectoryOp : public MMultiOperation {
   void DoLoopOperation() override;
   // Not called: the work has no numbered items.
   OperationReturnState Operation(unsigned int index) override;
+  // A folder could not be read to its end; GetLastError tells why. It has been reported already.
+  virtual void FolderNotRead(const char* folder);
 
   CString m_root;
   int m_recurse;

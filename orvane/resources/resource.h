@@ -78,6 +78,16 @@
 #define IDS_REPORT_ON 23265
 #define IDS_REPORT_PRIMARY_FILTER 23266
 #define IDS_REPORT_SECONDARY_FILTER 23267
+#define IDS_REPORT_WRITING 23310
+#define IDS_REPORT_NOT_WRITTEN 23311  // %1: the file, %2: the reason
+#define IDS_REPORT_ITEMS 23312        // %1!d!: their number
+#define IDS_REPORT_ONE_ITEM 23313
+// Filters in words.
+#define IDS_FILTER_AND 23314
+#define IDS_FILTER_OR 23315
+#define IDS_FILTER_FROM_TO 23316  // %1 and %2: times or numbers
+#define IDS_FILTER_ALL_BUT 23317  // %1: what is left out
+#define IDS_FILTER_NOTHING 23318
 
 // Folder comparison.
 #define IDS_FILE_STATES 23220  // separated by tabs, in the order of the states
@@ -91,6 +101,27 @@
 #define IDS_COMPARISON_TITLE 23226  // %1: the base folder, %2: the revised folder
 #define IDS_ANALYZE 23228
 #define IDS_OPEN 23229
+
+// Pages that go with the report of a folder comparison.
+#define IDS_PAGE_ALL_DOCUMENTS 23370
+#define IDS_PAGE_PREVIOUS_DOCUMENT 23371
+#define IDS_PAGE_NEXT_DOCUMENT 23372
+#define IDS_PAGE_FIRST_DIFFERENCE 23373
+#define IDS_PAGE_EQUAL_LINES 23374  // %1: how many
+#define IDS_PAGE_NO_LINE_DIFFERS 23375
+#define IDS_PAGE_ENDS 23376
+#define IDS_PAGE_BASE_NO_TEXT 23377
+#define IDS_PAGE_REVISED_NO_TEXT 23378
+#define IDS_PAGE_BASE_TOO_LARGE 23379
+#define IDS_PAGE_REVISED_TOO_LARGE 23380
+#define IDS_PAGE_BASE_UNREADABLE 23381
+#define IDS_PAGE_REVISED_UNREADABLE 23382
+#define IDS_PAGES_WRITING 23383
+#define IDS_PAGES_PROBLEMS 23384  // %1: how many
+#define IDS_PAGES_OCCUPIED 23385  // %1: the folder
+#define IDS_PAGES_NOT_WRITTEN 23386  // %1: the folder
+#define IDS_PAGE_UNFINISHED 23387
+#define IDS_DOCUMENT_NOT_OPENED 23388  // %1: the document
 
 // --- Icons and dialogs ---
 
