@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr int kTextIndent = 4;   // pixels between the margin and the first column
-constexpr int kCurrentBar = 4;   // pixels
+constexpr int kTextIndent = 4;   // pixels at 96 dpi between the margin and the first column
+constexpr int kCurrentBar = 4;   // pixels at 96 dpi
 constexpr int kSignColumns = 2;  // behind the line number
 
 // Tells the kinds apart without their colours.
@@ -43,11 +43,12 @@ int DiffPane::LineNumberDigits() const {
 }
 
 int DiffPane::MarginWidth() const {
-  return kCurrentBar + (LineNumberDigits() + kSignColumns) * m_style.columnWidth();
+  return m_style.Pixels(kCurrentBar) + (LineNumberDigits() + kSignColumns) * m_style.columnWidth();
 }
 
 int DiffPane::XOfColumn(int column) const {
-  return MarginWidth() + kTextIndent + (column - m_state.firstColumn) * m_style.columnWidth();
+  return MarginWidth() + m_style.Pixels(kTextIndent) +
+         (column - m_state.firstColumn) * m_style.columnWidth();
 }
 
 void DiffPane::OnPaint() {
@@ -83,7 +84,7 @@ void DiffPane::DrawTitle(CDC& dc, const CRect& place) {
   dc.SetBkMode(TRANSPARENT);
   Selected font(dc, m_style.titleFont());
   CRect text = place;
-  text.DeflateRect(6, 0);
+  text.DeflateRect(m_style.Pixels(6), 0);
   dc.DrawText(m_state.TitleOf(m_side), text,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_PATH_ELLIPSIS);
 }
@@ -99,7 +100,8 @@ void DiffPane::DrawRow(CDC& dc, int number, const CRect& place) {
 
 void DiffPane::DrawMargin(CDC& dc, const DiffRow& row, const CRect& place) {
   if (row.difference >= 0 && row.difference == m_state.CurrentDifference()) {
-    dc.FillSolidRect(place.left, place.top, kCurrentBar, place.Height(), DiffStyle::kCurrent);
+    dc.FillSolidRect(place.left, place.top, m_style.Pixels(kCurrentBar), place.Height(),
+                     DiffStyle::kCurrent);
     dc.SetBkMode(TRANSPARENT);
   }
   const int line = row.LineOf(m_side);
@@ -107,7 +109,7 @@ void DiffPane::DrawMargin(CDC& dc, const DiffRow& row, const CRect& place) {
   CString number;
   number.Format("%*d", LineNumberDigits(), line + 1);
   dc.SetTextColor(DiffStyle::kMarginText);
-  dc.TextOut(place.left + kCurrentBar, place.top, number);
+  dc.TextOut(place.left + m_style.Pixels(kCurrentBar), place.top, number);
   if (row.kind == DiffKind::Equal) return;
   dc.SetTextColor(RGB(0, 0, 0));
   dc.TextOut(place.right - kSignColumns * m_style.columnWidth() + m_style.columnWidth() / 2,
