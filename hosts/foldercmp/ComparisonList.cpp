@@ -33,7 +33,17 @@ BOOL ComparisonList::Create(CWnd& parent, UINT id, CFont& font) {
   if (!DirCmpCtrl::Create(kStyle, CRect(0, 0, 0, 0), &parent, id)) return FALSE;
   ModifyStyleEx(0, WS_EX_CLIENTEDGE, SWP_FRAMECHANGED);
   SetFont(&font);
+  unsigned long ignored = 0;
+  m_hasKeptLayout = GetRegistry()->GetUserKey("SortCol", ignored, 0) != 0;
   return TRUE;
+}
+
+void ComparisonList::SetFirstLayout() {
+  if (m_hasKeptLayout) return;
+  SetSortKey(kStatus, 0, 1);
+  for (int column = 0; column < GetVisibleColNum(); ++column) FitColumn(column);
+  DeselectAll();
+  SelectItem(0);
 }
 
 // --- The filter ---

@@ -15,6 +15,10 @@ class ComparisonList : public DirCmpCtrl {
   // Hidden, with the layout that is kept in the registry.
   BOOL Create(CWnd& parent, UINT id, CFont& font);
 
+  // After InitList, when no layout was kept: columns that show all of their texts, the documents
+  // that differ at the top.
+  void SetFirstLayout();
+
   // Before InitList, and at any time later.
   void SetDocumentFilter(const DocumentFilter& filter);
   const DocumentFilter& GetDocumentFilter() const { return m_documentFilter; }
@@ -41,6 +45,7 @@ class ComparisonList : public DirCmpCtrl {
 
   DocumentFilter m_documentFilter;
   CString m_filterText;  // in lower case
+  bool m_hasKeptLayout = false;
   MMultiOperation* m_running = nullptr;
   bool m_isStopped = false;
 };

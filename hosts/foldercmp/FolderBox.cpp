@@ -99,7 +99,7 @@ CString FolderBox::Folder() const { return AbsoluteFolder(text(m_edit)); }
 
 void FolderBox::SetFolder(const char* folder) {
   m_edit.SetWindowText(folder);
-  m_edit.SetEditSel(0, -1);
+  m_edit.SetEditSel(-1, 0);
 }
 
 void FolderBox::SetRemembered(const std::vector<CString>& folders) {

@@ -13,10 +13,7 @@ CString AbsoluteFolder(const char* typed) {
   char full[MAX_PATH] = "";
   const DWORD length = GetFullPathNameA(path, sizeof full, full, nullptr);
   if (length == 0 || length >= sizeof full) return path;
-  while (!PathIsRootA(full)) {
-    const char* const end = PathRemoveBackslashA(full);
-    if (*end == 0) break;
-  }
+  if (!PathIsRootA(full)) PathRemoveBackslashA(full);
   return full;
 }
 

@@ -198,6 +198,7 @@ void MainFrame::ShowList(std::unique_ptr<ComparisonList> list, bool isRepeated) 
   }
   m_list->SetDlgCtrlID(AFX_IDW_PANE_FIRST);
   RecalcLayout();
+  if (!place) m_list->SetFirstLayout();
   if (place && isRepeated) place->RestoreRows(*m_list);
   m_list->ShowWindow(SW_SHOWNA);
   m_hint.ShowWindow(SW_HIDE);
