@@ -19,6 +19,7 @@ ON_WM_SETTINGCHANGE()
 ON_WM_INITMENUPOPUP()
 ON_WM_DROPFILES()
 ON_WM_TIMER()
+ON_MESSAGE(WM_NEXTDLGCTL, &MainFrame::OnNextControl)
 ON_MESSAGE(kCompareMessage, &MainFrame::OnCompareMessage)
 
 ON_COMMAND(ID_CHOOSE_BASE, &MainFrame::OnChooseBase)
@@ -203,6 +204,14 @@ void MainFrame::OnGetMinMaxInfo(MINMAXINFO* info) {
 BOOL MainFrame::PreTranslateMessage(MSG* message) {
   if (message->hwnd != m_hWnd && !::IsChild(m_hWnd, message->hwnd)) return FALSE;
   return CFrameWnd::PreTranslateMessage(message) || PreTranslateInput(message);
+}
+
+// What a dialog does with this message, by which keys move the focus: to a control, or to the next
+// (0) or previous one.
+LRESULT MainFrame::OnNextControl(WPARAM control, LPARAM isControl) {
+  ::SetFocus(LOWORD(isControl) != 0 ? reinterpret_cast<HWND>(control)
+                                    : ::GetNextDlgTabItem(m_hWnd, ::GetFocus(), control != 0));
+  return 0;
 }
 
 void MainFrame::OnSetFocus(CWnd* before) {

@@ -37,6 +37,7 @@ class MainFrame : public CFrameWnd {
   afx_msg void OnSettingChange(UINT what, LPCTSTR section);
   afx_msg void OnInitMenuPopup(CMenu* menu, UINT index, BOOL isSystemMenu);
   afx_msg void OnDropFiles(HDROP drop);
+  afx_msg LRESULT OnNextControl(WPARAM control, LPARAM isControl);
   afx_msg LRESULT OnCompareMessage(WPARAM, LPARAM);
 
   // --- Folders and comparison ---

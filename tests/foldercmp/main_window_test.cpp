@@ -134,7 +134,9 @@ TEST_F(MainWindow, FiltersByStateAndText) {
 TEST_F(MainWindow, SwapsTheFolders) {
   const HostProgram host(Both());
   WaitForRows(host, 4);
+  host.Select({"changed.c"});
   host.Do(ID_SWAP);
+  EXPECT_EQ(host.Selected(), (Names{"changed.c"}));
   EXPECT_EQ(host.Title(), "revised vs. base - Folder Comparison");
   auto states = kStates;
   std::swap(states["added.h"], states["gone.txt"]);
@@ -247,8 +249,10 @@ TEST_F(MainWindow, AnalyzesAModifiedDocument) {
   const std::string title = Base() + "->\\sub\\changed.c";
   const HWND found = HostProgram::WindowWithTitle(title);
   ASSERT_NE(found, nullptr) << "no difference window";
-  PostMessageA(found, WM_CLOSE, 0, 0);
-  EXPECT_TRUE(HostProgram::Wait([&] { return !IsWindow(found); }));
+  EXPECT_TRUE(HostProgram::Wait([&] {
+    PostMessageA(found, WM_CLOSE, 0, 0);  // which it doesn't take while it compares
+    return !IsWindow(found);
+  }));
 }
 
 TEST_F(MainWindow, IsUsedWithTheKeyboard) {
@@ -262,7 +266,9 @@ TEST_F(MainWindow, IsUsedWithTheKeyboard) {
     host.Key(VK_TAB);
     EXPECT_TRUE(HostProgram::Wait([&] { return host.FocusId() == id; })) << host.FocusId();
   }
-  // Enter in a folder's box compares; on a button it presses that.
+  host.Letter('r');
+  EXPECT_TRUE(HostProgram::Wait([&] { return host.FocusId() == IDC_REVISED_FOLDER; }));
+  // Enter compares.
   host.Type(IDC_BASE_FOLDER, Base() + "\\sub");
   host.Type(IDC_REVISED_FOLDER, Revised() + "\\sub");
   host.Do(ID_FILTER);
@@ -277,6 +283,43 @@ TEST_F(MainWindow, IsUsedWithTheKeyboard) {
   WaitForRows(host, 2);
   host.Key(VK_ESCAPE);
   EXPECT_EQ(host.ExitStatus(), 0u);
+}
+
+// Files that take long to compare: holes, which take no room on the disk.
+class LongComparison : public MainWindow {
+ protected:
+  LongComparison() {
+    for (const std::string name :
+         {"base\\huge1", "revised\\huge1", "base\\huge2", "revised\\huge2"}) {
+      const HANDLE file = CreateFileA(m_folder.Write(name, "").c_str(), GENERIC_WRITE, 0, nullptr,
+                                      OPEN_EXISTING, 0, nullptr);
+      LARGE_INTEGER size;
+      size.QuadPart = 0x7F000000;
+      SetFilePointerEx(file, size, nullptr, FILE_BEGIN);
+      SetEndOfFile(file);
+      CloseHandle(file);
+    }
+  }
+};
+
+TEST_F(LongComparison, CanBeStopped) {
+  const HostProgram host(Both());
+  const HWND progress = host.Dialog();
+  ASSERT_NE(progress, nullptr);
+  EXPECT_FALSE(IsWindowEnabled(host.Main()));
+  PostMessageA(progress, WM_COMMAND, IDCANCEL, 0);
+  WaitForRows(host, 6);
+  EXPECT_NE(host.StatusText(0).find("Stopped"), std::string::npos);
+  EXPECT_EQ(host.States()["huge2."], "Unknown");
+}
+
+TEST_F(LongComparison, EndsWithTheWindow) {
+  const HostProgram host(Both());
+  Sleep(500);
+  const DWORD start = GetTickCount();
+  PostMessageA(host.Main(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(host.ExitStatus(), 0u);
+  EXPECT_LT(GetTickCount() - start, 1500u);
 }
 
 TEST_F(MainWindow, RefusesAWrongCommandLine) {
