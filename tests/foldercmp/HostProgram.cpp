@@ -100,7 +100,6 @@ HostProgram::HostProgram(const std::string& arguments) {
     ADD_FAILURE() << "foldercmp.exe was not started";
     return;
   }
-  WaitForInputIdle(m_process.hProcess, kWaitMilliseconds);
   Wait([&] { return (m_main = visibleWindow(m_process.dwProcessId, nullptr)) != nullptr; });
   EXPECT_NE(m_main, nullptr) << "no window came";
 }
