@@ -144,6 +144,38 @@ TEST_F(DiffWindowTest, FindsTexts) {
   EXPECT_EQ(::GetFocus(), Child(IDC_DIFF_RIGHT));
 }
 
+namespace {
+
+const char* typedLine = "";
+
+// The dialog has a loop of its own.
+void CALLBACK answerGoToLine(HWND, UINT, UINT_PTR id, DWORD) {
+  const HWND edit = ::GetFocus();
+  if (edit == nullptr || ::GetParent(edit) != ::GetActiveWindow()) return;
+  ::KillTimer(nullptr, id);
+  ::SetWindowText(edit, typedLine);
+  ::PostMessage(edit, WM_KEYDOWN, VK_RETURN, 1);
+}
+
+}  // namespace
+
+TEST_F(DiffWindowTest, GoesToALine) {
+  Open(Lines(300), "new\r\n" + Lines(300));
+  Press(VK_TAB);
+  const struct {
+    const char* typed;
+    int row;
+  } cases[] = {{"100", 99}, {"0", 0}, {"999999999", 300}, {"", 300}};
+  for (const auto& c : cases) {
+    typedLine = c.typed;
+    const UINT_PTR timer = ::SetTimer(nullptr, 0, 50, answerGoToLine);
+    Press('G', kControl);
+    ::KillTimer(nullptr, timer);
+    EXPECT_EQ(state().place.caret(), c.row) << c.typed;
+    EXPECT_EQ(::GetFocus(), Child(IDC_DIFF_RIGHT));
+  }
+}
+
 TEST_F(DiffWindowTest, OtherOptionsKeepThePlace) {
   Open("A\r\n" + Lines(200) + "x  y\r\n" + Lines(50),
        "a\r\n" + Lines(200, {7}) + "x y\r\n" + Lines(50));
@@ -165,7 +197,7 @@ TEST_F(DiffWindowTest, OtherOptionsKeepThePlace) {
   Press(VK_F5);
   EXPECT_EQ(document().rowCount(), 253);
   EXPECT_EQ(document().differences().size(), 2u);
-  Press('W', kControl);
+  Press('T', kControl);
   EXPECT_EQ(document().differences()[0].kind, DiffKind::Added);
   EXPECT_STREQ(state().leftTitle, "Right title");
 }

@@ -10,6 +10,7 @@ namespace {
 constexpr int kMargin = 3;          // pixels beside the marks
 constexpr int kMostPixelsARow = 4;  // so that a short text is no bar code
 constexpr int kLeastMark = 2;       // pixels
+constexpr int kLeastVisible = 4;
 
 }  // namespace
 
@@ -27,20 +28,16 @@ BOOL DiffMap::Create(CWnd* parent, UINT id) {
   return CWnd::Create(windowClass, "", WS_CHILD | WS_VISIBLE, CRect(0, 0, 0, 0), parent, id);
 }
 
-int DiffMap::MapHeight() const {
+DiffMap::Scale DiffMap::GetScale() const {
   CRect client;
   GetClientRect(client);
-  return std::max(1, std::min(static_cast<int>(client.Height()),
-                              kMostPixelsARow * m_state.document->rowCount()));
+  const int rows = std::max(1, m_state.document->rowCount());
+  return {rows, std::max(1, std::min(static_cast<int>(client.Height()), kMostPixelsARow * rows))};
 }
 
 int DiffMap::RowAt(int y) const {
-  const int rows = m_state.document->rowCount();
-  return std::clamp(MulDiv(y, rows, MapHeight()), 0, std::max(0, rows - 1));
-}
-
-int DiffMap::YOfRow(int row) const {
-  return MulDiv(row, MapHeight(), std::max(1, m_state.document->rowCount()));
+  const Scale scale = GetScale();
+  return std::clamp(scale.RowAt(y), 0, scale.rows - 1);
 }
 
 void DiffMap::OnLButtonDown(UINT, CPoint point) {
@@ -60,38 +57,39 @@ void DiffMap::OnMouseMove(UINT, CPoint point) {
 void DiffMap::OnPaint() {
   BufferedPaint paint(*this);
   CDC& dc = paint.dc();
-  const CRect& client = paint.client();
-  dc.FillSolidRect(client, GetSysColor(COLOR_BTNFACE));
+  const int width = paint.client().Width();
+  dc.FillSolidRect(paint.client(), GetSysColor(COLOR_BTNFACE));
   if (m_state.document->rowCount() == 0) return;
-  dc.FillSolidRect(kMargin, 0, client.Width() - 2 * kMargin, MapHeight(),
-                   GetSysColor(COLOR_WINDOW));
-
-  const auto& differences = m_state.document->differences();
-  int drawnTo = 0;
-  for (const Difference& difference : differences) {
-    // Of hundreds of thousands most stand in a pixel that has its colour already.
-    if (YOfRow(difference.firstRow + difference.rows) + kLeastMark <= drawnTo) continue;
-    DrawDifference(dc, client, difference, false);
-    drawnTo = YOfRow(difference.firstRow + difference.rows) + kLeastMark;
-  }
-  const int current = m_state.CurrentDifference();
-  if (current >= 0) DrawDifference(dc, client, differences[static_cast<size_t>(current)], true);
+  const Scale scale = GetScale();
+  dc.FillSolidRect(kMargin, 0, width - 2 * kMargin, scale.height, GetSysColor(COLOR_WINDOW));
+  DrawDifferences(dc, width);
 
   const DiffPlace& place = m_state.place;
-  CRect visible(0, YOfRow(place.first()), client.right,
-                YOfRow(std::min(place.first() + place.page(), place.rows())));
-  visible.bottom = std::max(visible.bottom, visible.top + 4);
+  CRect visible(0, scale.YOfRow(place.first()), width,
+                scale.YOfRow(std::min(place.first() + place.page(), place.rows())));
+  visible.bottom = std::max(visible.bottom, visible.top + kLeastVisible);
   dc.Draw3dRect(visible, GetSysColor(COLOR_BTNTEXT), GetSysColor(COLOR_BTNTEXT));
 }
 
-// Lines that are only on one side are only on that side here.
-void DiffMap::DrawDifference(CDC& dc, const CRect& client, const Difference& difference,
-                             bool isCurrent) {
-  const int top = YOfRow(difference.firstRow);
-  const int height = std::max(kLeastMark, YOfRow(difference.firstRow + difference.rows) - top);
-  const int middle = client.Width() / 2;
-  const int left = difference.kind == DiffKind::Added ? middle : kMargin;
-  const int right = difference.kind == DiffKind::Deleted ? middle : client.Width() - kMargin;
-  dc.FillSolidRect(left, top, right - left, height,
-                   isCurrent ? DiffStyle::kCurrent : DiffStyle::MapColour(difference.kind));
+void DiffMap::DrawDifferences(CDC& dc, int width) {
+  const Scale scale = GetScale();
+  // Lines that are only on one side are only on that side here.
+  const auto draw = [&](const Difference& difference, COLORREF colour) {
+    const int top = scale.YOfRow(difference.firstRow);
+    const int bottom = scale.YOfRow(difference.firstRow + difference.rows);
+    const int left = difference.kind == DiffKind::Added ? width / 2 : kMargin;
+    const int right = difference.kind == DiffKind::Deleted ? width / 2 : width - kMargin;
+    dc.FillSolidRect(left, top, right - left, std::max(kLeastMark, bottom - top), colour);
+  };
+  const auto& differences = m_state.document->differences();
+  int drawnTo = -1;
+  for (const Difference& difference : differences) {
+    // Of hundreds of thousands most end in a pixel that has its mark already.
+    const int bottom = scale.YOfRow(difference.firstRow + difference.rows);
+    if (bottom == drawnTo) continue;
+    drawnTo = bottom;
+    draw(difference, DiffStyle::MapColour(difference.kind));
+  }
+  const int current = m_state.CurrentDifference();
+  if (current >= 0) draw(differences[static_cast<size_t>(current)], DiffStyle::kCurrent);
 }

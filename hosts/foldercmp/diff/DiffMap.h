@@ -3,7 +3,9 @@
 
 #include <afxwin.h>
 
+#include <cstdint>
 #include <functional>
+#include <utility>
 
 #include "foldercmp/diff/DiffViewState.h"
 
@@ -17,7 +19,7 @@ class DiffMap : public CWnd {
   BOOL Create(CWnd* parent, UINT id);
   // In the window's coordinates. A map that is higher than its rows does not stretch them.
   int RowAt(int y) const;
-  int YOfRow(int row) const;
+  int YOfRow(int row) const { return GetScale().YOfRow(row); }
 
  private:
   afx_msg void OnPaint();
@@ -27,8 +29,19 @@ class DiffMap : public CWnd {
   afx_msg void OnMouseMove(UINT flags, CPoint point);
   DECLARE_MESSAGE_MAP()
 
-  void DrawDifference(CDC& dc, const CRect& client, const Difference& difference, bool isCurrent);
-  int MapHeight() const;
+  // Rows in proportion to pixels.
+  struct Scale {
+    int YOfRow(int row) const {
+      return static_cast<int>(static_cast<int64_t>(row) * height / rows);
+    }
+    int RowAt(int y) const { return static_cast<int>(static_cast<int64_t>(y) * rows / height); }
+
+    int rows;    // from 1
+    int height;  // from 1
+  };
+
+  Scale GetScale() const;
+  void DrawDifferences(CDC& dc, int width);
 
   const DiffViewState& m_state;
   std::function<void(int row)> m_goTo;

@@ -3,6 +3,8 @@
 
 #include <afxwin.h>
 
+#include <vector>
+
 #include "foldercmp/diff/DiffStyle.h"
 #include "foldercmp/diff/DiffViewState.h"
 
@@ -53,9 +55,10 @@ class DiffPane : public CWnd {
   void DrawRow(CDC& dc, int number, const CRect& place);
   void DrawMargin(CDC& dc, const DiffRow& row, const CRect& place);
   void DrawLine(CDC& dc, int number, const DiffRow& row, const CRect& place);
-  void DrawMarks(CDC& dc, int number, const DiffRow& row, const CRect& place);
+  // The columns where marks begin and end, ascending but for the found place.
+  std::vector<int> DrawMarks(CDC& dc, int number, const DiffRow& row, const CRect& place);
   void DrawEndMark(CDC& dc, const DiffRow& row, const CRect& place);
-  void DrawText(CDC& dc, const DiffRow& row, const CRect& place);
+  void DrawText(CDC& dc, const DiffRow& row, const CRect& place, std::vector<int> breaks);
   void DrawFrames(CDC& dc, int number, const DiffRow& row, const CRect& place);
 
   bool isActive() const { return m_state.active == m_side; }

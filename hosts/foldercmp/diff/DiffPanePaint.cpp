@@ -1,5 +1,7 @@
 // DiffPane: drawing.
 #include <algorithm>
+#include <climits>
+#include <utility>
 
 #include "foldercmp/diff/BufferedPaint.h"
 #include "foldercmp/diff/DiffPane.h"
@@ -7,8 +9,8 @@
 
 namespace {
 
-constexpr int kTextIndent = 4;   // pixels between the margin and the first column
-constexpr int kCurrentBar = 4;   // pixels
+constexpr int kTextIndent = 4;   // pixels at 96 dpi between the margin and the first column
+constexpr int kCurrentBar = 4;   // pixels at 96 dpi
 constexpr int kSignColumns = 2;  // behind the line number
 
 // Tells the kinds apart without their colours.
@@ -41,11 +43,12 @@ int DiffPane::LineNumberDigits() const {
 }
 
 int DiffPane::MarginWidth() const {
-  return kCurrentBar + (LineNumberDigits() + kSignColumns) * m_style.columnWidth();
+  return m_style.Pixels(kCurrentBar) + (LineNumberDigits() + kSignColumns) * m_style.columnWidth();
 }
 
 int DiffPane::XOfColumn(int column) const {
-  return MarginWidth() + kTextIndent + (column - m_state.firstColumn) * m_style.columnWidth();
+  return MarginWidth() + m_style.Pixels(kTextIndent) +
+         (column - m_state.firstColumn) * m_style.columnWidth();
 }
 
 void DiffPane::OnPaint() {
@@ -57,24 +60,31 @@ void DiffPane::OnPaint() {
   place.bottom = place.top + m_style.titleHeight();
   DrawTitle(dc, place);
 
-  Selected font(dc, m_style.textFont());
   const int rows = m_state.document->rowCount();
+  if (rows == 0) return;
+  dc.FillSolidRect(0, place.bottom, MarginWidth(), paint.client().bottom - place.bottom,
+                   DiffStyle::kMargin);
+  dc.SetBkMode(TRANSPARENT);
+  Selected font(dc, m_style.textFont());
   for (int row = m_state.place.first(); row < rows && place.bottom < paint.client().bottom; ++row) {
     place.top = place.bottom;
     place.bottom = place.top + m_style.rowHeight();
     DrawRow(dc, row, place);
   }
-  CRect margin(0, place.bottom, MarginWidth(), paint.client().bottom);
-  if (rows > 0 && !margin.IsRectEmpty()) dc.FillSolidRect(margin, DiffStyle::kMargin);
 }
 
 void DiffPane::DrawTitle(CDC& dc, const CRect& place) {
   const bool isFocused = ::GetFocus() == m_hWnd;
-  dc.FillSolidRect(place, GetSysColor(isFocused ? COLOR_ACTIVECAPTION : COLOR_BTNFACE));
-  dc.SetTextColor(GetSysColor(isFocused ? COLOR_CAPTIONTEXT : COLOR_BTNTEXT));
+  dc.FillSolidRect(place, GetSysColor(isFocused    ? COLOR_ACTIVECAPTION
+                                      : isActive() ? COLOR_INACTIVECAPTION
+                                                   : COLOR_BTNFACE));
+  dc.SetTextColor(GetSysColor(isFocused    ? COLOR_CAPTIONTEXT
+                              : isActive() ? COLOR_INACTIVECAPTIONTEXT
+                                           : COLOR_BTNTEXT));
+  dc.SetBkMode(TRANSPARENT);
   Selected font(dc, m_style.titleFont());
   CRect text = place;
-  text.DeflateRect(6, 0);
+  text.DeflateRect(m_style.Pixels(6), 0);
   dc.DrawText(m_state.TitleOf(m_side), text,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_PATH_ELLIPSIS);
 }
@@ -89,49 +99,50 @@ void DiffPane::DrawRow(CDC& dc, int number, const CRect& place) {
 }
 
 void DiffPane::DrawMargin(CDC& dc, const DiffRow& row, const CRect& place) {
-  dc.FillSolidRect(place, DiffStyle::kMargin);
   if (row.difference >= 0 && row.difference == m_state.CurrentDifference()) {
-    dc.FillSolidRect(place.left, place.top, kCurrentBar, place.Height(), DiffStyle::kCurrent);
+    dc.FillSolidRect(place.left, place.top, m_style.Pixels(kCurrentBar), place.Height(),
+                     DiffStyle::kCurrent);
+    dc.SetBkMode(TRANSPARENT);
   }
   const int line = row.LineOf(m_side);
   if (line < 0) return;
   CString number;
-  number.Format("%d", line + 1);
-  CRect text = place;
-  text.right -= kSignColumns * m_style.columnWidth();
+  number.Format("%*d", LineNumberDigits(), line + 1);
   dc.SetTextColor(DiffStyle::kMarginText);
-  dc.DrawText(number, text, DT_SINGLELINE | DT_RIGHT | DT_NOPREFIX);
-  text.left = text.right;
-  text.right = place.right;
+  dc.TextOut(place.left + m_style.Pixels(kCurrentBar), place.top, number);
+  if (row.kind == DiffKind::Equal) return;
   dc.SetTextColor(RGB(0, 0, 0));
-  dc.DrawText(SignOf(row.kind), text, DT_SINGLELINE | DT_CENTER | DT_NOPREFIX);
+  dc.TextOut(place.right - kSignColumns * m_style.columnWidth() + m_style.columnWidth() / 2,
+             place.top, SignOf(row.kind));
 }
 
 void DiffPane::DrawLine(CDC& dc, int number, const DiffRow& row, const CRect& place) {
   const bool isSelected = isActive() && m_state.place.IsSelected(number);
   const bool isFiller = row.LineOf(m_side) < 0;
   const COLORREF ground = isFiller ? DiffStyle::kFillerGround : DiffStyle::RowColour(row.kind);
-  dc.FillSolidRect(place, isSelected ? GetSysColor(COLOR_HIGHLIGHT) : ground);
-  dc.SetBkMode(TRANSPARENT);
+  if (isSelected || row.kind != DiffKind::Equal || isFiller) {
+    dc.FillSolidRect(place, isSelected ? GetSysColor(COLOR_HIGHLIGHT) : ground);
+    dc.SetBkMode(TRANSPARENT);
+  }
   if (isFiller) {
     if (!isSelected) dc.FillRect(place, &m_style.filler());
     return;
   }
-  const int saved = dc.SaveDC();
-  dc.IntersectClipRect(place);
-  if (!isSelected) DrawMarks(dc, number, row, place);
+  std::vector<int> breaks;
+  if (!isSelected) breaks = DrawMarks(dc, number, row, place);
   dc.SetTextColor(isSelected ? GetSysColor(COLOR_HIGHLIGHTTEXT) : DiffStyle::TextColour(row.kind));
-  DrawText(dc, row, place);
-  dc.RestoreDC(saved);
+  DrawText(dc, row, place, std::move(breaks));
 }
 
-void DiffPane::DrawMarks(CDC& dc, int number, const DiffRow& row, const CRect& place) {
+std::vector<int> DiffPane::DrawMarks(CDC& dc, int number, const DiffRow& row, const CRect& place) {
   const TextLine& line = m_state.document->Line(m_side, row.LineOf(m_side));
+  std::vector<int> breaks;
   const auto mark = [&](int begin, int end, COLORREF colour) {
     const std::vector<int> columns = ColumnsOfBytes(line.text, m_state.tabSize, {begin, end});
     const int left = std::max(XOfColumn(columns[0]), static_cast<int>(place.left));
     const int right = std::min(XOfColumn(columns[1]), static_cast<int>(place.right));
     if (left < right) dc.FillSolidRect(left, place.top, right - left, place.Height(), colour);
+    breaks.insert(breaks.end(), columns.begin(), columns.end());
   };
   const int size = static_cast<int>(line.text.size());
   bool isEndChanged = false;
@@ -144,6 +155,7 @@ void DiffPane::DrawMarks(CDC& dc, int number, const DiffRow& row, const CRect& p
     mark(found->begin, found->end, DiffStyle::kFound);
   dc.SetBkMode(TRANSPARENT);
   if (isEndChanged) DrawEndMark(dc, row, place);
+  return breaks;
 }
 
 // A changed line end, which would not be seen.
@@ -159,14 +171,27 @@ void DiffPane::DrawEndMark(CDC& dc, const DiffRow& row, const CRect& place) {
   dc.TextOut(x + m_style.columnWidth() / 2, place.top, name);
 }
 
-void DiffPane::DrawText(CDC& dc, const DiffRow& row, const CRect& place) {
+// In pieces from mark to mark: text that runs from right to left is turned around within its piece
+// and stays where it is marked.
+void DiffPane::DrawText(CDC& dc, const DiffRow& row, const CRect& place, std::vector<int> breaks) {
   const int columns = place.Width() / m_style.columnWidth() + 1;
   LineSlice slice = SliceOfLine(m_state.document->Line(m_side, row.LineOf(m_side)).text,
                                 m_state.tabSize, m_state.firstColumn, columns);
-  if (slice.text.empty()) return;
-  for (int& width : slice.widths) width *= m_style.columnWidth();
-  ::ExtTextOutW(dc, XOfColumn(slice.column), place.top, ETO_CLIPPED, place, slice.text.data(),
-                static_cast<UINT>(slice.text.size()), slice.widths.data());
+  breaks.push_back(INT_MAX);
+  std::sort(breaks.begin(), breaks.end());
+  auto next = breaks.begin();
+  int column = slice.column;
+  for (size_t begin = 0, end; begin < slice.text.size(); begin = end) {
+    const int x = XOfColumn(column);
+    while (*next <= column) ++next;
+    for (end = begin; end < slice.text.size() && (column < *next || slice.widths[end] == 0);
+         ++end) {
+      column += slice.widths[end];
+      slice.widths[end] *= m_style.columnWidth();
+    }
+    ::ExtTextOutW(dc, x, place.top, ETO_CLIPPED, place, &slice.text[begin],
+                  static_cast<UINT>(end - begin), &slice.widths[begin]);
+  }
 }
 
 // The edges of the current difference, and the row with the focus.

@@ -25,6 +25,7 @@ bool HasFace(CDC& screen, CFont& font, const char* face) {
 
 DiffStyle::DiffStyle() {
   CClientDC screen(nullptr);
+  m_dotsPerInch = screen.GetDeviceCaps(LOGPIXELSY);
   for (const char* face : {"Consolas", "Courier New"}) {
     const LOGFONT font = Monospaced(screen, face);
     m_textFont.DeleteObject();
@@ -40,7 +41,7 @@ DiffStyle::DiffStyle() {
   TEXTMETRIC text = {};
   CFont* const before = screen.SelectObject(&m_titleFont);
   screen.GetTextMetrics(&text);
-  m_titleHeight = text.tmHeight + 8;
+  m_titleHeight = text.tmHeight + Pixels(8);
   screen.SelectObject(&m_textFont);
   screen.GetTextMetrics(&text);
   m_rowHeight = text.tmHeight + 1;

@@ -13,6 +13,8 @@ class DiffStyle {
   CFont& textFont() { return m_textFont; }
   CFont& titleFont() { return m_titleFont; }
   CBrush& filler() { return m_filler; }  // of rows where nothing stands
+  // A length in pixels of a screen of 96 dots per inch.
+  int Pixels(int at96) const { return MulDiv(at96, m_dotsPerInch, 96); }
   int columnWidth() const { return m_columnWidth; }
   int rowHeight() const { return m_rowHeight; }
   int titleHeight() const { return m_titleHeight; }
@@ -35,6 +37,7 @@ class DiffStyle {
   CFont m_textFont;
   CFont m_titleFont;
   CBrush m_filler;
+  int m_dotsPerInch = 96;
   int m_columnWidth = 0;
   int m_rowHeight = 0;
   int m_titleHeight = 0;

@@ -68,6 +68,7 @@ class DiffView : public CWnd, private DiffPaneHost {
   DiffPane& PaneOf(DiffSide side) { return side == DiffSide::Left ? m_left : m_right; }
   bool MoveByKey(UINT key, bool shift, bool control);
   void Layout();
+  int PanesWidth() const;  // of both, with the splitter
   CRect SplitterPlace() const;
   CRect NoticePlace() const;
   void Changed();

@@ -7,7 +7,8 @@
 
 namespace {
 
-constexpr int kSplitterWidth = 6;  // pixels
+// Pixels at 96 dpi.
+constexpr int kSplitterWidth = 6;
 constexpr int kMapWidth = 26;
 constexpr int kLeastPane = 80;
 constexpr int kColumnsAStep = 4;  // of the arrow keys and the scroll bar's arrows
@@ -70,31 +71,35 @@ CRect DiffView::NoticePlace() const {
   return client;
 }
 
+int DiffView::PanesWidth() const {
+  CRect client;
+  GetClientRect(client);
+  return std::max(0, static_cast<int>(client.Width()) - m_style.Pixels(kMapWidth) -
+                         GetSystemMetrics(SM_CXVSCROLL));
+}
+
 CRect DiffView::SplitterPlace() const {
   CRect client;
   GetClientRect(client);
-  const int width = client.Width() - kMapWidth - GetSystemMetrics(SM_CXVSCROLL);
-  const int most = std::max(kLeastPane, width - kSplitterWidth - kLeastPane);
-  const int left =
-      std::clamp(MulDiv(width, m_splitter, 1000) - kSplitterWidth / 2, kLeastPane, most);
-  return CRect(left, NoticePlace().bottom, left + kSplitterWidth,
-               client.bottom - GetSystemMetrics(SM_CYHSCROLL));
+  const int width = m_style.Pixels(kSplitterWidth), least = m_style.Pixels(kLeastPane);
+  const int most = std::max(least, PanesWidth() - width - least);
+  const int left = std::clamp(MulDiv(PanesWidth(), m_splitter, 1000) - width / 2, least, most);
+  const int top = NoticePlace().bottom;
+  const int bottom = client.bottom - GetSystemMetrics(SM_CYHSCROLL);
+  return CRect(left, top, left + width, std::max(top, bottom));
 }
 
 void DiffView::Layout() {
   if (m_horizontal.m_hWnd == nullptr) return;
-  CRect client;
-  GetClientRect(client);
   const CRect splitter = SplitterPlace();
-  const int panesRight = client.right - kMapWidth - GetSystemMetrics(SM_CXVSCROLL);
-  const int top = splitter.top, bottom = std::max(splitter.top, splitter.bottom);
-  const int height = bottom - top;
+  const int right = PanesWidth(), mapWidth = m_style.Pixels(kMapWidth);
+  const int top = splitter.top, height = splitter.Height();
   m_left.MoveWindow(0, top, splitter.left, height, FALSE);
-  m_right.MoveWindow(splitter.right, top,
-                     std::max(0, panesRight - static_cast<int>(splitter.right)), height, FALSE);
-  m_map.MoveWindow(panesRight, top, kMapWidth, height, FALSE);
-  m_vertical.MoveWindow(panesRight + kMapWidth, top, GetSystemMetrics(SM_CXVSCROLL), height);
-  m_horizontal.MoveWindow(0, bottom, panesRight, GetSystemMetrics(SM_CYHSCROLL));
+  m_right.MoveWindow(splitter.right, top, std::max(0, right - static_cast<int>(splitter.right)),
+                     height, FALSE);
+  m_map.MoveWindow(right, top, mapWidth, height, FALSE);
+  m_vertical.MoveWindow(right + mapWidth, top, GetSystemMetrics(SM_CXVSCROLL), height);
+  m_horizontal.MoveWindow(0, splitter.bottom, right, GetSystemMetrics(SM_CYHSCROLL));
   m_state.place.SetPage(m_left.RowsOnPage());
   ScrollToColumn(m_state.firstColumn);
   Invalidate(FALSE);
@@ -111,7 +116,7 @@ void DiffView::OnPaint() {
   dc.SetBkMode(TRANSPARENT);
   dc.SetTextColor(RGB(0, 0, 0));
   Selected font(dc, m_style.titleFont());
-  notice.DeflateRect(6, 0);
+  notice.DeflateRect(m_style.Pixels(6), 0);
   dc.DrawText(m_notice, notice, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
@@ -143,10 +148,7 @@ void DiffView::OnLButtonUp(UINT, CPoint) {
 
 void DiffView::OnMouseMove(UINT, CPoint point) {
   if (::GetCapture() != m_hWnd) return;
-  CRect client;
-  GetClientRect(client);
-  const int width = client.Width() - kMapWidth - GetSystemMetrics(SM_CXVSCROLL);
-  if (width > 0) SetSplitter(MulDiv(point.x, 1000, width));
+  if (PanesWidth() > 0) SetSplitter(MulDiv(point.x, 1000, PanesWidth()));
 }
 
 // --- Scrolling ---
