@@ -1,6 +1,6 @@
 // Starts the desktop host for pictures of it:
 //   foldercmp_views empty
-//   foldercmp_views filled|options|file-menu|view-menu|context-menu|report BASE REVISED
+//   foldercmp_views filled|filtered|options|file-menu|view-menu|context-menu|report BASE REVISED
 #include <windows.h>
 
 #include <commctrl.h>
@@ -34,6 +34,10 @@ HWND waitForFrame(bool withList) {
 
 void show(HWND frame, const std::string& view) {
   const HWND list = GetDlgItem(frame, kListId);
+  if (view == "filtered") {
+    PostMessageA(frame, WM_COMMAND, ID_SHOW_SAME, 0);
+    SetDlgItemTextA(frame, IDC_FILTER_TEXT, "zip");
+  }
   if (view == "options") PostMessageA(frame, WM_COMMAND, ID_OPTIONS, 0);
   if (view == "report") PostMessageA(frame, WM_COMMAND, ID_REPORT, 0);
   if (view == "file-menu") PostMessageA(frame, WM_SYSCOMMAND, SC_KEYMENU, 'f');
