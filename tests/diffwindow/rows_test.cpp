@@ -1,4 +1,6 @@
 // The rows of two texts, and moving among them.
+#include <random>
+
 #include "diffwindow/Texts.h"
 #include "foldercmp/diff/DiffPlace.h"
 #include "foldercmp/diff/DiffViewState.h"
@@ -35,6 +37,37 @@ TEST(Rows, StandSideBySide) {
   };
   for (const auto& c : cases)
     EXPECT_EQ(RowsOf(DocumentOf(c.left, c.right, c.options)), c.rows) << c.name;
+}
+
+// Texts of few different lines, so that equal, moved, empty and blank ones meet in all ways.
+TEST(Rows, HaveEveryLineOnceInItsOrder) {
+  std::mt19937 random(1);
+  const auto text = [&] {
+    static constexpr const char* kLines[] = {"a\n", "A\n", "b c\n", "b  c\n", "\n", " \n", "d\r\n"};
+    std::string lines;
+    for (auto count = random() % 12; count > 0; --count) lines += kLines[random() % 7];
+    return lines;
+  };
+  for (int i = 0; i < 3000; ++i) {
+    const std::string left = text(), right = text();
+    const CompareOptions options = {.ignoreCase = random() % 2 == 0,
+                                    .whiteSpaceMode = static_cast<int>(random() % 3)};
+    const DiffDocument document = DocumentOf(left, right, options);
+    int lines[] = {0, 0};
+    for (int row = 0; row < document.rowCount(); ++row) {
+      const DiffRow found = document.RowAt(row);
+      for (const DiffSide side : {DiffSide::Left, DiffSide::Right}) {
+        if (found.LineOf(side) < 0) continue;
+        ASSERT_EQ(found.LineOf(side), lines[static_cast<int>(side)]++) << left << "--\n" << right;
+        ASSERT_EQ(document.RowOfLine(side, found.LineOf(side)), row) << left << "--\n" << right;
+        document.ChangedWords(side, found);
+      }
+      ASSERT_TRUE(found.left >= 0 || found.right >= 0);
+      ASSERT_EQ(found.difference >= 0, found.kind != DiffKind::Equal);
+    }
+    ASSERT_EQ(lines[0], document.lineCount(DiffSide::Left));
+    ASSERT_EQ(lines[1], document.lineCount(DiffSide::Right));
+  }
 }
 
 TEST(Rows, AreNoneOfWhatIsNoText) {

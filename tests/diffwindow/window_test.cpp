@@ -253,11 +253,11 @@ TEST_F(DiffWindowTest, SaysWhatItCannotShow) {
       {"both empty", "", "", "The documents are the same."},
       {"only line ends differ", "a\n", "a\r\n",
        "No line differs with the chosen options, but the documents are not the same byte by byte."},
-      {"one binary", binary, text, "'Left title' is not a text. The documents are different."},
+      {"one binary", binary, text, "The documents are different. 'Left title' is not a text."},
       {"both binary", binary, binary,
-       "'Left title' is not a text. 'Right title' is not a text. The documents are the same."},
+       "The documents are the same. 'Left title' is not a text. 'Right title' is not a text."},
       {"too large", text, std::string(DocumentText::kMostBytes + 1, 'x'),
-       "'Right title' is too large to be shown. The documents are different."},
+       "The documents are different. 'Right title' is too large to be shown."},
   };
   for (const auto& c : cases) {
     Open(c.left, c.right);
@@ -269,9 +269,20 @@ TEST_F(DiffWindowTest, SaysWhatItCannotShow) {
   m_left = m_folder / "missing.txt";
   OpenFiles();
   EXPECT_STREQ(m_frame->view().notice(),
-               "'Left title' cannot be read. 'Right title' is too large to be shown. They could "
-               "not be compared.");
+               "The documents could not be compared. 'Left title' cannot be read. 'Right title' is "
+               "too large to be shown.");
 }
+
+namespace {
+
+// A line of words of 100 characters, every second one of them with another letter.
+std::string Words(int count, char letter) {
+  std::string line;
+  for (int i = 0; i < count; ++i) line += std::string(99, i % 2 == 0 ? letter : 'x') + ' ';
+  return line + "\n";
+}
+
+}  // namespace
 
 TEST_F(DiffWindowTest, ShowsAwkwardTexts) {
   const std::string utf16(
@@ -291,6 +302,7 @@ TEST_F(DiffWindowTest, ShowsAwkwardTexts) {
        "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D 2\n", 1},
       {"not UTF-8", "\x93\xFA\x96\x7B\n", "\x93\xFA\x96\x7B x\n", 1},
       {"one line of a megabyte", std::string(1 << 20, 'a'), std::string(1 << 20, 'a') + " b", 1},
+      {"changes all over a long line", Words(9000, 'a'), Words(9000, 'b'), 1},
       {"tabs", "\ta\tb\n", "    a   b\n", 1},
       {"carriage returns", "a\rb\r", "a\rc\r", 2},
   };

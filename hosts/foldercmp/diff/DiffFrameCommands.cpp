@@ -103,7 +103,10 @@ void DiffFrame::OnTabs(UINT id) {
 
 // --- Moving ---
 
-void DiffFrame::OnOtherPane() { m_view.Activate(OtherSide(m_view.state().active)); }
+void DiffFrame::OnOtherPane() {
+  const DiffSide active = m_view.state().active;
+  m_view.Activate(m_findBar.HasFocus() ? active : OtherSide(active));
+}
 
 void DiffFrame::ShowDifference(int difference, UINT notice) {
   if (document().differences().empty()) {

@@ -28,7 +28,7 @@ CString WhyNot(DocumentText::Kind kind, const CString& title) {
   }
   CString text;
   AfxFormatString1(text, id, title);
-  return text + " ";
+  return " " + text;
 }
 
 CString ResultText(ContentCompare::Result result) {
@@ -48,8 +48,8 @@ CString NoticeOf(const DiffDocument& document, const CString& leftTitle,
                  const CString& rightTitle) {
   const DiffTexts& texts = *document.texts();
   if (!texts.AreTexts()) {
-    return WhyNot(texts.leftKind, leftTitle) + WhyNot(texts.rightKind, rightTitle) +
-           ResultText(texts.bytes);
+    return ResultText(texts.bytes) + WhyNot(texts.leftKind, leftTitle) +
+           WhyNot(texts.rightKind, rightTitle);
   }
   if (!document.differences().empty()) return CString();
   if (texts.bytes == ContentCompare::Result::Different) return Text(IDS_DIFF_NO_LINE_DIFFERS);

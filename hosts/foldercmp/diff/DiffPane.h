@@ -55,7 +55,7 @@ class DiffPane : public CWnd {
   void DrawRow(CDC& dc, int number, const CRect& place);
   void DrawMargin(CDC& dc, const DiffRow& row, const CRect& place);
   void DrawLine(CDC& dc, int number, const DiffRow& row, const CRect& place);
-  // The columns where marks begin and end, ascending but for the found place.
+  // The columns where marks begin and end, in any order.
   std::vector<int> DrawMarks(CDC& dc, int number, const DiffRow& row, const CRect& place);
   void DrawEndMark(CDC& dc, const DiffRow& row, const CRect& place);
   void DrawText(CDC& dc, const DiffRow& row, const CRect& place, std::vector<int> breaks);

@@ -64,7 +64,6 @@ void DiffPane::OnPaint() {
   if (rows == 0) return;
   dc.FillSolidRect(0, place.bottom, MarginWidth(), paint.client().bottom - place.bottom,
                    DiffStyle::kMargin);
-  dc.SetBkMode(TRANSPARENT);
   Selected font(dc, m_style.textFont());
   for (int row = m_state.place.first(); row < rows && place.bottom < paint.client().bottom; ++row) {
     place.top = place.bottom;
@@ -81,7 +80,6 @@ void DiffPane::DrawTitle(CDC& dc, const CRect& place) {
   dc.SetTextColor(GetSysColor(isFocused    ? COLOR_CAPTIONTEXT
                               : isActive() ? COLOR_INACTIVECAPTIONTEXT
                                            : COLOR_BTNTEXT));
-  dc.SetBkMode(TRANSPARENT);
   Selected font(dc, m_style.titleFont());
   CRect text = place;
   text.DeflateRect(m_style.Pixels(6), 0);
@@ -102,7 +100,6 @@ void DiffPane::DrawMargin(CDC& dc, const DiffRow& row, const CRect& place) {
   if (row.difference >= 0 && row.difference == m_state.CurrentDifference()) {
     dc.FillSolidRect(place.left, place.top, m_style.Pixels(kCurrentBar), place.Height(),
                      DiffStyle::kCurrent);
-    dc.SetBkMode(TRANSPARENT);
   }
   const int line = row.LineOf(m_side);
   if (line < 0) return;
@@ -120,10 +117,8 @@ void DiffPane::DrawLine(CDC& dc, int number, const DiffRow& row, const CRect& pl
   const bool isSelected = isActive() && m_state.place.IsSelected(number);
   const bool isFiller = row.LineOf(m_side) < 0;
   const COLORREF ground = isFiller ? DiffStyle::kFillerGround : DiffStyle::RowColour(row.kind);
-  if (isSelected || row.kind != DiffKind::Equal || isFiller) {
+  if (isSelected || row.kind != DiffKind::Equal || isFiller)
     dc.FillSolidRect(place, isSelected ? GetSysColor(COLOR_HIGHLIGHT) : ground);
-    dc.SetBkMode(TRANSPARENT);
-  }
   if (isFiller) {
     if (!isSelected) dc.FillRect(place, &m_style.filler());
     return;
@@ -136,24 +131,29 @@ void DiffPane::DrawLine(CDC& dc, int number, const DiffRow& row, const CRect& pl
 
 std::vector<int> DiffPane::DrawMarks(CDC& dc, int number, const DiffRow& row, const CRect& place) {
   const TextLine& line = m_state.document->Line(m_side, row.LineOf(m_side));
+  const int size = static_cast<int>(line.text.size());
   std::vector<int> breaks;
-  const auto mark = [&](int begin, int end, COLORREF colour) {
-    const std::vector<int> columns = ColumnsOfBytes(line.text, m_state.tabSize, {begin, end});
-    const int left = std::max(XOfColumn(columns[0]), static_cast<int>(place.left));
-    const int right = std::min(XOfColumn(columns[1]), static_cast<int>(place.right));
-    if (left < right) dc.FillSolidRect(left, place.top, right - left, place.Height(), colour);
+  // From the first byte to the second one, from the third to the fourth, and so on; all of them in
+  // one pass over the line, which may be long.
+  const auto mark = [&](const std::vector<int>& bytes, COLORREF colour) {
+    const std::vector<int> columns = ColumnsOfBytes(line.text, m_state.tabSize, bytes);
+    for (size_t i = 0; i + 1 < columns.size(); i += 2) {
+      const int left = std::max(XOfColumn(columns[i]), static_cast<int>(place.left));
+      const int right = std::min(XOfColumn(columns[i + 1]), static_cast<int>(place.right));
+      if (left < right) dc.FillSolidRect(left, place.top, right - left, place.Height(), colour);
+    }
     breaks.insert(breaks.end(), columns.begin(), columns.end());
   };
-  const int size = static_cast<int>(line.text.size());
+  std::vector<int> words;
   bool isEndChanged = false;
   for (const auto& [begin, end] : m_state.document->ChangedWords(m_side, row)) {
-    mark(begin, std::min(end, size), DiffStyle::WordColour(row.kind));
+    words.insert(words.end(), {begin, std::min(end, size)});
     isEndChanged = end > size && m_state.document->options().whiteSpaceMode == kWhiteSpaceExact;
   }
+  mark(words, DiffStyle::WordColour(row.kind));
   const auto& found = m_state.found;
   if (found && found->side == m_side && found->row == number)
-    mark(found->begin, found->end, DiffStyle::kFound);
-  dc.SetBkMode(TRANSPARENT);
+    mark({found->begin, found->end}, DiffStyle::kFound);
   if (isEndChanged) DrawEndMark(dc, row, place);
   return breaks;
 }
@@ -163,10 +163,9 @@ void DiffPane::DrawEndMark(CDC& dc, const DiffRow& row, const CRect& place) {
   const TextLine& line = m_state.document->Line(m_side, row.LineOf(m_side));
   const CString name = NameOfEnd(line.end);
   const int x = XOfColumn(ColumnCount(line.text, m_state.tabSize)) + m_style.columnWidth() / 2;
-  if (x >= place.right) return;
+  if (x < place.left || x >= place.right) return;
   dc.FillSolidRect(x, place.top + 1, (name.GetLength() + 1) * m_style.columnWidth(),
                    place.Height() - 2, DiffStyle::WordColour(row.kind));
-  dc.SetBkMode(TRANSPARENT);
   dc.SetTextColor(DiffStyle::kMarginText);
   dc.TextOut(x + m_style.columnWidth() / 2, place.top, name);
 }
@@ -211,5 +210,4 @@ void DiffPane::DrawFrames(CDC& dc, int number, const DiffRow& row, const CRect& 
     dc.SetBkColor(RGB(255, 255, 255));
     dc.DrawFocusRect(focus);
   }
-  dc.SetBkMode(TRANSPARENT);
 }
