@@ -12,6 +12,7 @@
 BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
 ON_WM_CLOSE()
 ON_WM_DESTROY()
+ON_WM_ENDSESSION()
 ON_WM_SETFOCUS()
 ON_WM_ERASEBKGND()
 ON_WM_GETMINMAXINFO()
@@ -126,10 +127,20 @@ void MainFrame::OnClose() {
 }
 
 void MainFrame::OnDestroy() {
+  StoreSettings();
+  CFrameWnd::OnDestroy();
+}
+
+// The system ends the program without closing its window.
+void MainFrame::OnEndSession(BOOL ends) {
+  if (ends) StoreSettings();
+  CFrameWnd::OnEndSession(ends);
+}
+
+void MainFrame::StoreSettings() const {
   StoreWindowPlace(*this);
   const DocumentFilter filter = m_filterBar.Filter();
   StoreShownDocuments({filter.states, static_cast<int>(filter.column)});
-  CFrameWnd::OnDestroy();
 }
 
 // --- Layout ---

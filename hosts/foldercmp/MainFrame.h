@@ -31,6 +31,7 @@ class MainFrame : public CFrameWnd {
   // --- The window ---
   afx_msg void OnClose();
   afx_msg void OnDestroy();
+  afx_msg void OnEndSession(BOOL ends);
   afx_msg void OnSetFocus(CWnd* before);
   afx_msg BOOL OnEraseBkgnd(CDC* dc);
   afx_msg void OnGetMinMaxInfo(MINMAXINFO* info);
@@ -83,6 +84,7 @@ class MainFrame : public CFrameWnd {
   class Working;
 
   void SetFonts();
+  void StoreSettings() const;
   bool IsBusy() const { return m_working != nullptr; }
 
   FolderPair TypedPair() const;
