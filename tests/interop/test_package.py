@@ -22,7 +22,7 @@ def unpacked(orv, folder):
 def check_contents(package):
     for name in ["bin/orvane.dll", "bin/appframe.dll", "bin/zlib1.dll", "lib/liborvane.dll.a",
                  "include/orvane/zip/ZipWriter.h", "include/framework/afxwin.h", "docs/README.md",
-                 "THIRD-PARTY.md", "licences/zlib.txt", "licences/GPL-3.txt"]:  # fmt: skip
+                 "THIRD-PARTY.md", "licences/versions.txt", "licences/zlib.txt", "licences/GPL-3.txt"]:  # fmt: skip
         check((package / name).exists(), f"the package lacks {name}")
     hosts = [path.name for path in (interop.ROOT / "hosts").iterdir() if path.is_dir()]
     for host in hosts:
