@@ -59,10 +59,9 @@ ORVANE_API unsigned long FindZipItemW(HZIP archive, const char* name, bool ignor
 // Extracts an entry.
 //
 //   kZipHandle    destination is an open HANDLE, which stays the caller's; length is not used.
-//   kZipFileName  destination is the path of the file, which is created or replaced with the
-//   entry's
-//                 attributes and times. Folders of a relative destination without ".." are made
-//                 below the root folder of OpenZipU; the path itself is used as it is given.
+//   kZipFileName  destination is the path of the file, which is created or replaced, with the
+//                 attributes and times of the entry. Folders of a relative destination without ".."
+//                 are made below the root folder of OpenZipU; the path itself is used as it is.
 //   kZipMemory    destination is a block of length bytes, filled with the next bytes of the entry:
 //                 kZipMore when there were any, kZipOk when there are no more. Call again with the
 //                 same index until it is kZipOk.

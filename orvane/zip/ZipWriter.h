@@ -15,9 +15,9 @@
 //   kZipHandle    target is an open HANDLE. It is duplicated and stays the caller's; the archive
 //                 starts at its current position. A disk file is sought in, anything else (a pipe)
 //                 is written straight through, with data descriptors. length is not used.
-//   kZipFileName  target is a path. The file is created, or an existing one replaced, and not
-//   shared. kZipMemory    target is the caller's block of length bytes, or null: then the library
-//   maps a
+//   kZipFileName  target is a path. The file is created, or an existing one replaced; it is not
+//                 shared.
+//   kZipMemory    target is the caller's block of length bytes, or null: then the library maps a
 //                 block of length bytes of its own (0: 0x30000), which ZipGetMemory shows.
 //
 // Returns the handle, or null: kZipNoDuplicate, kZipNoFile, kZipNoMemory or kZipBadArguments.
@@ -38,8 +38,8 @@ ORVANE_API HZIP CreateZipZ(void* target, unsigned int length, unsigned long kind
 //
 // Returns a result code:
 //   kZipBadArguments  a null handle, an empty name, no source; or what the format can't hold: a
-//                     65,536th entry, a name above 65,535 bytes, an entry or archive above 4 GiB -
-//                     1
+//                     65,536th entry, a name above 65,535 bytes, an entry or archive of 4 GiB
+//                     or more
 //   kZipNoFile        the source can't be opened
 //   kZipReadError     reading the source failed
 //   kZipSizeDiffers   the source gave more or fewer bytes than announced
