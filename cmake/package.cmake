@@ -58,7 +58,7 @@ install(FILES ${package_config}/orvane-config.cmake ${package_config}/orvane-con
 install(EXPORT orvane NAMESPACE orvane:: FILE orvane-targets.cmake DESTINATION lib/cmake/orvane)
 install(FILES cmake/mingw-i686.cmake cmake/orvane-toolchain.cmake DESTINATION cmake)
 
-install(DIRECTORY docs examples DESTINATION .)
+install(DIRECTORY docs examples DESTINATION . PATTERN docs/api EXCLUDE)
 install(FILES README.md THIRD-PARTY.md DESTINATION .)
 install(FILES LICENSE DESTINATION . OPTIONAL)
 

@@ -15,10 +15,9 @@
 //
 // A cursor is an index counted from 0, or not valid:
 // - The object cursor starts where the constructor says, the attribute cursor not valid.
-// - SetObject and SetCurrentAttribute move it to something that is there; otherwise it stays. Only
-// 0
-//   is always allowed, as "the first, if any": with nothing there the cursor is not valid from then
-//   on.
+// - SetObject and SetCurrentAttribute move it to something that is there; otherwise it stays.
+//   Always allowed is 0 alone, as "the first, if any": with nothing there the cursor is not valid
+//   from then on.
 // - RemoveObject keeps the cursor at its object; when it is that one that goes, at the one that
 //   followed it; when none followed, it is not valid.
 // - Nothing else moves a cursor. An object that is added in front or deleted past the XmlLine

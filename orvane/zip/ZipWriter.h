@@ -38,8 +38,8 @@ ORVANE_API HZIP CreateZipZ(void* target, unsigned int length, unsigned long kind
 //
 // Returns a result code:
 //   kZipBadArguments  a null handle, an empty name, no source; or what the format can't hold: a
-//                     65,536th entry, a name above 65,535 bytes, an entry or archive above 4 GiB -
-//                     1
+//                     65,536th entry, a name above 65,535 bytes, an entry or archive of 4 GiB
+//                     or more
 //   kZipNoFile        the source can't be opened
 //   kZipReadError     reading the source failed
 //   kZipSizeDiffers   the source gave more or fewer bytes than announced

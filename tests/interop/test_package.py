@@ -1,6 +1,7 @@
 """The package that host developers receive: made, unpacked, and a program built on it and run."""
 
 import shutil
+import struct
 
 import interop
 from interop import check, check_equal
@@ -19,15 +20,25 @@ def unpacked(orv, folder):
     return target / archives[0].stem
 
 
+def version_of(binary):
+    """Of its version record (VS_FIXEDFILEINFO): major, minor, build."""
+    data = binary.read_bytes()
+    record = data.find(b"\xbd\x04\xef\xfe")
+    check(record >= 0, f"{binary.name} has no version record")
+    minor, major, _, build = struct.unpack_from("<4H", data, record + 8)
+    return f"{major}.{minor}.{build}"
+
+
 def check_contents(package):
-    for name in ["bin/orvane.dll", "bin/appframe.dll", "bin/zlib1.dll", "lib/liborvane.dll.a",
-                 "include/orvane/zip/ZipWriter.h", "include/framework/afxwin.h", "docs/README.md",
-                 "THIRD-PARTY.md", "licences/zlib.txt", "licences/GPL-3.txt"]:  # fmt: skip
+    for name in ["lib/liborvane.dll.a", "lib/libappframe.dll.a", "docs/README.md", "README.md",
+                 "include/orvane/resources/resource.h", "THIRD-PARTY.md", "licences/versions.txt",
+                 "licences/zlib.txt", "licences/gcc-runtime.txt", "licences/GPL-3.txt",
+                 "licences/mingw-w64.txt"]:  # fmt: skip
         check((package / name).exists(), f"the package lacks {name}")
     hosts = [path.name for path in (interop.ROOT / "hosts").iterdir() if path.is_dir()]
-    for host in hosts:
-        check((package / "bin" / f"{host}.exe").exists(), f"the package lacks {host}.exe")
     version = package.name.split("-")[1]
+    for name in ["orvane.dll", "appframe.dll", *(f"{host}.exe" for host in hosts)]:
+        check_equal(version_of(package / "bin" / name), version, f"version of {name}")
     program = interop.run(
         interop.ROOT / "tools" / "run", package / "bin" / "orv.exe", "--version").expect()
     check_equal(program.stdout.split(), ["orv".encode(), version.encode()], "orv --version")
@@ -68,8 +79,9 @@ def package(orv, folder):
         file.truncate(200_000_000)  # takes long enough for a progress window, and no room
     driver = orv.other("window_driver")
     shown = driver.run(folder / "build" / "lines.exe", tree).expect().stdout.decode()
-    check_equal(shown.splitlines(), ["0% Completed - Counting lines|Counting the lines of 3 files.",
-                                     "Lines|5 lines in 3 files.", "Lines|3x3"], "windows")  # fmt: skip
+    progress, *others = shown.splitlines()
+    check("% Completed - Counting lines|Counting the lines of 3 files." in progress, progress)
+    check_equal(others, ["Lines|5 lines in 3 files.", "Lines|3x3"], "windows")
     shown = driver.run(folder / "build" / "lines.exe", tree / "none").expect(1).stdout.decode()
     check_equal(shown.count("|There are no files in "), 1, "messages of " + shown)
 

@@ -49,7 +49,11 @@ class Driver {
  public:
   explicit Driver(DWORD process) : m_process(process) {}
 
-  void Look() { EnumWindows(&MeetNext, reinterpret_cast<LPARAM>(this)); }
+  void Look() {
+    // A window that has gone may leave its handle to another one.
+    std::erase_if(m_met, [](HWND window) { return !IsWindow(window); });
+    EnumWindows(&MeetNext, reinterpret_cast<LPARAM>(this));
+  }
 
  private:
   static BOOL CALLBACK MeetNext(HWND window, LPARAM self) {
