@@ -136,7 +136,7 @@ HyperLinkReport::Target HyperLinkReport::Prepare(const char* folder) {
   DeletePages(m_folder + kPagesFolder);
   // From now on the folder is known as a report's, even if the report is never finished.
   if (!IsReportPage(IndexPath())) {
-    HtmlFile index(IndexPath(), TitleHtml());
+    HtmlFile index(IndexPath(), TitleHtml(), false);
     index << "<h1>" << TitleHtml() << "</h1>\n<p class=\"note\">" << TextHtml(IDS_PAGE_UNFINISHED)
           << "</p>\n";
     const DWORD error = index.Finish();
