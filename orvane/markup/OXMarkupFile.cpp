@@ -4,6 +4,8 @@
 
 #include "markup/TextScan.h"
 
+COXMarkupFile::~COXMarkupFile() = default;
+
 int COXMarkupFile::Create(const char* path) {
   m_good = m_file.Open(path);
   m_length = 0;

@@ -11,7 +11,7 @@
 class ORVANE_API COXMarkupFile {
  public:
   COXMarkupFile() = default;
-  ~COXMarkupFile() = default;
+  ~COXMarkupFile();
   COXMarkupFile(const COXMarkupFile&) = delete;
   COXMarkupFile& operator=(const COXMarkupFile&) = delete;
 

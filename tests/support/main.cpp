@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -16,8 +17,9 @@ namespace {
 
 constexpr unsigned kSecondsPerTest = 120;
 constexpr unsigned kSecondsPerLongTest = 3600;
+constexpr int kRuns = 3;
 constexpr DWORD kFirstWaitMilliseconds = 1000;
-constexpr DWORD kSecondWaitMilliseconds = 20000;
+constexpr DWORD kLaterWaitMilliseconds = 10000;
 
 std::string FullName(const testing::TestInfo& test) {
   return std::string(test.test_suite_name()) + "." + test.name();
@@ -43,14 +45,14 @@ Kept KeptBeyond(unsigned handles, size_t blocks, DWORD milliseconds) {
 }
 
 // Looks at what each test leaves behind. The system and the runtime keep blocks and handles at the
-// first use of many of their parts, so a test that seems to leak is a suspect and runs once more:
-// only what is kept again is a leak.
+// first use of many of their parts, and now and then later, so a test that seems to leak is a
+// suspect and runs twice more: only what is kept each time is a leak.
 class Guard : public testing::EmptyTestEventListener {
  public:
-  // The suspects as a test filter; from now on a leak is a failure.
+  // The suspects as a test filter; they run again.
   std::string TakeSuspects() {
-    m_isSecondRun = true;
-    return std::move(m_suspects);
+    ++m_earlierRuns;
+    return std::exchange(m_suspects, {});
   }
 
  private:
@@ -71,10 +73,10 @@ class Guard : public testing::EmptyTestEventListener {
     if (!damage.empty()) ADD_FAILURE() << damage;
     // The messages of a failed test are kept; a failure is enough to look at.
     if (test.result()->Failed()) return;
-    const Kept kept = KeptBeyond(m_handles, m_blocks,
-                                 m_isSecondRun ? kSecondWaitMilliseconds : kFirstWaitMilliseconds);
+    const Kept kept = KeptBeyond(
+        m_handles, m_blocks, m_earlierRuns > 0 ? kLaterWaitMilliseconds : kFirstWaitMilliseconds);
     if (kept.handles == 0 && kept.blocks == 0) return;
-    if (!m_isSecondRun) {
+    if (m_earlierRuns < kRuns - 1) {
       m_suspects += (m_suspects.empty() ? "" : ":") + FullName(test);
     } else if (kept.handles > 0) {
       ADD_FAILURE() << kept.handles << " handles leaked";
@@ -85,7 +87,7 @@ class Guard : public testing::EmptyTestEventListener {
 
   std::string m_name;
   std::string m_suspects;
-  bool m_isSecondRun = false;
+  int m_earlierRuns = 0;
   size_t m_blocks = 0;
   unsigned m_mark = 0;
   unsigned m_handles = 0;
@@ -100,10 +102,13 @@ int main(int argc, char** argv) {
   watchdog::Start(IsLongRun() ? kSecondsPerLongTest : kSecondsPerTest);
   allocations::Install();
 
-  const int status = RUN_ALL_TESTS();
-  const std::string suspects = guard->TakeSuspects();
-  if (status != 0 || suspects.empty()) return status;
-  puts("Once more, those that kept something at their first run:");
-  testing::GTEST_FLAG(filter) = suspects;
-  return RUN_ALL_TESTS();
+  int status = RUN_ALL_TESTS();
+  for (int run = 1; run < kRuns && status == 0; ++run) {
+    const std::string suspects = guard->TakeSuspects();
+    if (suspects.empty()) break;
+    puts("Once more, those that kept something:");
+    testing::GTEST_FLAG(filter) = suspects;
+    status = RUN_ALL_TESTS();
+  }
+  return status;
 }
