@@ -153,7 +153,7 @@ HyperLinkReport::Target HyperLinkReport::Prepare(const char* folder) {
   DeletePages(m_folder + kPagesFolder);
   // From now on the folder is known as a report's, even if the report is never finished.
   if (!IsReportPage(IndexPath())) {
-    HtmlFile index(IndexPath(), TitleHtml());
+    HtmlFile index(IndexPath(), TitleHtml(), false);
     index << "<h1>" << TitleHtml() << "</h1>\n<p class=\"note\">" << TextHtml(IDS_PAGE_UNFINISHED)
           << "</p>\n";
     const DWORD error = index.Finish();
@@ -263,9 +263,8 @@ std::string HyperLinkReport::NavigationOf(size_t number) const {
 
 bool HyperLinkReport::WriteIndex() {
   // The old index stays until the new one is whole.
-  const CString path = IndexPath(), unfinished = path + ".new";
-  if (IsReportPage(unfinished)) ForceDeleteFile(unfinished);
-  HtmlFile file(unfinished, TitleHtml());
+  const CString path = IndexPath();
+  HtmlFile file(path, TitleHtml(), true);
   file << "<h1>" << TitleHtml() << "</h1>\n<nav>";
   for (const FileState state : kSections) {
     if (HasSection(state)) file << Link(std::string("#") + ClassOf(state), HtmlOf(NameOf(state)));
@@ -277,10 +276,7 @@ bool HyperLinkReport::WriteIndex() {
   for (const FileState state : kSections) {
     if (HasSection(state)) file << SectionHtml(state);
   }
-  const DWORD error = file.Finish();
-  if (error != 0) return Note(unfinished, error);
-  const BOOL isMoved = MoveFileExA(unfinished, path, MOVEFILE_REPLACE_EXISTING);
-  return Note(path, isMoved ? 0 : GetLastError());
+  return Note(path, file.Finish());
 }
 
 std::string HyperLinkReport::SectionHtml(FileState state) const {
