@@ -1,5 +1,5 @@
-// bench_compare [PAIRS]: compares one pair of large files, many pairs of small ones (20,000), and
-// the trees that they stand in.
+// bench_compare [PAIRS]: compares one pair of large files, many pairs of small ones (20,000), the
+// trees that they stand in, and trees of 100,000 files, with and without the list that shows them.
 //
 // Floor: ReadFile of both files in blocks of the same size, and memcmp; for trees, with a bare
 // FindFirstFile recursion of both before it.
@@ -18,7 +18,7 @@
 
 #include "Measure.h"
 #include "dircmp/ContentCompare.h"
-#include "dircmp/FolderComparison.h"
+#include "dircmp/DirCmpCtrl.h"
 #include "entry/Handles.h"
 
 namespace {
@@ -27,6 +27,7 @@ constexpr double kBinaryAim = 1.2;
 constexpr double kTextAim = 4;
 constexpr int64_t kLargeSize = 1024 * 1024 * 1024;
 constexpr int kPairs = 20000;
+constexpr int kTreePairs = 50000;
 constexpr char kFolder[] = "bench_compare.tmp";
 
 // Lines of an ordinary source text.
@@ -79,10 +80,10 @@ std::string NameOf(int number) {
   return std::to_string(number / 1000) + "\\document " + std::to_string(number) + ".txt";
 }
 
-void WritePairs(int pairs, const std::string& text) {
+void WritePairs(int begin, int end, const std::string& text) {
   for (const char* side : {"base", "revised"}) {
     CreateDirectoryA(PathOf(side).c_str(), nullptr);
-    for (int i = 0; i < pairs; ++i) {
+    for (int i = begin; i < end; ++i) {
       const std::string path = PathOf(std::string(side) + "\\" + NameOf(i));
       if (i % 1000 == 0) CreateDirectoryA(path.substr(0, path.rfind('\\')).c_str(), nullptr);
       WriteRepeated(path, text.substr(static_cast<size_t>(i), 500 + i * 97 % 8000), 1);
@@ -147,22 +148,44 @@ class Measuring {
 
   // The scan of both trees and the evaluation of all pairs.
   void Trees(const std::string& what, int pairs, int rounds) {
+    TreeRow(what, pairs, rounds, [&] {
+      FolderComparison comparison(PathOf("base").c_str(), PathOf("revised").c_str(), TreePrm());
+      bench::Require(comparison.Scan() && comparison.EvaluateAll() &&
+                         comparison.records().size() == static_cast<size_t>(pairs),
+                     "the trees are not compared");
+      return UsedMemory();
+    });
+  }
+
+  // The same, with the list.
+  void List(const std::string& what, int pairs, int rounds) {
+    TreeRow(what, pairs, rounds, [&] {
+      DirCmpCtrl list;
+      bench::Require(list.InitList(PathOf("base").c_str(), PathOf("revised").c_str(), TreePrm()) &&
+                         list.CountOf(FileState::Same) == pairs,
+                     "the trees are not listed");
+      return UsedMemory();
+    });
+  }
+
+ private:
+  static DirCmpPrm TreePrm() {
     DirCmpPrm prm;
     prm.m_scanFlags = kScanSubFolders;
     prm.m_excludeListedTypes = 0;
     prm.m_whiteSpaceMode = kWhiteSpaceExact;
+    prm.m_noGui = 1;
+    return prm;
+  }
+
+  // compare: gives the memory that is in use at its end.
+  void TreeRow(const std::string& what, int pairs, int rounds,
+               const std::function<size_t()>& compare) {
     const std::string base = PathOf("base"), revised = PathOf("revised");
-    size_t used = 0;
+    const size_t before = UsedMemory();
+    size_t used = before;
     const bench::Times times = bench::Compare(
-        rounds,
-        [&] {
-          const size_t before = UsedMemory();
-          FolderComparison comparison(base.c_str(), revised.c_str(), prm);
-          bench::Require(comparison.Scan() && comparison.EvaluateAll() &&
-                             comparison.records().size() == static_cast<size_t>(pairs),
-                         "the trees are not compared");
-          used = std::max(used, UsedMemory() - before);
-        },
+        rounds, [&] { used = std::max(used, compare()); },
         [&] {
           std::vector<std::string> paths;
           ForEachFile(base, [&](const std::string& path) { paths.push_back(path); });
@@ -175,10 +198,9 @@ class Measuring {
         });
     bench::PrintRow(what, times, 0);
     printf("  %.1f us and %zu bytes of memory a file\n", 1000 * times.subject / pairs / 2,
-           used / static_cast<size_t>(pairs) / 2);
+           (used - before) / static_cast<size_t>(pairs) / 2);
   }
 
- private:
   std::unique_ptr<char[]> m_leftBlock{new char[ContentCompare::kBlockSize]};
   std::unique_ptr<char[]> m_rightBlock{new char[ContentCompare::kBlockSize]};
 };
@@ -215,12 +237,21 @@ void MeasureLargeFiles(Measuring& measuring, const std::string& text) {
 }
 
 void MeasurePairs(Measuring& measuring, const std::string& text, int pairs) {
-  WritePairs(pairs, text);
+  WritePairs(0, pairs, text);
   const std::string count = std::to_string(pairs) + " pairs";
   measuring.Row(count + ", binary", "base\\", "revised\\", pairs, {}, 3);
   measuring.Row(count + ", runs of white space", "base\\", "revised\\", pairs,
                 {.whiteSpaceMode = 1}, 3);
   measuring.Trees(count + " in trees, binary", pairs, 3);
+}
+
+// After MeasurePairs.
+void MeasureTrees(Measuring& measuring, const std::string& text, int pairs) {
+  if (pairs < kTreePairs) WritePairs(pairs, kTreePairs, text);
+  const int all = std::max(pairs, kTreePairs);
+  const std::string count = std::to_string(2 * all) + " files";
+  measuring.Trees(count + " in trees, binary", all, 2);
+  measuring.List(count + " in a list, binary", all, 2);
 }
 
 }  // namespace
@@ -232,6 +263,8 @@ int main(int argc, char** argv) {
   Measuring measuring;
   const std::string text = TextBlock();
   MeasureLargeFiles(measuring, text);
-  MeasurePairs(measuring, text, argc > 1 ? atoi(argv[1]) : kPairs);
+  const int pairs = argc > 1 ? atoi(argv[1]) : kPairs;
+  MeasurePairs(measuring, text, pairs);
+  MeasureTrees(measuring, text, pairs);
   std::filesystem::remove_all(kFolder);
 }

@@ -26,12 +26,12 @@ bool contains(const CString& text, const CString& part) {
 }  // namespace
 
 BOOL ComparisonList::Create(CWnd& parent, UINT id, CFont& font) {
-  constexpr DWORD kStyle = WS_CHILD | WS_TABSTOP | WS_GROUP | LVS_REPORT | LVS_SHOWSELALWAYS;
+  constexpr DWORD kStyle =
+      WS_CHILD | WS_BORDER | WS_TABSTOP | WS_GROUP | LVS_REPORT | LVS_SHOWSELALWAYS;
   SetRegistryKey(kListKey);
   SetSortMethod(1, 1);
   SetUrlAndProduct("", LoadedText(IDS_PRODUCT));
   if (!DirCmpCtrl::Create(kStyle, CRect(0, 0, 0, 0), &parent, id)) return FALSE;
-  ModifyStyleEx(0, WS_EX_CLIENTEDGE, SWP_FRAMECHANGED);
   SetFont(&font);
   unsigned long ignored = 0;
   m_hasKeptLayout = GetRegistry()->GetUserKey("SortCol", ignored, 0) != 0;

@@ -56,16 +56,21 @@ void ListPlace::RestoreRows(ComparisonList& list) const {
   const int rows = list.GetItemCount();
   if (rows == 0) return;
   int focused = -1, top = -1;
-  list.DeselectAll();
+  std::vector<int> selected;
   for (int row = 0; row < rows; ++row) {
     const std::string key = keyOfRow(list, row);
-    if (m_selected.contains(key)) list.SetItemState(row, LVIS_SELECTED, LVIS_SELECTED);
+    if (m_selected.contains(key)) selected.push_back(row);
     if (key == m_focused) focused = row;
     if (key == m_top) top = row;
   }
   const auto inside = [rows](int row) { return std::clamp(row, 0, rows - 1); };
   if (focused < 0) focused = inside(m_focusedRow);
-  if (list.GetSelectedCount() == 0) list.SetItemState(focused, LVIS_SELECTED, LVIS_SELECTED);
+  if (selected.empty()) selected.push_back(focused);
+  list.DeselectAll();
+  if (static_cast<int>(selected.size()) == rows)
+    list.SelectAll();  // faster than row by row
+  else
+    for (const int row : selected) list.SetItemState(row, LVIS_SELECTED, LVIS_SELECTED);
   list.SetItemState(focused, LVIS_FOCUSED, LVIS_FOCUSED);
   list.SetSelectionMark(focused);
   scrollTo(list, top >= 0 ? top : inside(m_topRow), m_scrolledRight);

@@ -12,6 +12,7 @@
 BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
 ON_WM_CLOSE()
 ON_WM_DESTROY()
+ON_WM_ENDSESSION()
 ON_WM_SETFOCUS()
 ON_WM_ERASEBKGND()
 ON_WM_GETMINMAXINFO()
@@ -19,6 +20,7 @@ ON_WM_SETTINGCHANGE()
 ON_WM_INITMENUPOPUP()
 ON_WM_DROPFILES()
 ON_WM_TIMER()
+ON_MESSAGE(WM_NEXTDLGCTL, &MainFrame::OnNextControl)
 ON_MESSAGE(kCompareMessage, &MainFrame::OnCompareMessage)
 
 ON_COMMAND(ID_CHOOSE_BASE, &MainFrame::OnChooseBase)
@@ -125,10 +127,20 @@ void MainFrame::OnClose() {
 }
 
 void MainFrame::OnDestroy() {
+  StoreSettings();
+  CFrameWnd::OnDestroy();
+}
+
+// The system ends the program without closing its window.
+void MainFrame::OnEndSession(BOOL ends) {
+  if (ends) StoreSettings();
+  CFrameWnd::OnEndSession(ends);
+}
+
+void MainFrame::StoreSettings() const {
   StoreWindowPlace(*this);
   const DocumentFilter filter = m_filterBar.Filter();
   StoreShownDocuments({filter.states, static_cast<int>(filter.column)});
-  CFrameWnd::OnDestroy();
 }
 
 // --- Layout ---
@@ -203,6 +215,14 @@ void MainFrame::OnGetMinMaxInfo(MINMAXINFO* info) {
 BOOL MainFrame::PreTranslateMessage(MSG* message) {
   if (message->hwnd != m_hWnd && !::IsChild(m_hWnd, message->hwnd)) return FALSE;
   return CFrameWnd::PreTranslateMessage(message) || PreTranslateInput(message);
+}
+
+// What a dialog does with this message, by which keys move the focus: to a control, or to the next
+// (0) or previous one.
+LRESULT MainFrame::OnNextControl(WPARAM control, LPARAM isControl) {
+  ::SetFocus(LOWORD(isControl) != 0 ? reinterpret_cast<HWND>(control)
+                                    : ::GetNextDlgTabItem(m_hWnd, ::GetFocus(), control != 0));
+  return 0;
 }
 
 void MainFrame::OnSetFocus(CWnd* before) {

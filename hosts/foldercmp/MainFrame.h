@@ -31,12 +31,14 @@ class MainFrame : public CFrameWnd {
   // --- The window ---
   afx_msg void OnClose();
   afx_msg void OnDestroy();
+  afx_msg void OnEndSession(BOOL ends);
   afx_msg void OnSetFocus(CWnd* before);
   afx_msg BOOL OnEraseBkgnd(CDC* dc);
   afx_msg void OnGetMinMaxInfo(MINMAXINFO* info);
   afx_msg void OnSettingChange(UINT what, LPCTSTR section);
   afx_msg void OnInitMenuPopup(CMenu* menu, UINT index, BOOL isSystemMenu);
   afx_msg void OnDropFiles(HDROP drop);
+  afx_msg LRESULT OnNextControl(WPARAM control, LPARAM isControl);
   afx_msg LRESULT OnCompareMessage(WPARAM, LPARAM);
 
   // --- Folders and comparison ---
@@ -82,6 +84,7 @@ class MainFrame : public CFrameWnd {
   class Working;
 
   void SetFonts();
+  void StoreSettings() const;
   bool IsBusy() const { return m_working != nullptr; }
 
   FolderPair TypedPair() const;

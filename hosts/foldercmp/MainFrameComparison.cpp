@@ -176,7 +176,9 @@ void MainFrame::CompareFolders(const FolderPair& pair) {
     PostMessage(WM_CLOSE);
     return;
   }
-  const bool isRepeated = m_list != nullptr && pair.IsSame(m_compared);
+  const FolderPair swapped = {pair.revised, pair.base};
+  const bool isRepeated =
+      m_list != nullptr && (pair.IsSame(m_compared) || swapped.IsSame(m_compared));
   m_compared = pair;
   m_recent.Add(pair);
   ShowRecentPairs();
@@ -202,7 +204,7 @@ void MainFrame::ShowList(std::unique_ptr<ComparisonList> list, bool isRepeated) 
   if (place && isRepeated) place->RestoreRows(*m_list);
   m_list->ShowWindow(SW_SHOWNA);
   m_hint.ShowWindow(SW_HIDE);
-  m_list->SetFocus();
+  if (!m_filterBar.HasTextFocus()) m_list->SetFocus();
 }
 
 void MainFrame::ShowResult() {

@@ -1,7 +1,5 @@
 #include <afxwin.h>
 
-#include <io.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
@@ -9,8 +7,11 @@
 #include <vector>
 
 #include "commands.h"
-#include "dircmp/FolderComparison.h"
-#include "dircmp/HyperLinkReport.h"
+#include "diag/AssertVerifyTrace.h"
+#include "dircmp/DirCmpCtrl.h"
+#include "dircmp/HyperLinkReportOp.h"
+#include "lists/ReportCommand.h"
+#include "operation_run.h"
 
 namespace {
 
@@ -27,8 +28,12 @@ constexpr char kUsage[] =
     "  --brief         no lines for documents that are the same\n"
     "  --links FOLDER  writes a report with the differences as pages for a browser; the folder is\n"
     "                  new, empty, or that of an earlier report\n"
-    "  --link-sources  the report links to the documents where they are\n"
-    "  --copy          the report gets copies of the documents\n"
+    "  --report COMMAND\n"
+    "                  writes a report of the list: \"S:5D R:H O:C:\\out\\report.htm\"; a page "
+    "gets\n"
+    "                  such differences in a folder beside it\n"
+    "  --link-sources  reports link to the documents where they are\n"
+    "  --copy          reports get copies of the documents\n"
     "\n"
     "Exit status: 0 same, 1 different, 2 trouble.\n";
 
@@ -39,9 +44,10 @@ struct Options {
   const char* base = nullptr;
   const char* revised = nullptr;
   const char* links = nullptr;
+  const char* report = nullptr;
   bool isBrief = false;
   DirCmpPrm prm;
-  HyperLinkReportOptions report;
+  HyperLinkReportOptions pages;
 };
 
 class OptionReader {
@@ -74,6 +80,7 @@ class OptionReader {
       return mode == "0" || mode == "1" || mode == "2";
     }
     if (name == "--links") return (options.links = Value()) != nullptr;
+    if (name == "--report") return (options.report = Value()) != nullptr;
     return SetFlag(options, name);
   }
 
@@ -85,9 +92,9 @@ class OptionReader {
     } else if (name == "--brief") {
       options.isBrief = true;
     } else if (name == "--link-sources") {
-      options.report.linkSourceFiles = true;
+      options.pages.linkSourceFiles = true;
     } else if (name == "--copy") {
-      options.report.copyDocuments = true;
+      options.pages.copyDocuments = true;
     } else {
       return false;
     }
@@ -111,32 +118,19 @@ class OptionReader {
   char** m_end;
 };
 
-// How far a long job is, on a terminal only.
-class ProgressLine {
+// The library's list, without a window: the same comparison and the same reports.
+class ConsoleList : public DirCmpCtrl {
  public:
-  explicit ProgressLine(const char* what) : m_what(what) {}
-  ~ProgressLine() {
-    if (m_isShown) fprintf(stderr, "\r%*s\r", kWidth, "");
-  }
-  ProgressLine(const ProgressLine&) = delete;
-  ProgressLine& operator=(const ProgressLine&) = delete;
+  // Of what goes on.
+  void SetVerb(const char* verb) { m_verb = verb; }
 
-  void Show(size_t done, size_t all) {
-    const DWORD now = GetTickCount();
-    if (!m_isTerminal || now - m_shown < kInterval) return;
-    m_shown = now;
-    m_isShown = true;
-    fprintf(stderr, "\r%s %zu of %zu", m_what, done, all);
-  }
+ protected:
+  int RunOperation(MMultiOperation& operation) override { return ::RunOperation(operation); }
+  int RunPagesOperation(MMultiOperation& operation) override { return ::RunOperation(operation); }
+  void Progress(unsigned done, unsigned all) override { ShowProgress(m_verb, done, all); }
 
  private:
-  static constexpr DWORD kInterval = 250;  // milliseconds
-  static constexpr int kWidth = 60;
-
-  const char* m_what;
-  const bool m_isTerminal = _isatty(_fileno(stderr)) != 0;
-  DWORD m_shown = GetTickCount();
-  bool m_isShown = false;
+  const char* m_verb = "comparing";
 };
 
 bool IsFolder(const char* path) {
@@ -150,15 +144,6 @@ bool IsFolder(const char* path) {
 void PrintProblems(const std::vector<FolderComparison::Problem>& problems, const char* what) {
   for (const FolderComparison::Problem& problem : problems) {
     fprintf(stderr, "orv: %s: %s (system error %lu)\n", problem.path.c_str(), what, problem.error);
-  }
-}
-
-void Evaluate(FolderComparison& comparison) {
-  ProgressLine progress("comparing");
-  size_t done = 0;
-  for (DocumentRecord& record : comparison.records()) {
-    if (comparison.IsCompared(record)) comparison.Evaluate(record);
-    progress.Show(++done, comparison.records().size());
   }
 }
 
@@ -183,12 +168,14 @@ bool PrintStates(const FolderComparison& comparison, bool isBrief) {
     if (isBrief && record->state == FileState::Same) continue;
     printf("%-8s  %s\n", kNames[state], static_cast<LPCSTR>(record->relativePath));
   }
-  printf("%d same, %d modified, %d new, %d deleted\n", counts[0], counts[1], counts[2], counts[3]);
+  printf("%d same, %d modified, %d new, %d deleted", counts[0], counts[1], counts[2], counts[3]);
+  if (counts[4] > 0) printf(", %d unknown", counts[4]);
+  puts("");
   return counts[1] + counts[2] + counts[3] == 0;
 }
 
-bool WriteReport(const FolderComparison& comparison, const Options& options) {
-  HyperLinkReport report(comparison, "", "", options.report,
+bool WritePages(const FolderComparison& comparison, const Options& options) {
+  HyperLinkReport report(comparison, "", "", options.pages,
                          {.ignoreCase = options.prm.m_ignoreCase != 0,
                           .whiteSpaceMode = options.prm.m_whiteSpaceMode});
   report.AddAll();
@@ -199,16 +186,41 @@ bool WriteReport(const FolderComparison& comparison, const Options& options) {
             isOccupied ? "the folder holds something else than a report" : "can't be created");
     return false;
   }
-  {
-    ProgressLine progress("writing");
-    for (size_t i = 0; i < report.documentCount(); ++i) {
-      report.WriteDocument(i);
-      progress.Show(i, report.documentCount());
-    }
-  }
-  report.WriteIndex();
+  HyperLinkReportOp writing(
+      report, [](unsigned done, unsigned all) { ShowProgress("writing", done, all); });
+  const bool isWritten = RunOperation(writing) != 0 && !writing.wasAborted();
   PrintProblems(report.problems(), "can't be written");
-  return report.problems().empty();
+  return isWritten && report.problems().empty();
+}
+
+HlReportSettings::DocumentLinks LinksOf(const HyperLinkReportOptions& pages) {
+  return pages.copyDocuments     ? HlReportSettings::kCopies
+         : pages.linkSourceFiles ? HlReportSettings::kRevisedInPlace
+                                 : HlReportSettings::kInactive;
+}
+
+bool WriteReport(ConsoleList& list, const Options& options) {
+  ReportSettings settings;
+  if (const char* const place = ReportCommand::Parse(list, options.report, settings)) {
+    fprintf(stderr, "orv: the report's command can't be read from here on: %s\n", place);
+    return false;
+  }
+  list.SetVerb("writing");
+  list.SetReportPages({.documentLinks = LinksOf(options.pages)});
+  // No boxes from a console program.
+  AssertVerifyTrace::BlockGuiMessages(1);
+  const bool isWritten = list.DoReport(options.report) != 0;
+  AssertVerifyTrace::BlockGuiMessages(0);
+  if (!isWritten)
+    fprintf(stderr, "orv: no report was written to \"%s\"\n",
+            static_cast<LPCSTR>(settings.outputFile));
+  return isWritten;
+}
+
+bool WriteReports(ConsoleList& list, const Options& options) {
+  const bool hasPages = options.links == nullptr || WritePages(*list.Comparison(), options);
+  const bool hasReport = options.report == nullptr || WriteReport(list, options);
+  return hasPages && hasReport;
 }
 
 }  // namespace
@@ -220,12 +232,17 @@ int CompareCommand(int count, char** arguments) {
     return kTrouble;
   }
   if (!IsFolder(options.base) || !IsFolder(options.revised)) return kTrouble;
-  FolderComparison comparison(options.base, options.revised, options.prm);
-  comparison.Scan();
-  Evaluate(comparison);
+  FinishAfterCtrlC(kTrouble);
+  ConsoleList list;
+  list.InitList(options.base, options.revised, options.prm);
+  const FolderComparison& comparison = *list.Comparison();
   const bool isSame = PrintStates(comparison, options.isBrief);
   PrintProblems(comparison.problems(), "can't be read");
-  const bool isWritten = options.links == nullptr || WriteReport(comparison, options);
-  if (!comparison.problems().empty() || !isWritten) return kTrouble;
+  if (comparison.WasStopped()) {
+    fputs("orv: stopped\n", stderr);
+    return kTrouble;
+  }
+  if (!WriteReports(list, options) || WasStopped() || !comparison.problems().empty())
+    return kTrouble;
   return isSame ? kSame : kDifferent;
 }

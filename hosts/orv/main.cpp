@@ -45,7 +45,7 @@ constexpr Command kCommands[] = {
     {"text", "FILE [-o OUT]", "prints a text in 8-bit characters, writes it in UTF-8", 1, 3,
      TextCommand},
     {"compare", "BASE REVISED [OPTIONS]", "compares two folder trees; without folders: its options",
-     0, 16, CompareCommand},
+     0, 18, CompareCommand, true},
 };
 
 void PrintHelp(FILE* out) {
@@ -54,7 +54,8 @@ void PrintHelp(FILE* out) {
     fprintf(out, "  %-7s %-26s %s\n", command.name, command.arguments, command.purpose);
   }
   fputs(
-      "\n  zip, unzip, copy and get take --window: progress in a window, with a Stop button\n"
+      "\n  zip, unzip, copy, get and compare take --window: progress in a window, with a Stop "
+      "button\n"
       "  --version  prints the version\n"
       "  --help     prints this text\n"
       "\nExit status: 0 done, 1 failed, 2 wrong usage; compare: 0 same, 1 different, 2 trouble.\n",

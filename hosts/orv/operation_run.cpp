@@ -17,12 +17,18 @@ int g_percent = -1;    // that was shown last
 bool g_shown = false;  // whether the line is on the screen
 unsigned long g_shownAt = 0;
 std::atomic<MMultiOperation*> g_running = nullptr;
+std::atomic<bool> g_stopped = false;
+bool g_finishes = false;  // the command goes on after a stop
+int g_status = kFailed;
 
 BOOL WINAPI OnCtrlC(DWORD) {
+  const bool isFirst = !g_stopped.exchange(true);
   // Taken out, so that the next one finds nothing to stop and ends the program.
   MMultiOperation* const operation = g_running.exchange(nullptr);
-  if (operation == nullptr) ExitProcess(kFailed);
-  operation->StopLoop();
+  if (operation != nullptr)
+    operation->StopLoop();
+  else if (!isFirst || !g_finishes)
+    ExitProcess(static_cast<UINT>(g_status));
   return TRUE;
 }
 
@@ -41,9 +47,17 @@ void Write(const CString& text) { fputs(text, stderr); }
 
 void HandleCtrlC() { SetConsoleCtrlHandler(OnCtrlC, TRUE); }
 
+void FinishAfterCtrlC(int status) {
+  g_finishes = true;
+  g_status = status;
+}
+
+bool WasStopped() { return g_stopped; }
+
 void ShowProgressWindow() { g_window = true; }
 
 int RunOperation(MMultiOperation& operation) {
+  if (g_stopped) return 0;
   operation.SetNoGui(!g_window);
   operation.SetDisplayProgressOnSingle(1);
   g_percent = -1;

@@ -8,6 +8,12 @@
 // program as failed.
 void HandleCtrlC();
 
+// For a command of several operations that tells what it has done even when it is stopped: from now
+// on Ctrl+C stops the operations that follow, too (RunOperation gives 0), and only its second time
+// ends the program, with a status.
+void FinishAfterCtrlC(int status);
+bool WasStopped();
+
 // Progress windows from now on, in place of lines.
 void ShowProgressWindow();
 

@@ -36,9 +36,11 @@ std::string NameOfEnd(std::string_view end) {
   return end == "\r\n" ? "CR LF" : end == "\n" ? "LF" : "CR";
 }
 
-// A line with its changed ranges in an element of its own.
+// A line with its changed ranges in an element of its own. Its end is named where it is all that
+// changed, and wherever it changed if white space counts: else it is just what stands next to a
+// changed word.
 std::string HtmlOfLine(const TextLine& line, const ChangedRanges& ranges,
-                       const std::string& element) {
+                       const std::string& element, bool spaceCounts) {
   std::string html;
   size_t done = 0;
   const size_t size = line.text.size();
@@ -48,7 +50,8 @@ std::string HtmlOfLine(const TextLine& line, const ChangedRanges& ranges,
     html +=
         "<" + element + ">" +
         HtmlOf(line.text.substr(static_cast<size_t>(begin), textEnd - static_cast<size_t>(begin)));
-    if (static_cast<size_t>(end) > size) html += " " + NameOfEnd(line.end);
+    const bool isEndNamed = spaceCounts || static_cast<size_t>(begin) >= size;
+    if (static_cast<size_t>(end) > size && isEndNamed) html += " " + NameOfEnd(line.end);
     html += "</" + element + ">";
     done = textEnd;
   }
@@ -107,8 +110,8 @@ class Rows {
       return;
     }
     const auto line = static_cast<size_t>(first + row);
-    WriteCells(first + row,
-               HtmlOfLine(text.lines()[line], ranges[static_cast<size_t>(row)], element));
+    WriteCells(first + row, HtmlOfLine(text.lines()[line], ranges[static_cast<size_t>(row)],
+                                       element, m_options.whiteSpaceMode == kWhiteSpaceExact));
   }
 
   void WriteEqual(const LineBlock& block, bool isFirst, bool isLast) {

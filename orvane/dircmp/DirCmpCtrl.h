@@ -60,8 +60,8 @@ class ORVANE_API DirCmpCtrl : public MListCtrl {
   // the product registry, 1 from the start) was 0 at InitList.
   void GetItemColors(unsigned long id, COLORREF& text, COLORREF& background) override;
 
-  // Adds "Analyze" or "Open" for the item to the context menu, as the list's first client command.
-  // id: kAutomaticId when the menu is not an item's.
+  // Puts "Analyze" or "Open" for the item on top of the context menu, as the list's first client
+  // command. id: kAutomaticId when the menu is not an item's.
   virtual void DoContextMenu(int row, unsigned long id, MPopupMenu& menu);
   // A client command of the list, by its number: 0 is that entry, for the item with the focus.
   virtual void ExecuteCommand(int command);
@@ -78,8 +78,8 @@ class ORVANE_API DirCmpCtrl : public MListCtrl {
   virtual int NewWindow(const char* left, const char* right);
   // PARAMS; nothing in this class.
   virtual CString GetNewWindowParams(const char* left, const char* right);
-  // A document's title: the folder's display name, "->\" and the path below the folder of that
-  // name. A path that is not below it: the path.
+  // A document's title: the display name, "->\" and the path below the folder of that name, or
+  // below the other one. A path that is below neither: the path.
   CString GetTitle(const char* displayName, const char* path) const;
   // Opens a document with its program. 1, or 0: it could not be opened; the user has been told if
   // the list has a window.
@@ -105,15 +105,15 @@ class ORVANE_API DirCmpCtrl : public MListCtrl {
  protected:
   // Starts a program without waiting for it. 1, or 0: GetLastError tells why.
   virtual int StartProgram(const char* program, const char* commandLine);
-  // Runs the scans, the evaluation, and the writing of pages; gives DoOperation's result. Without
-  // windows (no GUI) is set already where it was asked for.
+  // Runs the scans and the evaluation; the writing of pages. They give DoOperation's result.
+  // Without windows (no GUI) is set already where it was asked for.
   virtual int RunOperation(MMultiOperation& operation);
+  virtual int RunPagesOperation(MMultiOperation& operation);
   // A document has been evaluated or written, on the thread of the operation.
   virtual void Progress(unsigned done, unsigned all);
 
  private:
   class Evaluation;
-  class PagesWriting;
 
   void AddColumns();
   void Scan();

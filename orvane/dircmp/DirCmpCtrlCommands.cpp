@@ -19,6 +19,11 @@ CString pathBelow(const CString& folder, const CString& path) {
   return isBelow ? path.Mid(start.GetLength()) : CString();
 }
 
+CString titleOf(const CString& displayName, const CString& folder, const CString& path) {
+  const CString below = pathBelow(folder, path);
+  return below.IsEmpty() ? path : displayName + "->\\" + below;
+}
+
 // An argument of a command line. Paths can't hold quotation marks, and titles don't end in a
 // backslash, which would take away the meaning of the one that follows.
 CString quoted(CString text) {
@@ -32,8 +37,8 @@ void DirCmpCtrl::DoContextMenu(int, unsigned long id, MPopupMenu& menu) {
   if (!IsDocument(id)) return;
   MString text;
   text.LoadString(RecordOf(id).state == FileState::Modified ? IDS_ANALYZE : IDS_OPEN);
-  menu.AppendSeparator();
-  menu.AppendItem(FirstUserCommand() + kOpenCommand, text);
+  if (menu.GetCount() > 0) menu.InsertMenu(0, MF_BYPOSITION | MF_SEPARATOR);
+  menu.InsertMenu(0, MF_BYPOSITION | MF_STRING, FirstUserCommand() + kOpenCommand, text);
   menu.SetDefaultItem(FirstUserCommand() + kOpenCommand);
 }
 
@@ -94,16 +99,16 @@ CString DirCmpCtrl::FolderOfSide(bool isBase) const {
 }
 
 CString DirCmpCtrl::TitleOfSide(bool isBase, const char* path) const {
-  const CString below = pathBelow(FolderOfSide(isBase), path);
-  return below.IsEmpty() ? CString(path) : (isBase ? m_baseName : m_revisedName) + "->\\" + below;
+  return titleOf(isBase ? m_baseName : m_revisedName, FolderOfSide(isBase), path);
 }
 
+// One folder may stand in the other: the one with the name goes first.
 CString DirCmpCtrl::GetTitle(const char* displayName, const char* path) const {
   if (m_comparison == nullptr) return path;
-  for (const bool isBase : {true, false}) {
-    const bool hasName = (isBase ? m_baseName : m_revisedName) == displayName;
-    if (hasName && !pathBelow(FolderOfSide(isBase), path).IsEmpty())
-      return TitleOfSide(isBase, path);
+  const bool isRevised = m_revisedName == displayName && m_baseName != displayName;
+  for (const bool isBase : {!isRevised, isRevised}) {
+    const CString folder = FolderOfSide(isBase);
+    if (!pathBelow(folder, path).IsEmpty()) return titleOf(displayName, folder, path);
   }
   return path;
 }

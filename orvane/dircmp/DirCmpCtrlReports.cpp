@@ -2,7 +2,7 @@
 #include "dircmp/ConfigureReportsDialog.h"
 #include "dircmp/DirCmpCtrl.h"
 #include "dircmp/HtmlText.h"
-#include "dircmp/HyperLinkReport.h"
+#include "dircmp/HyperLinkReportOp.h"
 #include "entry/strutils.h"
 #include "markup/NoException.h"
 #include "messages/message.h"
@@ -11,6 +11,7 @@
 namespace {
 
 constexpr char kFolderEnd[] = "_files";
+constexpr size_t kPagesWithoutWindow = 20;
 
 CompareOptions optionsOf(const DirCmpPrm& prm) {
   return {.ignoreCase = prm.m_ignoreCase != 0, .whiteSpaceMode = prm.m_whiteSpaceMode};
@@ -29,36 +30,6 @@ CString folderBeside(const CString& report) {
 
 }  // namespace
 
-// Writes the pages one after the other, then the index. What can't be written leaves its document
-// without links, and does not stop the rest.
-class DirCmpCtrl::PagesWriting : public MMultiOperation {
- public:
-  PagesWriting(DirCmpCtrl& list, HyperLinkReport& report)
-      : MMultiOperation(0, static_cast<unsigned>(report.documentCount()) + 1),
-        m_list(list),
-        m_report(report) {
-    MString message;
-    message.LoadString(IDS_PAGES_WRITING);
-    SetMessage(message);
-  }
-
-  int problems() const { return m_problems; }
-
- protected:
-  OperationReturnState Operation(unsigned int index) override {
-    if (index == m_report.documentCount())
-      return m_report.WriteIndex() ? OperationDone : OperationFailed;
-    if (!m_report.WriteDocument(index)) ++m_problems;
-    m_list.Progress(index + 1, m_end);
-    return OperationDone;
-  }
-
- private:
-  DirCmpCtrl& m_list;
-  HyperLinkReport& m_report;
-  int m_problems = 0;
-};
-
 void DirCmpCtrl::SetReportPages(const HlReportSettings& settings) {
   m_reportPages = settings;
   if (GetRegistry() != nullptr) settings.Store(*GetRegistry());
@@ -70,6 +41,10 @@ int DirCmpCtrl::ConfigureReports(CWnd* owner) {
   SetReportPages(dialog.Settings());
   return 1;
 }
+
+// Few pages are written in a moment, under a busy cursor. Otherwise the window is up at once, so
+// that nobody can start another report meanwhile.
+int DirCmpCtrl::RunPagesOperation(MMultiOperation& operation) { return operation.DoOperation(1); }
 
 int DirCmpCtrl::GenerateHlReport(const HlReportRun& run, CString& note) {
   m_report.reset();
@@ -114,16 +89,18 @@ int DirCmpCtrl::WritePages(const HlReportRun& run, CString& note) {
   if (target != HyperLinkReport::Target::Ready)
     return fail(target == HyperLinkReport::Target::Occupied ? IDS_PAGES_OCCUPIED
                                                             : IDS_PAGES_NOT_WRITTEN);
-  PagesWriting writing(*this, *m_report);
+  HyperLinkReportOp writing(*m_report,
+                            [this](unsigned done, unsigned all) { Progress(done, all); });
   writing.SetNoGui(run.settings.isQuiet || m_comparison->prm().m_noGui);
-  const int isWhole = RunOperation(writing);
+  writing.SetShowProgress(m_report->documentCount() > kPagesWithoutWindow);
+  const int isWhole = RunPagesOperation(writing);
   if (writing.wasAborted()) return 0;
   if (!isWhole) return fail(IDS_PAGES_NOT_WRITTEN);
   CString parent;
   SplitAtLastBackslash("\\" + folder, parent, m_pagesFolder);
-  if (writing.problems() > 0) {
+  if (writing.IncompleteDocuments() > 0) {
     MString text;
-    text.FormatMessage(IDS_PAGES_PROBLEMS, writing.problems());
+    text.FormatMessage(IDS_PAGES_PROBLEMS, writing.IncompleteDocuments());
     note = text;
   }
   return 1;

@@ -54,7 +54,9 @@ class ORVANE_API FolderComparison {
 
   // Ends the work for good, from any thread.
   void Stop() { m_isStopped = true; }
+  // Asks stop, too.
   bool IsStopped();
+  bool WasStopped() const { return m_isStopped; }
 
   // Walks both folders, without a window. Links to other folders are not entered. False: stopped.
   bool Scan();

@@ -1,6 +1,7 @@
 #include "dircmp/HyperLinkReport.h"
 
 #include <algorithm>
+#include <iterator>
 #include <new>
 #include <string_view>
 #include <utility>
@@ -32,6 +33,12 @@ CString NameOf(FileState state) {
 
 const char* ClassOf(FileState state) {
   return state == FileState::Modified ? "modified" : state == FileState::New ? "new" : "deleted";
+}
+
+// In the order of the sections; what has none comes last.
+int RankOf(FileState state) {
+  return static_cast<int>(std::find(std::begin(kSections), std::end(kSections), state) -
+                          std::begin(kSections));
 }
 
 // Without backslashes at its end; the path as it is when it is too long.
@@ -140,7 +147,8 @@ HyperLinkReport::Target HyperLinkReport::Prepare(const char* folder) {
 }
 
 bool HyperLinkReport::IsBefore(const Document& left, const Document& right) {
-  if (left.record->state != right.record->state) return left.record->state < right.record->state;
+  const int leftRank = RankOf(left.record->state), rightRank = RankOf(right.record->state);
+  if (leftRank != rightRank) return leftRank < rightRank;
   const int order = lstrcmpiA(left.record->relativePath, right.record->relativePath);
   return order != 0 ? order < 0 : left.record < right.record;
 }
@@ -289,11 +297,16 @@ std::string HyperLinkReport::RowHtml(size_t number) const {
   const std::string pageUrl = PageUrl(number);
   std::string html = "<tr><td>" + Link(pageUrl.empty() ? ownUrl : pageUrl, HtmlOf(name)) +
                      "</td><td>" + HtmlOf(folder) + "</td>";
-  const auto time = [&](const CTime& modified, const std::string& url) {
-    html += "<td class=\"time\">" + Link(url, TimeHtml(modified)) + "</td>";
+  const auto time = [&](UINT title, const CTime& modified, const std::string& url) {
+    html += "<td class=\"time\" data-title=\"" + TextHtml(title) + "\">" +
+            Link(url, TimeHtml(modified)) + "</td>";
   };
-  if (record.state != FileState::New) time(record.baseModified, document.baseUrl);
-  if (record.state != FileState::Deleted) time(record.revisedModified, document.revisedUrl);
+  if (record.state != FileState::New) {
+    time(IDS_COLUMN_BASE_MODIFIED, record.baseModified, document.baseUrl);
+  }
+  if (record.state != FileState::Deleted) {
+    time(IDS_COLUMN_REVISED_MODIFIED, record.revisedModified, document.revisedUrl);
+  }
   return html + "<td class=\"" + ClassOf(record.state) + "\">" +
          Link(pageUrl, HtmlOf(NameOf(record.state))) + "</td></tr>\n";
 }

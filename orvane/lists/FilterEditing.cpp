@@ -7,6 +7,9 @@
 
 namespace {
 
+// A dialog that a filter is edited from, with or without a main window.
+CWnd* owner() { return CWnd::GetActiveWindow(); }
+
 bool accepted(CDialog& dialog) {
   return !AssertVerifyTrace::BlockGui() && dialog.DoModal() == IDOK;
 }
@@ -14,7 +17,7 @@ bool accepted(CDialog& dialog) {
 }  // namespace
 
 int StringFilter::Edit() {
-  StrFilterDialog dialog(*this);
+  StrFilterDialog dialog(*this, owner());
   if (!accepted(dialog)) return 0;
   m_settings = dialog.Get();
   Save();
@@ -22,7 +25,7 @@ int StringFilter::Edit() {
 }
 
 int EnumFilter::Edit() {
-  EnumFilterDialog dialog(*this);
+  EnumFilterDialog dialog(*this, owner());
   if (!accepted(dialog)) return 0;
   m_mask = dialog.GetMask();
   Save();
@@ -30,7 +33,7 @@ int EnumFilter::Edit() {
 }
 
 int TimeFilter::Edit() {
-  TimeFilterDialog dialog(*this);
+  TimeFilterDialog dialog(*this, owner());
   if (!accepted(dialog)) return 0;
   Set(dialog.GetStart(), dialog.GetEnd());
   m_invert = dialog.GetInvert();
@@ -39,7 +42,7 @@ int TimeFilter::Edit() {
 }
 
 int NumericFilter::Edit() {
-  NumericFilterDialog dialog(*this);
+  NumericFilterDialog dialog(*this, owner());
   if (!accepted(dialog)) return 0;
   Set(dialog.GetFrom(), dialog.GetTo());
   m_invert = dialog.GetInvert();

@@ -24,8 +24,9 @@ td { min-width: 5rem; white-space: pre-wrap; overflow-wrap: anywhere; }
 tbody tr:hover td { box-shadow: inset 0 0 0 100vmax rgb(11 92 173 / 5%); }
 a { color: var(--accent); }
 td a { color: inherit; text-decoration-color: color-mix(in srgb, currentcolor 40%, transparent); text-underline-offset: 0.15em; }
-th button { all: unset; display: inline-block; cursor: pointer; }
-th button::after { content: "\2193"; padding-left: 0.35em; color: var(--accent); visibility: hidden; }
+th:first-child, td:first-child { padding-left: 0.375rem; }
+th button { all: unset; position: relative; cursor: pointer; }
+th button::after { content: "\2193"; position: absolute; left: 100%; padding-left: 0.2em; color: var(--accent); visibility: hidden; }
 th[aria-sort] button::after { visibility: visible; }
 th[aria-sort="ascending"] button::after { content: "\2191"; }
 th button:hover { color: var(--accent); }
@@ -37,6 +38,7 @@ footer { margin-top: 1.5rem; color: var(--quiet); font-size: 0.8125rem; }
   thead tr { display: flex; flex-wrap: wrap; gap: 0.5rem; padding-bottom: 0.75rem; }
   th { position: static; display: block; padding: 0; border: 0; font-size: 0.875rem; }
   th button { padding: 0.3rem 0.7rem; border: 1px solid var(--line); border-radius: 1rem; font-weight: 500; }
+  th button::after { position: static; }
   th:not([aria-sort]) button::after { content: none; }
   tbody tr { padding: 0.6rem 0; border-top: 1px solid var(--line); }
   td { display: grid; grid-template-columns: minmax(6rem, 30%) 1fr; gap: 0.75rem; padding: 0.1rem 0; border: 0; }

@@ -245,6 +245,7 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   // the other one; otherwise as descending says. 1, or 0 with a beep: it cannot be sorted.
   int SetSortKey(int column, int toggle, int descending = 0);
   int SetInitialSortKey(int column);
+  int CanSortBy(int column) const;
   // -1: not sorted.
   int GetSortColumn() const { return m_sortColumn; }
   int IsSortDescending() const { return m_sortDescending; }
@@ -317,8 +318,9 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   //   H  0: no titles on top
   //   Q  no message and no progress window: the result alone tells
   //
-  // Null or empty, or when the list has a window: the user chooses in a dialog. A list without a
-  // window needs a command. 1 written, or what the dialog returned; 0: the command has an error,
+  // A list without a window makes the report at once. When it has one, the user chooses in a dialog
+  // that begins with what the command says; null or empty, with or without a window: one that
+  // begins with what was chosen last, and offers a preview. 1 written; 0: the command has an error,
   // or no report was written, which the user was told, and what stood in the file is there still.
   //
   // The list is not to be changed meanwhile.
@@ -332,6 +334,8 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   // settings under the list's key, "\", the column's title and the suffix. Null: no such column, or
   // the list has no key (ASSERT).
   DataFilter* GetFilter(int column, const char* suffix = nullptr) const;
+  // The same with a key of the caller's; null: it keeps nothing.
+  DataFilter* NewFilter(int column, const char* key) const;
   // Null: there is no key. The list's, until the next SetRegistryKey.
   MRegistry* GetRegistry() const { return m_registry.get(); }
 

@@ -190,8 +190,15 @@ DataFilter* MListCtrl::GetFilter(int column, const char* suffix) const {
     ASSERT(FALSE);
     return nullptr;
   }
+  return NewFilter(column, m_registryKey + "\\" + m_columns[column].title + CString(suffix));
+}
+
+DataFilter* MListCtrl::NewFilter(int column, const char* key) const {
+  if (!m_columns.Has(column)) {
+    ASSERT(FALSE);
+    return nullptr;
+  }
   const ListColumn& filtered = m_columns[column];
-  const CString key = m_registryKey + "\\" + filtered.title + CString(suffix);
   switch (filtered.kind) {
     case ListColumnEnum:
       return new EnumFilter(filtered.enumTexts, key);

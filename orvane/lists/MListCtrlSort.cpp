@@ -71,8 +71,12 @@ void MListCtrl::SetAltSortKey(int column, int alt1, int alt2, int alt3) {
   m_columns[column].alternates = {alt1, alt2, alt3};
 }
 
+int MListCtrl::CanSortBy(int column) const {
+  return m_columns.Has(column) && m_columns[column].CanBeSorted();
+}
+
 int MListCtrl::SetSortKey(int column, int toggle, int descending) {
-  if (!m_columns.Has(column) || !m_columns[column].CanBeSorted()) {
+  if (!CanSortBy(column)) {
     MessageBeep(MB_OK);
     return 0;
   }

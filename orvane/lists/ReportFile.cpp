@@ -43,7 +43,7 @@ DWORD whyNotReplaced(const CString& path) {
 
 ReportFile::~ReportFile() {
   m_file.Close();
-  if (!m_partPath.IsEmpty()) DeleteFileA(m_partPath);
+  if (*m_partPath != 0) DeleteFileA(m_partPath);
 }
 
 DWORD ReportFile::Open(const CString& path) {
@@ -51,11 +51,11 @@ DWORD ReportFile::Open(const CString& path) {
   if (m_path.IsEmpty()) return ERROR_BAD_PATHNAME;
   if (const DWORD error = whyNotReplaced(m_path); error != 0) return error;
   EnsureFileFolder(m_path);
-  char name[MAX_PATH] = "";
-  if (GetTempFileNameA(folderOf(m_path), kPartPrefix, 0, name) == 0)
+  if (GetTempFileNameA(folderOf(m_path), kPartPrefix, 0, m_partPath) == 0) {
+    *m_partPath = 0;
     return lastErrorOr(ERROR_CANNOT_MAKE);
-  m_partPath = name;
-  return m_file.Create(name) ? 0 : lastErrorOr(ERROR_CANNOT_MAKE);
+  }
+  return m_file.Create(m_partPath) ? 0 : lastErrorOr(ERROR_CANNOT_MAKE);
 }
 
 void ReportFile::Write(std::string_view text) {
@@ -72,6 +72,6 @@ DWORD ReportFile::PutInPlace() {
   if (Error() != 0) return m_error;
   if (!m_file.Close()) return lastErrorOr(ERROR_WRITE_FAULT);
   if (!MoveFileExA(m_partPath, m_path, MOVEFILE_REPLACE_EXISTING)) return GetLastError();
-  m_partPath.Empty();
+  *m_partPath = 0;
   return 0;
 }

@@ -30,7 +30,8 @@ class ReportFile {
   DWORD Error();
 
  private:
-  CString m_path, m_partPath;
+  CString m_path;
+  char m_partPath[MAX_PATH] = "";  // empty: there is no such file
   COXMarkupFile m_file;
   DWORD m_error = 0;
 };

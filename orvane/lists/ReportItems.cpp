@@ -110,24 +110,36 @@ ReportHead ReportItems::Head() const {
 const ReportRow& ReportItems::Row(size_t index) {
   const uint32_t record = m_records[index];
   m_row.id = m_list.m_map.Id(record);
-  for (size_t i = 0; i < m_columns.size(); ++i) {
-    const int column = m_columns[i];
-    const bool isText =
-        column == MListCtrl::kDescription || m_list.m_columns[column].kind == ListColumnText;
-    const int slot =
-        column == MListCtrl::kDescription ? MListCtrl::kDescriptionSlot : MListCtrl::SlotOf(column);
-    std::string_view text;
-    if (isText) {
-      text = m_list.m_map.Text(record, slot);
-    } else {
-      m_shown[i] = m_list.CellText(record, column, 0);
-      text = {static_cast<LPCSTR>(m_shown[i]), static_cast<size_t>(m_shown[i].GetLength())};
-    }
-    m_row.cells[i].text = Utf8Of(text, m_converted[i]);
-    m_row.cells[i].number = isText ? 0 : m_list.m_map.Slot(record, slot).number;
-  }
+  for (size_t i = 0; i < m_columns.size(); ++i) FillCell(i, record);
   if (m_settings.format == ReportFormat::Html) AddLooks();
   return m_row;
+}
+
+void ReportItems::FillCell(size_t index, uint32_t record) {
+  const int column = m_columns[index];
+  ReportCell& cell = m_row.cells[index];
+  const ListDataMap& map = m_list.m_map;
+  if (column == MListCtrl::kDescription) {
+    cell.text = Utf8Of(map.Text(record, MListCtrl::kDescriptionSlot), m_converted[index]);
+    return;
+  }
+  const int slot = MListCtrl::SlotOf(column);
+  switch (m_list.m_columns[column].kind) {
+    case ListColumnText:
+      cell.text = Utf8Of(map.Text(record, slot), m_converted[index]);
+      return;
+    case ListColumnNumeric:
+      // In the list the text of a number ends with a parenthesis, which callers cut off.
+      m_converted[index] = std::to_string(static_cast<int32_t>(map.Slot(record, slot).number));
+      cell.text = m_converted[index];
+      break;
+    default:
+      CString& shown = m_shown[index];
+      shown = m_list.CellText(record, column, 0);
+      cell.text = Utf8Of({static_cast<LPCSTR>(shown), static_cast<size_t>(shown.GetLength())},
+                         m_converted[index]);
+  }
+  cell.number = map.Slot(record, slot).number;
 }
 
 void ReportItems::AddLooks() {

@@ -30,7 +30,7 @@ struct ReportHead {
 
 // In UTF-8, too; the texts last until the next row.
 struct ReportCell {
-  std::string_view text;  // whole, whatever the list shows of it
+  std::string_view text;  // of several lines as the case may be
   uint32_t number;        // of a column that isn't Text
   std::string link;       // an address; empty: none
 };
@@ -58,6 +58,7 @@ class ReportItems {
 
  private:
   bool Passes(uint32_t record, const ReportFilter& filter) const;
+  void FillCell(size_t index, uint32_t record);
   void AddLooks();
 
   MListCtrl& m_list;

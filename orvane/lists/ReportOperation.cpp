@@ -9,6 +9,7 @@
 #include "lists/ReportItems.h"
 #include "lists/ReportText.h"
 #include "lists/ReportWriter.h"
+#include "markup/NoException.h"
 #include "messages/message.h"
 #include "resources/resource.h"
 #include "settings/MString.h"
@@ -39,6 +40,23 @@ CString wordsFor(DWORD error) {
   return words;
 }
 
+// Runs something that gives 0 or an error of the system's; an exception becomes one.
+template <class Work>
+DWORD errorOf(Work work) {
+  try {
+    return work();
+  } catch (const std::bad_alloc&) {
+    return ERROR_NOT_ENOUGH_MEMORY;
+  } catch (CMemoryException* exception) {
+    exception->Delete();
+    return ERROR_NOT_ENOUGH_MEMORY;
+  } catch (CException* exception) {
+    exception->Delete();
+  } catch (...) {
+  }
+  return ERROR_INTERNAL_ERROR;  // of a client's function
+}
+
 // A report of up to so many cells is made within a moment, under a busy cursor.
 constexpr size_t kCellsWithoutWindow = 200'000;
 
@@ -59,51 +77,70 @@ ReportOperation::ReportOperation(MListCtrl& list, const ReportSettings& settings
 ReportOperation::~ReportOperation() = default;
 
 int ReportOperation::Generate() {
-  Outcome outcome = Outcome::NotWritten;
-  DWORD error = 0;
-  try {
-    m_run = std::make_unique<Run>(m_list, m_settings);
-    if (!m_run->items.HasColumns()) {
-      Tell(IDS_REPORT_NO_FIELD);
-      return 0;
+  return WithoutException([this] {
+    m_outcome = Outcome::NotWritten;
+    const DWORD error = errorOf([this] { return MakeReport(); });
+    m_run.reset();
+    switch (m_outcome) {
+      case Outcome::Done:
+        return 1;
+      case Outcome::NoColumns:
+        Tell(IDS_REPORT_NO_FIELD);
+        return 0;
+      case Outcome::NoFile:
+        Tell(IDS_SPECIFY_PATH);
+        return 0;
+      case Outcome::NotOpened:
+        Tell(IDS_FILE_NOT_OPENED, error);
+        return 0;
+      case Outcome::NotWritten:
+        Tell(IDS_REPORT_NOT_WRITTEN, error);
+        return 0;
+      default:
+        return 0;
     }
-    if (m_settings.outputFile.IsEmpty()) {
-      Tell(IDS_SPECIFY_PATH);
-      return 0;
-    }
-    outcome = MakeReport(error);
-  } catch (const std::bad_alloc&) {
-    error = ERROR_NOT_ENOUGH_MEMORY;
-  }
-  m_run.reset();
-  if (outcome == Outcome::NotOpened) Tell(IDS_FILE_NOT_OPENED, error);
-  if (outcome == Outcome::NotWritten) Tell(IDS_REPORT_NOT_WRITTEN, error);
-  return outcome == Outcome::Done;
+  });
 }
 
-ReportOperation::Outcome ReportOperation::MakeReport(DWORD& error) {
-  error = m_run->file.Open(m_settings.outputFile);
-  if (error != 0) return Outcome::NotOpened;
+DWORD ReportOperation::MakeReport() {
+  const auto ends = [this](Outcome outcome, DWORD error = 0) {
+    m_outcome = outcome;
+    return error;
+  };
+  m_run = std::make_unique<Run>(m_list, m_settings);
+  if (!m_run->items.HasColumns()) return ends(Outcome::NoColumns);
+  if (m_settings.outputFile.IsEmpty()) return ends(Outcome::NoFile);
+  if (const DWORD error = m_run->file.Open(m_settings.outputFile); error != 0)
+    return ends(Outcome::NotOpened, error);
   {
     const CWaitCursor wait;
     m_run->items.Select();
   }
   m_run->head = m_run->items.Head();
-  const HlReportCallbacks& pages = m_list.HlReport();
-  if (m_settings.format == ReportFormat::Html && pages.generate != nullptr) {
-    const std::vector<unsigned long> ids = m_run->items.Ids();
-    CString note;
-    if (!pages.generate(m_list.HlReportClient(), {m_settings, ids}, note)) return Outcome::Stopped;
-    if (!note.IsEmpty()) m_run->head.notes.push_back(Utf8Of(note));
-  }
+  if (!MakePages()) return ends(Outcome::Stopped);
   m_run->writer = makeWriter(m_settings.format, m_run->file, m_run->head);
-  return WriteRows(error);
+  if (const DWORD error = WriteRows(); error != 0) return ends(Outcome::NotWritten, error);
+  if (m_run->items.Count() > 0 && wasAborted()) return ends(Outcome::Stopped);
+  m_run->writer->End();
+  const DWORD error = m_run->file.PutInPlace();
+  return ends(error == 0 ? Outcome::Done : Outcome::NotWritten, error);
+}
+
+// The client's pages; false: there is to be no report.
+bool ReportOperation::MakePages() {
+  const HlReportCallbacks& pages = m_list.HlReport();
+  if (m_settings.format != ReportFormat::Html || pages.generate == nullptr) return true;
+  const std::vector<unsigned long> ids = m_run->items.Ids();
+  CString note;
+  if (!pages.generate(m_list.HlReportClient(), {m_settings, ids}, note)) return false;
+  if (!note.IsEmpty()) m_run->head.notes.push_back(Utf8Of(note));
+  return true;
 }
 
 // The item numbers of the operation count through all passes over the rows. With a window the rows
 // are written on another thread, and the window is up all the time, so that nobody can change the
 // list meanwhile.
-ReportOperation::Outcome ReportOperation::WriteRows(DWORD& error) {
+DWORD ReportOperation::WriteRows() {
   const size_t count = m_run->items.Count();
   const unsigned passes = m_run->writer->MeasuresFirst() ? 2 : 1;
   MString message;
@@ -115,17 +152,12 @@ ReportOperation::Outcome ReportOperation::WriteRows(DWORD& error) {
   m_error = 0;
   if (passes == 1 || count == 0) m_run->writer->Begin();
   const bool done = DoOperation(1) != 0;
-  error = m_error;
-  if (!done && error == 0) error = ERROR_INTERNAL_ERROR;  // a client's function has thrown
-  if (error != 0) return Outcome::NotWritten;
-  if (count > 0 && wasAborted()) return Outcome::Stopped;
-  m_run->writer->End();
-  error = m_run->file.PutInPlace();
-  return error == 0 ? Outcome::Done : Outcome::NotWritten;
+  const DWORD error = m_error;
+  return done || error != 0 ? error : ERROR_INTERNAL_ERROR;
 }
 
 OperationReturnState ReportOperation::Operation(unsigned index) {
-  try {
+  m_error = errorOf([=, this] {
     const auto count = static_cast<unsigned>(m_run->items.Count());
     const ReportRow& row = m_run->items.Row(index % count);
     if (m_run->writer->MeasuresFirst() && index < count) {
@@ -134,10 +166,8 @@ OperationReturnState ReportOperation::Operation(unsigned index) {
     } else {
       m_run->writer->Add(row);
     }
-    m_error = m_run->file.Error();
-  } catch (const std::bad_alloc&) {
-    m_error = ERROR_NOT_ENOUGH_MEMORY;
-  }
+    return m_run->file.Error();
+  });
   return m_error == 0 ? OperationDone : OperationFailedStop;
 }
 

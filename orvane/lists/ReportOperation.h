@@ -32,17 +32,19 @@ class ORVANE_API ReportOperation : public MMultiOperation {
   OperationReturnState Operation(unsigned index) override;
 
  private:
-  enum class Outcome { Done, Stopped, NotOpened, NotWritten };
+  enum class Outcome { Done, Stopped, NoColumns, NoFile, NotOpened, NotWritten };
   struct Run;
 
-  // error: the system's, for the last two outcomes.
-  Outcome MakeReport(DWORD& error);
-  Outcome WriteRows(DWORD& error);
+  // 0, or the system's error.
+  DWORD MakeReport();
+  DWORD WriteRows();
+  bool MakePages();
   void Tell(UINT messageId) const;
   void Tell(UINT messageId, DWORD error) const;
 
   MListCtrl& m_list;
   const ReportSettings& m_settings;
   std::unique_ptr<Run> m_run;  // while a report is made
+  Outcome m_outcome = Outcome::Done;
   SharedWord<DWORD> m_error;
 };

@@ -21,15 +21,8 @@ class TabReport : public ReportWriter {
     EndLine();
   }
 
-  // A number stands without the parenthesis that the list shows behind it.
   void Add(const ReportRow& row) override {
-    for (size_t i = 0; i < row.cells.size(); ++i) {
-      const ReportCell& cell = row.cells[i];
-      if (m_head.columns[i].kind == MListCtrl::Numeric)
-        AddValue(std::to_string(static_cast<int32_t>(cell.number)));
-      else
-        AddValue(cell.text);
-    }
+    for (const ReportCell& cell : row.cells) AddValue(cell.text);
     EndLine();
   }
 

@@ -13,20 +13,19 @@
 //   </report>
 //
 // Values are in CDATA sections, which keep blanks and line ends; a section ends with "]]>", so a
-// value with that in it has several. number: what the list holds for what the value shows.
+// value with that in it stands in several. number: what the list holds for what the value shows.
 #include "lists/ReportWriter.h"
 
 #include <new>
 #include <string>
+#include <vector>
 
 #include "lists/ReportText.h"
 #include "markup/OXParser.h"
-#include "markup/XmlTag.h"
 
 namespace {
 
 constexpr const char* kKinds[] = {"text", "enum", "time", "number"};  // by ColumnKind
-constexpr int kPlain = 0;                                             // XmlTag's encoding
 
 // What the tree's operations give: null or 0 when there is no memory.
 template <class Made>
@@ -35,8 +34,10 @@ Made made(Made result) {
   return result;
 }
 
+constexpr std::string_view kSectionEnd = "]]>";
+
 // Writes one element after the other into a file, so that the tree is never there as a whole. An
-// element with CDATA sections stands on one line: around them a blank would be a part of the value.
+// element with a CDATA section stands on one line: a blank around it would be a part of the value.
 class ElementWriter : public COXParser {
  public:
   explicit ElementWriter(COXMarkupFile& file) : m_file(file) {}
@@ -60,22 +61,30 @@ class ElementWriter : public COXParser {
 
  protected:
   int WriteElement(COXMarkupFile& file, COXParserObject* object, int depth) override {
-    auto* const element = static_cast<COXParserElement*>(object);
-    if (element->NumObjects() == 0 || element->GetObject(0)->GetType() != COXParserObject::CDATA)
+    auto& element = *static_cast<COXParserElement*>(object);
+    if (element.NumObjects() == 0 || element.GetObject(0)->GetType() != COXParserObject::CDATA)
       return COXParser::WriteElement(file, object, depth);
     file.WriteTimes(m_indentText, depth);
     file.Write("<");
-    file.Write(element->GetName());
-    WriteAttributes(file, element);
+    file.Write(element.GetName());
+    WriteAttributes(file, &element);
     file.Write(">");
-    for (int i = 0; i < element->NumObjects(); ++i) {
-      file.Write("<![CDATA[");
-      file.Write(element->GetObject(i)->GetText());
-      file.Write("]]>");
-    }
+    WriteCData(file, element.GetObject(0), depth);
     file.Write("</");
-    file.Write(element->GetName());
+    file.Write(element.GetName());
     return file.Write(">\r\n");
+  }
+
+  int WriteCData(COXMarkupFile& file, COXParserObject* object, int) override {
+    std::string_view text = object->GetText();
+    file.Write("<![CDATA[");
+    for (size_t end; (end = text.find(kSectionEnd)) != text.npos; text.remove_prefix(end)) {
+      end += kSectionEnd.size() - 1;
+      file.Write(text.substr(0, end));
+      file.Write("]]><![CDATA[");
+    }
+    file.Write(text);
+    return file.Write(kSectionEnd);
   }
 
  private:
@@ -85,16 +94,64 @@ class ElementWriter : public COXParser {
 class XmlReport : public ReportWriter {
  public:
   XmlReport(ReportFile& file, const ReportHead& head)
-      : ReportWriter(file, head), m_writer(file.Markup()), m_root(nullptr, "report") {}
+      : ReportWriter(file, head),
+        m_writer(file.Markup()),
+        m_root(nullptr, "report"),
+        m_item(nullptr, "item") {}
 
   void Begin() override {
-    m_writer.WriteInstruction("xml version=\"1.0\" encoding=\"UTF-8\"?");
+    m_writer.WriteInstruction("xml version=\"1.0\" encoding=\"UTF-8\"");
     if (m_head.isShown) {
       Set(m_root, "title", m_head.title);
       Set(m_root, "secondary-title", m_head.secondaryTitle);
     }
     m_writer.WriteStartTag(m_root);
-    if (!m_head.isShown) return;
+    if (m_head.isShown) WriteTop();
+    MakeItem();
+  }
+
+  void Add(const ReportRow& row) override {
+    made(m_id->SetValue(std::to_string(row.id).c_str()));
+    for (size_t i = 0; i < row.cells.size(); ++i) {
+      const ReportCell& cell = row.cells[i];
+      m_text.clear();
+      AppendPrintable(m_text, cell.text);
+      made(m_values[i].text->SetText(m_text.c_str()));
+      if (m_values[i].number == nullptr) continue;
+      const bool isSigned = m_head.columns[i].kind == MListCtrl::Numeric;
+      const std::string number = isSigned ? std::to_string(static_cast<int32_t>(cell.number))
+                                          : std::to_string(cell.number);
+      made(m_values[i].number->SetValue(number.c_str()));
+    }
+    m_writer.Write(m_item);
+  }
+
+  void End() override {
+    COXParserElement footer(nullptr, "footer");
+    Set(footer, "product", m_head.product);
+    Set(footer, "url", m_head.url);
+    made(AddSection(footer)->SetText(m_head.footer.c_str()));
+    m_writer.Write(footer);
+    m_writer.WriteEndTag(m_root);
+  }
+
+ private:
+  // What of an item's element changes from row to row.
+  struct Value {
+    COXParserObject* text;
+    COXAttribute* number;  // null: of a Text column
+  };
+
+  static COXAttribute* Set(COXParserElement& element, const char* name, const std::string& value) {
+    return made(element.AddAttribute(name, value.c_str()));
+  }
+  static COXParserObject* AddSection(COXParserElement& element) {
+    auto section = std::make_unique<COXParserObject>(&element, COXParserObject::CDATA, nullptr);
+    made(element.AddObject(section.get()));
+    return section.release();
+  }
+
+  void WriteTop() {
     for (const std::string& note : m_head.notes) {
       COXParserElement element(nullptr, "note");
       Set(element, "text", note);
@@ -109,42 +166,22 @@ class XmlReport : public ReportWriter {
     }
   }
 
-  void Add(const ReportRow& row) override {
-    COXParserElement item(nullptr, "item");
-    Set(item, "id", std::to_string(row.id));
-    XmlTag values(item, kPlain);
-    for (size_t i = 0; i < row.cells.size(); ++i) {
-      const ReportColumn& column = m_head.columns[i];
-      const ReportCell& cell = row.cells[i];
-      m_text.clear();
-      AppendPrintable(m_text, cell.text);
-      COXParserElement& value = *made(values.AddCDataChild("value", m_text.c_str(), kPlain));
+  void MakeItem() {
+    m_id = Set(m_item, "id", "");
+    for (const ReportColumn& column : m_head.columns) {
+      COXParserElement& value = *made(m_item.AddElement("value"));
       Set(value, "column", std::to_string(column.index));
-      if (column.kind == MListCtrl::Numeric)
-        Set(value, "number", std::to_string(static_cast<int32_t>(cell.number)));
-      else if (column.kind != MListCtrl::Text)
-        Set(value, "number", std::to_string(cell.number));
+      COXAttribute* const number =
+          column.kind == MListCtrl::Text ? nullptr : Set(value, "number", "");
+      m_values.push_back({AddSection(value), number});
     }
-    m_writer.Write(item);
-  }
-
-  void End() override {
-    COXParserElement holder(nullptr, "");
-    COXParserElement& footer =
-        *made(XmlTag(holder, kPlain).AddCDataChild("footer", m_head.footer.c_str(), kPlain));
-    Set(footer, "product", m_head.product);
-    Set(footer, "url", m_head.url);
-    m_writer.Write(footer);
-    m_writer.WriteEndTag(m_root);
-  }
-
- private:
-  static void Set(COXParserElement& element, const char* name, const std::string& value) {
-    made(element.AddAttribute(name, value.c_str()));
   }
 
   ElementWriter m_writer;
   COXParserElement m_root;
+  COXParserElement m_item;  // the same for all rows, filled anew
+  COXAttribute* m_id = nullptr;
+  std::vector<Value> m_values;
   std::string m_text;
 };
 

@@ -82,6 +82,14 @@
 #define IDS_REPORT_NOT_WRITTEN 23311  // %1: the file, %2: the reason
 #define IDS_REPORT_ITEMS 23312        // %1!d!: their number
 #define IDS_REPORT_ONE_ITEM 23313
+#define IDS_REPORT_LIST_ORDER 23340  // in place of a column to sort by
+#define IDS_REPORT_FILE_NAME 23341   // without extension
+#define IDS_REPORT_WRITTEN 23342     // %1: the file
+#define IDS_REPORT_NO_PROGRAM 23343
+#define IDS_REPORT_FILES_PAGE 23344  // types of files, with "|" for ends
+#define IDS_REPORT_FILES_TEXT 23345
+#define IDS_REPORT_FILES_XML 23346
+#define IDS_REPORT_FILES_TABS 23347
 // Filters in words.
 #define IDS_FILTER_AND 23314
 #define IDS_FILTER_OR 23315

@@ -54,6 +54,19 @@ class Driver {
   static Step Close() {
     return [](HWND window) { ::PostMessage(window, WM_SYSCOMMAND, SC_CLOSE, 0); };
   }
+  // Waits for a window with a control whose text has a part: one without owner does not keep the
+  // user from the window before it.
+  static Step UntilShown(const char* part) {
+    return [part](HWND window) {
+      for (HWND child = ::GetWindow(window, GW_CHILD); child != nullptr;
+           child = ::GetWindow(child, GW_HWNDNEXT))
+        if (TextOf(child).find(part) != std::string::npos) return;
+      if (++s_driver->m_ticks < kTicksToEnd)
+        --s_driver->m_next;
+      else
+        ADD_FAILURE() << "not shown: " << part;
+    };
+  }
 
   static std::string TextOf(HWND window) {
     char text[4096] = "";
@@ -61,7 +74,8 @@ class Driver {
     return text;
   }
 
-  // The visible dialog of this thread; null: there is none.
+  // The visible dialog of this thread that can be used: one that opens another is disabled before
+  // the other one is shown. Null: there is none.
   static HWND Shown() {
     HWND found = nullptr;
     ::EnumThreadWindows(::GetCurrentThreadId(), FindDialog, reinterpret_cast<LPARAM>(&found));
@@ -75,7 +89,8 @@ class Driver {
   static BOOL CALLBACK FindDialog(HWND window, LPARAM found) {
     char name[16] = "";
     ::GetClassName(window, name, sizeof name);
-    if (!::IsWindowVisible(window) || strcmp(name, "#32770") != 0) return TRUE;
+    if (!::IsWindowVisible(window) || !::IsWindowEnabled(window) || strcmp(name, "#32770") != 0)
+      return TRUE;
     *reinterpret_cast<HWND*>(found) = window;
     return FALSE;
   }

@@ -160,6 +160,7 @@ TEST_F(Folders, ADocumentOfOneFolderIsNotOpened) {
 
 // What happens to documents between the scan and the evaluation.
 TEST_F(Folders, ChangesMeanwhile) {
+  unique_file locked;
   const struct {
     const char* what;
     std::function<void()> change;
@@ -171,6 +172,12 @@ TEST_F(Folders, ChangesMeanwhile) {
       {"base vanishes", [&] { DeleteFileA((base() + "\\a").c_str()); }, "M a", true, true},
       {"revised vanishes", [&] { DeleteFileA((revised() + "\\a").c_str()); }, "M a", true, true},
       {"revised grows", [&] { Write("revised\\a", "xx"); }, "M a", false, false},
+      {"base is locked",
+       [&] {
+         locked.reset(CreateFileA((base() + "\\a").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                                  0, nullptr));
+       },
+       "M a", true, false},
       {"base becomes a folder",
        [&] {
          DeleteFileA((base() + "\\a").c_str());
@@ -188,6 +195,7 @@ TEST_F(Folders, ChangesMeanwhile) {
     EXPECT_TRUE(comparison.Scan());
     row.change();
     EXPECT_TRUE(comparison.EvaluateAll());
+    locked.reset();
     EXPECT_EQ(RowsOf(comparison), RowList{row.row});
     EXPECT_EQ(comparison.problems().size(), row.isProblem ? 1u : 0u);
     EXPECT_EQ(!log.Empty(), row.isReported) << log.Text();

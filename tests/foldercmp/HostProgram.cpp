@@ -100,7 +100,6 @@ HostProgram::HostProgram(const std::string& arguments) {
     ADD_FAILURE() << "foldercmp.exe was not started";
     return;
   }
-  WaitForInputIdle(m_process.hProcess, kWaitMilliseconds);
   Wait([&] { return (m_main = visibleWindow(m_process.dwProcessId, nullptr)) != nullptr; });
   EXPECT_NE(m_main, nullptr) << "no window came";
 }
@@ -144,12 +143,16 @@ std::string HostProgram::TextOf(HWND window) {
 
 HWND HostProgram::List() const { return Control(kListId); }
 
-int HostProgram::FocusId() const {
+HWND HostProgram::FocusWindow() const {
   GUITHREADINFO info = {};
   info.cbSize = sizeof info;
-  if (!GetGUIThreadInfo(m_process.dwThreadId, &info)) return 0;
-  HWND focus = info.hwndFocus;
-  if (focus != nullptr && GetParent(focus) != m_main) focus = GetParent(focus);
+  GetGUIThreadInfo(m_process.dwThreadId, &info);
+  return info.hwndFocus != nullptr ? info.hwndFocus : m_main;
+}
+
+int HostProgram::FocusId() const {
+  HWND focus = FocusWindow();
+  if (focus != m_main && GetParent(focus) != m_main) focus = GetParent(focus);
   return GetDlgCtrlID(focus);
 }
 
@@ -191,12 +194,14 @@ void HostProgram::Type(int id, const std::string& text) const {
 }
 
 void HostProgram::Key(UINT key) const {
-  GUITHREADINFO info = {};
-  info.cbSize = sizeof info;
-  GetGUIThreadInfo(m_process.dwThreadId, &info);
-  const HWND focus = info.hwndFocus != nullptr ? info.hwndFocus : m_main;
+  const HWND focus = FocusWindow();
   PostMessageA(focus, WM_KEYDOWN, key, 1);
   PostMessageA(focus, WM_KEYUP, key, 0xC0000001);
+}
+
+void HostProgram::Letter(char letter) const {
+  constexpr LPARAM kWithAlt = 1 << 29;
+  PostMessageA(FocusWindow(), WM_SYSCHAR, letter, kWithAlt | 1);
 }
 
 void HostProgram::Drop(const std::vector<std::string>& paths) const {

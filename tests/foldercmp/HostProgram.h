@@ -32,6 +32,8 @@ class HostProgram {
   void Type(int id, const std::string& text) const;
   // To the window with the focus.
   void Key(UINT key) const;
+  // A letter together with Alt.
+  void Letter(char letter) const;
   void Drop(const std::vector<std::string>& paths) const;
 
   // The list, by its rows: the shown columns' texts.
@@ -63,6 +65,8 @@ class HostProgram {
 
  private:
   class Memory;
+
+  HWND FocusWindow() const;
 
   std::string CellText(int row, int column) const;
   std::string Document(int row) const;

@@ -7,6 +7,7 @@
 
 #include "foldercmp/HostProgram.h"
 #include "foldercmp/resource.h"
+#include <afxres.h>
 #include "support/RegistrySubtree.h"
 #include "support/TempFolder.h"
 
@@ -73,26 +74,26 @@ TEST_F(MainWindow, ComparesTheFoldersOfTheCommandLine) {
 
 // What has changed on the disk is seen, and the user is where he was.
 TEST_F(MainWindow, ComparingAgainKeepsThePlace) {
-  for (int i = 0; i < 200; ++i) m_folder.Write("base\\many\\m" + std::to_string(1000 + i), "m");
+  for (int i = 0; i < 100; ++i) m_folder.Write("base\\many\\m" + std::to_string(1000 + i), "m");
   const HostProgram host(Both());
-  WaitForRows(host, 204);
+  WaitForRows(host, 104);
   host.Do(kSortByName);
-  host.Select({"m1050.", "m1100.", "m1101."});
-  SendMessageA(host.List(), LVM_SCROLL, 0, 40 * 20);
+  host.Select({"m1030.", "m1060.", "m1061."});
+  SendMessageA(host.List(), LVM_SCROLL, 0, 20 * 16);
   const LRESULT top = SendMessageA(host.List(), LVM_GETTOPINDEX, 0, 0);
   ASSERT_GT(top, 0);
   const std::string topDocument = host.Documents()[top];
 
   m_folder.Write("revised\\a_new_one.h", "a\n");
   m_folder.Write("revised\\sub\\changed.c", "one\n");
-  std::filesystem::remove(m_folder / "base\\many\\m1100");
+  std::filesystem::remove(m_folder / "base\\many\\m1060");
   host.Key(VK_F5);
   EXPECT_TRUE(HostProgram::Wait([&] { return host.StatusText(3) == "Modified: 0"; }));
 
   EXPECT_EQ(host.States()["a_new_one.h"], "New");
   EXPECT_EQ(host.States()["changed.c"], "Same");
-  EXPECT_EQ(host.Selected(), (Names{"m1050.", "m1101."}));
-  EXPECT_EQ(host.Focused(), "m1101.");
+  EXPECT_EQ(host.Selected(), (Names{"m1030.", "m1061."}));
+  EXPECT_EQ(host.Focused(), "m1061.");
   const Names documents = host.Documents();
   EXPECT_TRUE(std::is_sorted(documents.begin(), documents.end()));
   EXPECT_EQ(documents[SendMessageA(host.List(), LVM_GETTOPINDEX, 0, 0)], topDocument);
@@ -134,7 +135,9 @@ TEST_F(MainWindow, FiltersByStateAndText) {
 TEST_F(MainWindow, SwapsTheFolders) {
   const HostProgram host(Both());
   WaitForRows(host, 4);
+  host.Select({"changed.c"});
   host.Do(ID_SWAP);
+  EXPECT_EQ(host.Selected(), (Names{"changed.c"}));
   EXPECT_EQ(host.Title(), "revised vs. base - Folder Comparison");
   auto states = kStates;
   std::swap(states["added.h"], states["gone.txt"]);
@@ -247,8 +250,46 @@ TEST_F(MainWindow, AnalyzesAModifiedDocument) {
   const std::string title = Base() + "->\\sub\\changed.c";
   const HWND found = HostProgram::WindowWithTitle(title);
   ASSERT_NE(found, nullptr) << "no difference window";
-  PostMessageA(found, WM_CLOSE, 0, 0);
-  EXPECT_TRUE(HostProgram::Wait([&] { return !IsWindow(found); }));
+  EXPECT_TRUE(HostProgram::Wait([&] {
+    PostMessageA(found, WM_CLOSE, 0, 0);  // which it doesn't take while it compares
+    return !IsWindow(found);
+  }));
+}
+
+// Each opens, says what it is, and goes with Escape; nothing changes.
+TEST_F(MainWindow, OpensItsDialogs) {
+  const HostProgram host(Both());
+  WaitForRows(host, 4);
+  const struct {
+    UINT command;
+    const char *title, *text;
+  } cases[] = {{ID_OPTIONS, "Options", "White space:"},
+               {ID_REPORT, "Report", "Tab-separated values"},
+               {ID_REPORT_PAGES, "Configure Hyper-link Reports", "Deleted files"},
+               {ID_APP_ABOUT, "About Folder Comparison", "Compares two folders"}};
+  for (const auto& c : cases) {
+    host.Post(c.command);
+    const HWND dialog = host.Dialog();
+    EXPECT_EQ(HostProgram::TextOf(dialog), c.title);
+    EXPECT_NE(HostProgram::TextsIn(dialog).find(c.text), std::string::npos) << c.title;
+    PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    EXPECT_TRUE(HostProgram::Wait([&] { return !IsWindow(dialog); })) << c.title;
+  }
+  EXPECT_EQ(host.States(), kStates);
+}
+
+TEST_F(MainWindow, ComparesRecentPairsAgain) {
+  const HostProgram host(Both());
+  WaitForRows(host, 4);
+  host.Type(IDC_BASE_FOLDER, Base() + "\\sub");
+  host.Type(IDC_REVISED_FOLDER, Revised() + "\\sub");
+  host.Do(ID_COMPARE);
+  EXPECT_EQ(host.RowCount(), 2);
+  host.Do(ID_RECENT_FIRST + 1);
+  EXPECT_EQ(host.States(), kStates);
+  EXPECT_EQ(SendMessageA(host.Control(IDC_BASE_FOLDER), CB_GETCOUNT, 0, 0), 4);
+  host.Do(ID_RECENT_FIRST + 2);  // there are two
+  EXPECT_EQ(host.States(), kStates);
 }
 
 TEST_F(MainWindow, IsUsedWithTheKeyboard) {
@@ -262,7 +303,9 @@ TEST_F(MainWindow, IsUsedWithTheKeyboard) {
     host.Key(VK_TAB);
     EXPECT_TRUE(HostProgram::Wait([&] { return host.FocusId() == id; })) << host.FocusId();
   }
-  // Enter in a folder's box compares; on a button it presses that.
+  host.Letter('r');
+  EXPECT_TRUE(HostProgram::Wait([&] { return host.FocusId() == IDC_REVISED_FOLDER; }));
+  // Enter compares.
   host.Type(IDC_BASE_FOLDER, Base() + "\\sub");
   host.Type(IDC_REVISED_FOLDER, Revised() + "\\sub");
   host.Do(ID_FILTER);
@@ -277,6 +320,43 @@ TEST_F(MainWindow, IsUsedWithTheKeyboard) {
   WaitForRows(host, 2);
   host.Key(VK_ESCAPE);
   EXPECT_EQ(host.ExitStatus(), 0u);
+}
+
+// Files that take long to compare: holes, which take no room on the disk.
+class LongComparison : public MainWindow {
+ protected:
+  LongComparison() {
+    for (const std::string name :
+         {"base\\huge1", "revised\\huge1", "base\\huge2", "revised\\huge2"}) {
+      const HANDLE file = CreateFileA(m_folder.Write(name, "").c_str(), GENERIC_WRITE, 0, nullptr,
+                                      OPEN_EXISTING, 0, nullptr);
+      LARGE_INTEGER size;
+      size.QuadPart = 0x7F000000;
+      SetFilePointerEx(file, size, nullptr, FILE_BEGIN);
+      SetEndOfFile(file);
+      CloseHandle(file);
+    }
+  }
+};
+
+TEST_F(LongComparison, CanBeStopped) {
+  const HostProgram host(Both());
+  const HWND progress = host.Dialog();
+  ASSERT_NE(progress, nullptr);
+  EXPECT_FALSE(IsWindowEnabled(host.Main()));
+  PostMessageA(progress, WM_COMMAND, IDCANCEL, 0);
+  WaitForRows(host, 6);
+  EXPECT_NE(host.StatusText(0).find("Stopped"), std::string::npos);
+  EXPECT_EQ(host.States()["huge2."], "Unknown");
+}
+
+TEST_F(LongComparison, EndsWithTheWindow) {
+  const HostProgram host(Both());
+  Sleep(500);
+  const DWORD start = GetTickCount();
+  PostMessageA(host.Main(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(host.ExitStatus(), 0u);
+  EXPECT_LT(GetTickCount() - start, 1500u);
 }
 
 TEST_F(MainWindow, RefusesAWrongCommandLine) {

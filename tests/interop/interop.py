@@ -1,8 +1,10 @@
 """Runs orv and the outside tools for the interop tests, and sums up what was found."""
 
+import contextlib
 import os
 import pathlib
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -89,6 +91,16 @@ class Orv:
 
     def run(self, *arguments, **options):
         return run(*self.command(*arguments), **options)
+
+
+def press_ctrl_c(text):
+    """Presses Ctrl+C for the processes of orv with a text in their arguments."""
+    for entry in pathlib.Path("/proc").iterdir():
+        if entry.name.isdigit():
+            with contextlib.suppress(OSError):
+                command = (entry / "cmdline").read_bytes()
+                if b"orv.exe\0" in command.split(b"tools/run")[-1] and text.encode() in command:
+                    os.kill(int(entry.name), signal.SIGINT)
 
 
 class Folder:

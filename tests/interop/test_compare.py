@@ -2,12 +2,15 @@
 packages install, with edits of every kind; and the pages of the report."""
 
 import collections
+import contextlib
 import html.parser
 import os
 import pathlib
 import random
 import re
 import shutil
+import subprocess
+import time
 import urllib.parse
 
 import interop
@@ -251,8 +254,9 @@ class Page(html.parser.HTMLParser):
 
     VOID = {"meta", "col", "br"}
 
-    def __init__(self, path):
+    def __init__(self, path, tags_not_wanted=("link", "script")):
         super().__init__()
+        self._tags_not_wanted = tags_not_wanted
         self.path, self.links, self.anchors, self.text = path, [], set(), ""
         self._open = []
         self.feed(path.read_text(encoding="utf-8"))
@@ -263,7 +267,8 @@ class Page(html.parser.HTMLParser):
         if tag not in self.VOID:
             self._open.append(tag)
         values = dict(attributes)
-        check("src" not in values and tag not in ("link", "script"), f"{self.path}: not self-contained")
+        is_wanted = "src" not in values and tag not in self._tags_not_wanted
+        check(is_wanted, f"{self.path}: not self-contained: {tag}")
         if "href" in values:
             self.links.append(values["href"])
         if "id" in values:
@@ -312,6 +317,71 @@ def report_pages(orv, folder):
     check_pages(report)
 
 
+def list_reports(orv, folder):
+    """A report of the list, with its pages beside it; in the other formats it has none."""
+    base, revised = folder / "base", folder / "revised"
+    copy_installed(base, 100)
+    shutil.copytree(base, revised)
+    edit_tree(revised, seed=3)
+    for options in ([], ["--copy"], ["--link-sources"]):
+        report = folder / f"out{len(options)}" / "my report.htm"
+        command = f"C:0215 S:5D O:{interop.windows_path(report)}"
+        states = compare(orv, base, revised, "--report", command, *options)
+        counts = collections.Counter(states.values())
+        page = Page(report, ("link",))
+        for link in page.links:
+            if not link.startswith("http:"):
+                address = link.partition("#")[0]
+                target = report.parent / urllib.parse.unquote(address)
+                if address.startswith("file:///"):
+                    target = pathlib.Path(urllib.parse.unquote(address[len("file:///Z:") :]))
+                check(target.is_file(), f"{options}: {link} leads nowhere")
+        differing = sum(counts[state] for state in STATES[1:])
+        documents = len(states) if options else 0
+        check_equal(len(page.links), differing + documents + 1, f"{options}: links")
+        pages = check_pages(report.parent / "my report_files")
+        check_equal(len(pages), counts["Modified"] + 1, f"{options}: pages")
+        shutil.rmtree(report.parent)
+    table = folder / "table.tsv"
+    compare(orv, base, revised, "--report", f"R:T O:{interop.windows_path(table)}")
+    rows = table.read_text(encoding="utf-8-sig").splitlines()
+    check(len(rows) >= len(states) + 1, f"{len(rows)} rows")
+    check_equal(sorted(path.name for path in folder.iterdir()), ["base", "revised", table.name], "files")
+    for command in ("S:9", "X:1", "R:T", f"O:{interop.windows_path(base)}"):
+        result = orv.run("compare", base, revised, "--report", command).expect(2)
+        check(b"same" in result.stdout and "report" in result.stderr, f"{command}: {result.stderr}")
+
+
+def is_open(path):
+    for entry in pathlib.Path("/proc").glob("[0-9]*/fd/*"):
+        with contextlib.suppress(OSError):
+            if entry.readlink() == path:
+                return True
+    return False
+
+
+def stopped_comparison(orv, folder):
+    """Ctrl+C in the middle of a large file: what was found is printed."""
+    base, revised = folder / "base", folder / "revised"
+    for tree in (base, revised):
+        write(tree, a="x")
+        with open(tree / "huge", "wb") as file:
+            file.truncate(1 << 36)
+    output = open(folder / "output", "wb")
+    run = subprocess.Popen(orv.command("compare", base, revised, "--space", "0"), stdout=output)
+    deadline = time.monotonic() + 60
+    while not is_open(revised / "huge"):
+        check(run.poll() is None and time.monotonic() < deadline, "the run is over too early")
+        time.sleep(0.02)
+    interop.press_ctrl_c(folder.name)
+    start = time.monotonic()
+    check_equal(run.wait(60), 2, "exit status of the stopped run")
+    print(f"stopped after {1000 * (time.monotonic() - start):.0f} ms")
+    lines = (folder / "output").read_text().splitlines()
+    expected = ["Same      a", "Unknown   huge", "1 same, 0 modified, 0 new, 0 deleted, 1 unknown"]
+    check_equal(lines, expected, "what it has found")
+
+
 def many_modified_documents(orv, folder):
     """The report of so many documents has an index that opens."""
     base, revised, report = folder / "base", folder / "revised", folder / "report"
@@ -327,9 +397,18 @@ def many_modified_documents(orv, folder):
     size = (report / "index.html").stat().st_size
     check(size < 500 * count + 10_000, f"the index has {size} bytes")
     print(f"{count} modified documents: an index of {size} bytes")
+    compare(orv, base, revised, "--report", f"O:{interop.windows_path(folder / 'r.htm')}")
+    check_equal(len(check_pages(folder / "r_files")), count + 1, "pages of the list's report")
 
 
 interop.main(
-    [options_and_exit_status, installed_trees, report_pages, many_modified_documents],
+    [
+        options_and_exit_status,
+        installed_trees,
+        report_pages,
+        list_reports,
+        stopped_comparison,
+        many_modified_documents,
+    ],
     "folder comparisons against diff",
 )

@@ -147,18 +147,6 @@ def full_disk_loses_nothing(orv, folder):
             check_equal({**_tree(tree), **_tree(disk / "moved")}, before, "the two halves")
 
 
-def _processes(text):
-    """The processes of orv with a text in their arguments."""
-    found = []
-    for entry in pathlib.Path("/proc").iterdir():
-        if entry.name.isdigit():
-            with contextlib.suppress(OSError):
-                command = (entry / "cmdline").read_bytes()
-                if b"orv.exe\0" in command.split(b"tools/run")[-1] and text.encode() in command:
-                    found.append(int(entry.name))
-    return found
-
-
 def _stop(orv, folder, started, *arguments):
     """Runs a command and presses Ctrl+C as soon as started() holds."""
     messages = open(folder / "messages", "wb")
@@ -167,8 +155,7 @@ def _stop(orv, folder, started, *arguments):
     while not started():
         check(run.poll() is None and time.monotonic() < deadline, "the run is over too early")
         time.sleep(0.005)
-    for process in _processes(folder.name):
-        os.kill(process, signal.SIGINT)
+    interop.press_ctrl_c(folder.name)
     check_equal(run.wait(60), 1, "exit status of the stopped run")
     text = (folder / "messages").read_text()
     check("stopped" in text, f"it does not say that it was stopped: {text}")

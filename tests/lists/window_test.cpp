@@ -6,7 +6,6 @@
 
 #include "lists/ListTest.h"
 #include "support/LongRun.h"
-#include "support/RegistrySubtree.h"
 
 namespace {
 
@@ -372,46 +371,6 @@ TEST_F(ListWindowTest, SelectedRowsAreCopiedAsText) {
   GlobalUnlock(data);
   EmptyClipboard();
   CloseClipboard();
-}
-
-TEST_F(ListWindowTest, TheLayoutIsThereAgain) {
-  const RegistrySubtree key;
-  MRegistry::InitProductRegistry(key.c_str(), 1);
-  const auto columns = [&](MListCtrl& list) {
-    list.SetRegistryKey(key.c_str());
-    list.SetSortMethod(1, 1);
-    list.AddColumn("Name", MListCtrl::CompareStr);
-    list.AddNumericColumn("Size", 1);
-  };
-  {
-    MListCtrl list;
-    columns(list);
-    Show(list);
-    list.SetInitialSortKey(1);
-    EXPECT_FALSE(list.IsSortDescending()) << "nothing is saved";
-    list.SetColumnWidth(0, 77);
-    list.SetSortKey(1, 1);
-  }
-  const auto reopened = [&](const char* first) {
-    MListCtrl list;
-    list.SetRegistryKey(key.c_str());
-    list.SetSortMethod(1, 1);
-    list.AddColumn(first, MListCtrl::CompareStr);
-    list.AddNumericColumn("Size", 1);
-    Show(list);
-    list.SetInitialSortKey(0);
-    return std::vector<int>{list.GetColumnWidth(0), list.GetSortColumn(), list.IsSortDescending()};
-  };
-  EXPECT_EQ(reopened("Name"), (std::vector<int>{77, 1, 1}));
-  EXPECT_NE(reopened("Renamed")[0], 77);
-  key.WriteRaw("WidthName", REG_DWORD, std::string("\xFF\xFF\xFF\x7F", 4));
-  key.WriteRaw("SortCol", REG_DWORD, std::string("\x20\0\0\0", 4));
-  const std::vector<int> damaged = reopened("Name");
-  EXPECT_LT(damaged[0], 300);
-  EXPECT_EQ(damaged[1], 0) << "the column that was asked for";
-  key.WriteRaw("SortCol", REG_SZ, "nonsense");
-  EXPECT_EQ(reopened("Name")[1], 0);
-  MRegistry::FreeProductRegistry();
 }
 
 TEST_F(ListWindowTest, TakesTheControlOfADialog) {
