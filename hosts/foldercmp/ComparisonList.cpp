@@ -78,6 +78,14 @@ CString ComparisonList::FilteredText(unsigned long id) const {
 
 // --- Documents ---
 
+bool ComparisonList::HasDifferences() const {
+  for (int state = 0; state < kFileStates; ++state) {
+    const auto counted = static_cast<FileState>(state);
+    if (counted != FileState::Same && CountOf(counted) > 0) return true;
+  }
+  return false;
+}
+
 const DocumentRecord* ComparisonList::FocusedDocument() const {
   const int row = GetNextItem(-1, LVNI_FOCUSED);
   return row >= 0 ? &RecordOf(GetItemData(row)) : nullptr;

@@ -23,6 +23,9 @@ class ComparisonList : public DirCmpCtrl {
   void SetDocumentFilter(const DocumentFilter& filter);
   const DocumentFilter& GetDocumentFilter() const { return m_documentFilter; }
 
+  // Whether any document is not the same in both folders.
+  bool HasDifferences() const;
+
   // The document with the focus; null: none has it.
   const DocumentRecord* FocusedDocument() const;
   bool HasDocument(Command side) const;

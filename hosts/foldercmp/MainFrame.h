@@ -92,6 +92,7 @@ class MainFrame : public CFrameWnd {
   void ShowRecentPairs();
   // Whether a box names a folder that can be opened; the user is told what is wrong.
   bool CheckFolder(FolderBox& box, UINT missingText);
+  bool CanCompare() const;
   // Compares what the boxes say; nothing while a comparison is under way.
   void Compare();
   void CompareFolders(const FolderPair& pair);

@@ -27,7 +27,6 @@ CString systemText(DWORD error) {
   return trimmed;
 }
 
-// While a menu of this thread is open, the list that it belongs to is not to be replaced.
 bool isMenuOpen() {
   GUITHREADINFO info = {};
   info.cbSize = sizeof info;
@@ -96,7 +95,7 @@ void MainFrame::OnRecent(UINT id) {
 // empty, and when none is, it begins a new pair.
 void MainFrame::OnDropFiles(HDROP drop) {
   const DroppedFolders dropped(drop);
-  if (IsBusy() || isMenuOpen() || dropped.paths.empty()) return;
+  if (!CanCompare() || dropped.paths.empty()) return;
   SetForegroundWindow();
   if (dropped.paths.size() > 2) {
     Message::DisplayMessage(Message::MSG_INFO, IDS_TOO_MANY_DROPPED);
@@ -156,8 +155,11 @@ void MainFrame::OnOptions() {
   if (m_list != nullptr) CompareFolders(m_compared);
 }
 
+// The list is not to be replaced under a dialog or menu that works with it.
+bool MainFrame::CanCompare() const { return !IsBusy() && IsWindowEnabled() && !isMenuOpen(); }
+
 void MainFrame::Compare() {
-  if (IsBusy() || isMenuOpen()) return;
+  if (!CanCompare()) return;
   if (!CheckFolder(m_base, IDS_NO_BASE) || !CheckFolder(m_revised, IDS_NO_REVISED)) return;
   const FolderPair pair = TypedPair();
   ShowPair(pair);
@@ -214,7 +216,9 @@ void MainFrame::ShowResult() {
     revised = m_compared.revised;
   }
   SetWindowText(FilledText(IDS_TITLE, base, revised, AfxGetAppName()));
-  m_statusText = LoadedText(m_list->WasStopped() ? IDS_STOPPED : IDS_READY);
+  m_statusText = LoadedText(m_list->WasStopped()       ? IDS_STOPPED
+                            : m_list->HasDifferences() ? IDS_READY
+                                                       : IDS_NO_DIFFERENCES);
   m_status.ShowCounts(m_list.get(), m_metrics);
   SetMessageText(AFX_IDS_IDLEMESSAGE);
 }

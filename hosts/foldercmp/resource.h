@@ -51,6 +51,7 @@
 #define IDS_READY 25201
 #define IDS_STOPPED 25202
 #define IDS_USAGE 25203
+#define IDS_NO_DIFFERENCES 25219
 #define IDS_TITLE 25204        // %1, %2: the folders, %3: the program
 #define IDS_PRODUCT 25205      // in reports
 #define IDS_CHOOSE_BASE 25206  // above the tree of folders

@@ -72,6 +72,14 @@ TEST_F(MainWindow, ComparesTheFoldersOfTheCommandLine) {
   EXPECT_EQ(host.Documents(), (Names{"gone.txt", "added.h", "changed.c", "same.c"}));
 }
 
+// Backslashes at the ends are not taken for the quotation marks' own.
+TEST_F(MainWindow, FindsFoldersTheSame) {
+  const HostProgram host("\"" + Base() + "\\\" \"" + Base() + "\\sub\\..\\\"");
+  WaitForRows(host, 3);
+  EXPECT_EQ(host.StatusText(0), "The folders are the same.");
+  EXPECT_EQ(host.Title(), Base() + " vs. " + Base() + " - Folder Comparison");
+}
+
 // What has changed on the disk is seen, and the user is where he was.
 TEST_F(MainWindow, ComparingAgainKeepsThePlace) {
   for (int i = 0; i < 100; ++i) m_folder.Write("base\\many\\m" + std::to_string(1000 + i), "m");
@@ -79,7 +87,7 @@ TEST_F(MainWindow, ComparingAgainKeepsThePlace) {
   WaitForRows(host, 104);
   host.Do(kSortByName);
   host.Select({"m1030.", "m1060.", "m1061."});
-  SendMessageA(host.List(), LVM_SCROLL, 0, 20 * 16);
+  SendMessageA(host.List(), LVM_SCROLL, 0, 20 * 13);
   const LRESULT top = SendMessageA(host.List(), LVM_GETTOPINDEX, 0, 0);
   ASSERT_GT(top, 0);
   const std::string topDocument = host.Documents()[top];
