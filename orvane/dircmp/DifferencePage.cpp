@@ -178,7 +178,7 @@ DWORD WriteDifferencePage(const CString& path, const DifferencePage& page) {
   DocumentText left, right;
   const DocumentText::Kind leftKind = left.Load(page.basePath);
   const DocumentText::Kind rightKind = right.Load(page.revisedPath);
-  HtmlFile file(path, page.title);
+  HtmlFile file(path, page.title, false);
   std::optional<Rows> rows;
   if (leftKind == DocumentText::Kind::Text && rightKind == DocumentText::Kind::Text) {
     rows.emplace(file, left, right, page.options);

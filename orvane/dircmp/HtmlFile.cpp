@@ -81,11 +81,12 @@ table.sides tr.gap td { padding: 0.4rem; text-align: center; color: var(--quiet)
 
 }  // namespace
 
-HtmlFile::HtmlFile(const CString& path, const std::string& title) {
+HtmlFile::HtmlFile(const CString& path, const std::string& title, bool replaces) {
   EnsureFileFolder(path);
-  m_file.reset(
-      CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
-  if (!m_file) m_error = GetLastError();
+  if (!m_file.Open(path))
+    m_error = GetLastError();
+  else if (m_file.Replaces() && !replaces)
+    m_error = ERROR_FILE_EXISTS;
   *this << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
         << kPageMark << "\n<title>" << title << "</title>\n"
         << kStyle << "</head>\n<body>\n";
@@ -100,15 +101,13 @@ HtmlFile& HtmlFile::operator<<(std::string_view html) {
 DWORD HtmlFile::Finish() {
   *this << "</body>\n</html>\n";
   Flush();
-  m_file.reset();
+  if (m_error == 0 && !m_file.Commit()) m_error = GetLastError();
+  m_file.Discard();
   return m_error;
 }
 
 void HtmlFile::Flush() {
-  DWORD written = 0;
-  if (m_error == 0 && !WriteFile(m_file.get(), m_buffer.data(), static_cast<DWORD>(m_buffer.size()),
-                                 &written, nullptr)) {
+  if (m_error == 0 && !m_file.Write(m_buffer.data(), static_cast<DWORD>(m_buffer.size())))
     m_error = GetLastError();
-  }
   m_buffer.clear();
 }

@@ -247,9 +247,8 @@ std::string HyperLinkReport::NavigationOf(size_t number) const {
 
 bool HyperLinkReport::WriteIndex() {
   // The old index stays until the new one is whole.
-  const CString path = IndexPath(), unfinished = path + ".new";
-  if (IsReportPage(unfinished)) ForceDeleteFile(unfinished);
-  HtmlFile file(unfinished, TitleHtml());
+  const CString path = IndexPath();
+  HtmlFile file(path, TitleHtml(), true);
   file << "<h1>" << TitleHtml() << "</h1>\n<nav>";
   for (const FileState state : kSections) {
     if (HasSection(state)) file << Link(std::string("#") + ClassOf(state), HtmlOf(NameOf(state)));
@@ -261,10 +260,7 @@ bool HyperLinkReport::WriteIndex() {
   for (const FileState state : kSections) {
     if (HasSection(state)) file << SectionHtml(state);
   }
-  const DWORD error = file.Finish();
-  if (error != 0) return Note(unfinished, error);
-  const BOOL isMoved = MoveFileExA(unfinished, path, MOVEFILE_REPLACE_EXISTING);
-  return Note(path, isMoved ? 0 : GetLastError());
+  return Note(path, file.Finish());
 }
 
 std::string HyperLinkReport::SectionHtml(FileState state) const {

@@ -2,9 +2,11 @@
 
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 #include "lists/TextMatch.h"
-#include "settings/RegistryUtil.h"
+#include "markup/NoException.h"
+#include "settings/SettingsGroup.h"
 #include "util/TimeUtil.h"
 
 namespace {
@@ -16,17 +18,25 @@ uint32_t asNumber(const char* value) {
   return static_cast<uint32_t>(reinterpret_cast<uintptr_t>(value));
 }
 
-struct NamedNumber {
-  const char* name;
-  unsigned long value;
-};
+// Half a filter is none, so all of its values are stored or none: 1 or 0. Without a key there is
+// nothing to do.
+template <class... Values>
+int saveAll(const CString& key, const Values&... values) {
+  if (key.IsEmpty()) return 1;
+  return WithoutException([&] {
+    const MRegistry registry(key);
+    SettingsGroup group(registry);
+    (group.Add(values.first, values.second), ...);
+    return group.Save();
+  });
+}
 
-// 1, or 0 when one was refused.
-template <size_t N>
-int saveNumbers(const MRegistry& registry, const NamedNumber (&numbers)[N]) {
-  int saved = 1;
-  for (const NamedNumber& number : numbers) saved &= registry.SetUserKey(number.name, number.value);
-  return saved;
+std::pair<const char*, unsigned long> number(const char* name, long value) {
+  return {name, static_cast<unsigned long>(value)};
+}
+
+std::pair<const char*, const char*> text(const char* name, const CString& value) {
+  return {name, value};
 }
 
 }  // namespace
@@ -77,15 +87,11 @@ void StringFilter::Load(int fromRegistry) {
 }
 
 int StringFilter::Save() const {
-  if (m_key.IsEmpty()) return 1;
-  const MRegistry registry(m_key);
-  const int texts = registry.SetUserKey("FirstString", m_settings.firstText) &
-                    registry.SetUserKey("SecondString", m_settings.secondText);
-  return texts &
-         saveNumbers(registry,
-                     {{"FirstCondition", static_cast<unsigned long>(m_settings.firstCondition)},
-                      {"SecondCondition", static_cast<unsigned long>(m_settings.secondCondition)},
-                      {"andCondition", m_settings.bothConditions != 0}});
+  return saveAll(m_key, text("FirstString", m_settings.firstText),
+                 text("SecondString", m_settings.secondText),
+                 number("FirstCondition", m_settings.firstCondition),
+                 number("SecondCondition", m_settings.secondCondition),
+                 number("andCondition", m_settings.bothConditions != 0));
 }
 
 bool StringFilter::Holds(int condition, const char* text, const CString& operand) const {
@@ -131,8 +137,7 @@ void EnumFilter::Load(int fromRegistry) {
 }
 
 int EnumFilter::Save() const {
-  if (m_key.IsEmpty()) return 1;
-  return saveNumbers(MRegistry(m_key), {{"Flags", m_mask}, {kInvert, m_invert != 0}});
+  return saveAll(m_key, number("Flags", static_cast<long>(m_mask)), number(kInvert, m_invert != 0));
 }
 
 int EnumFilter::Match(const char* value) const {
@@ -165,11 +170,9 @@ void TimeFilter::Load(int fromRegistry) {
 }
 
 int TimeFilter::Save() const {
-  if (m_key.IsEmpty()) return 1;
-  return saveNumbers(MRegistry(m_key),
-                     {{"StartDate", static_cast<unsigned long>(m_start.GetTime())},
-                      {"EndDate", static_cast<unsigned long>(m_end.GetTime())},
-                      {kInvert, m_invert != 0}});
+  return saveAll(m_key, number("StartDate", static_cast<long>(m_start.GetTime())),
+                 number("EndDate", static_cast<long>(m_end.GetTime())),
+                 number(kInvert, m_invert != 0));
 }
 
 int TimeFilter::Match(const char* value) const {
@@ -191,10 +194,8 @@ void NumericFilter::Load(int fromRegistry) {
 }
 
 int NumericFilter::Save() const {
-  if (m_key.IsEmpty()) return 1;
-  return saveNumbers(MRegistry(m_key), {{"FromNumeric", static_cast<unsigned long>(m_from)},
-                                        {"ToNumeric", static_cast<unsigned long>(m_to)},
-                                        {kInvert, m_invert != 0}});
+  return saveAll(m_key, number("FromNumeric", m_from), number("ToNumeric", m_to),
+                 number(kInvert, m_invert != 0));
 }
 
 int NumericFilter::Match(const char* value) const {

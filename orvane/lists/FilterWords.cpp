@@ -35,9 +35,14 @@ CString condition(int index, const CString& operand) {
 CString words(const StringFilter& filter) {
   const StringFilter::Settings& set = filter.Get();
   const bool hasFirst = set.firstCondition != StringFilter::IncludeAll;
-  const bool hasSecond = set.secondCondition != StringFilter::IncludeAll;
+  // A range without an upper end has a second condition that only an empty text meets.
+  const bool isOpenRange = !set.bothConditions &&
+                           set.secondCondition == StringFilter::IsLessOrEqual &&
+                           set.secondText.IsEmpty();
+  const bool hasSecond = set.secondCondition != StringFilter::IncludeAll && !isOpenRange;
   // Either of two conditions is enough, and one of them is always true.
-  if (!set.bothConditions && !(hasFirst && hasSecond)) return loaded(IDS_FILTER_INCLUDE_ALL);
+  if (!set.bothConditions && !isOpenRange && !(hasFirst && hasSecond))
+    return loaded(IDS_FILTER_INCLUDE_ALL);
   if (!hasFirst && !hasSecond) return loaded(IDS_FILTER_INCLUDE_ALL);
   CString text;
   if (hasFirst) text = condition(set.firstCondition, set.firstText);

@@ -36,12 +36,12 @@ footer { margin-top: 1.5rem; color: var(--quiet); font-size: 0.8125rem; }
   body { padding: 1.25rem 1rem; }
   table, thead, tbody, tr, td { display: block; }
   thead tr { display: flex; flex-wrap: wrap; gap: 0.5rem; padding-bottom: 0.75rem; }
-  th { position: static; display: block; padding: 0; border: 0; font-size: 0.875rem; }
+  th, th:first-child { position: static; display: block; padding: 0; border: 0; font-size: 0.875rem; }
   th button { padding: 0.3rem 0.7rem; border: 1px solid var(--line); border-radius: 1rem; font-weight: 500; }
   th button::after { position: static; }
   th:not([aria-sort]) button::after { content: none; }
   tbody tr { padding: 0.6rem 0; border-top: 1px solid var(--line); }
-  td { display: grid; grid-template-columns: minmax(6rem, 30%) 1fr; gap: 0.75rem; padding: 0.1rem 0; border: 0; }
+  td, td:first-child { display: grid; grid-template-columns: minmax(6rem, 30%) 1fr; gap: 0.75rem; padding: 0.1rem 0; border: 0; }
   td::before { color: var(--quiet); font-size: 0.8125rem; line-height: 1.7; white-space: normal; }
 }
 @media print {

@@ -7,6 +7,7 @@
 #include "lists/MListCtrl.h"
 #include "resources/resource.h"
 #include "settings/MString.h"
+#include "settings/SettingsGroup.h"
 
 namespace {
 
@@ -216,8 +217,10 @@ void MListCtrl::SaveLayout() {
   for (int position = 0; position < GetVisibleColNum(); ++position)
     m_registry->SetUserKey(kWidthValue + HeaderText(position),
                            static_cast<unsigned long>(GetColumnWidth(position)));
-  m_registry->SetUserKey(kSortColumnValue, static_cast<unsigned long>(m_sortColumn));
-  m_registry->SetUserKey(kSortOrderValue, static_cast<unsigned long>(m_sortDescending));
+  SettingsGroup sort(*m_registry);
+  sort.Add(kSortColumnValue, static_cast<unsigned long>(m_sortColumn));
+  sort.Add(kSortOrderValue, static_cast<unsigned long>(m_sortDescending));
+  sort.Save();
 }
 
 int MListCtrl::SetInitialSortKey(int column) {

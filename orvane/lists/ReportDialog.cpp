@@ -303,7 +303,12 @@ CString ReportDialog::AskForFile(const CString& path) {
   ask.lpstrDefExt = ExtensionOf(m_settings.format);
   ask.Flags =
       OFN_EXPLORER | OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-  return GetSaveFileName(&ask) ? CString(file.c_str()) : CString();
+  BOOL isChosen = GetSaveFileName(&ask);
+  if (!isChosen && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {
+    file[0] = 0;  // what a command or the registry named is no file; the user may name one
+    isChosen = GetSaveFileName(&ask);
+  }
+  return isChosen ? CString(file.c_str()) : CString();
 }
 
 bool ReportDialog::Generate(const ReportSettings& settings) {

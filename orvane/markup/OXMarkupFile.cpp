@@ -5,9 +5,7 @@
 #include "markup/TextScan.h"
 
 int COXMarkupFile::Create(const char* path) {
-  m_file.reset(
-      CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-  m_good = static_cast<bool>(m_file);
+  m_good = m_file.Open(path);
   m_length = 0;
   return m_good;
 }
@@ -29,16 +27,14 @@ int COXMarkupFile::WriteTimes(std::string_view text, int times) {
 }
 
 bool COXMarkupFile::Flush() {
-  DWORD written = 0;
   const DWORD size = m_length;
   m_length = 0;
-  return size == 0 ||
-         (WriteFile(m_file.get(), m_buffer, size, &written, nullptr) && written == size);
+  return size == 0 || m_file.Write(m_buffer, size);
 }
 
 int COXMarkupFile::Close() {
-  const bool good = m_good && Flush();
+  const bool good = m_good && Flush() && m_file.Commit();
   m_good = false;
-  m_file.reset();
+  m_file.Discard();
   return good;
 }

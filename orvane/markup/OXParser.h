@@ -114,7 +114,7 @@ class ORVANE_API COXParser {
 
   // Writes the children of the root, replacing any old file and creating missing folders; when the
   // file is in use, a second time after 1,000 ms. No header is added. 0: the root has no children
-  // or is nested too deep, and nothing was done; or the file could not be created or written whole.
+  // or is nested too deep, or the file could not be created or written whole; an old one stays.
   int WriteFile(const char* path);
 
  protected:

@@ -54,7 +54,7 @@ int COXParser::WriteFile(const char* path) {
     m_allEncoded = true;
     for (int i = 0; i < m_root.NumObjects(); ++i) WriteObject(file, m_root.GetObject(i), 0);
     m_encodedText.Free();
-    return file.Close() && m_allEncoded ? 1 : 0;
+    return m_allEncoded && file.Close() ? 1 : 0;
   });
 }
 

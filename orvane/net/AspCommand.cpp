@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "diag/trace.h"
-#include "net/DestinationFile.h"
+#include "entry/DestinationFile.h"
 #include "net/InternetDownload.h"
 
 namespace {
@@ -97,7 +97,7 @@ int AspCommand::ReadData(std::string_view first, uint64_t received, bool isWhole
     return fail("OutputError");
   };
   if (EnsureDestination() == 0) return fail("OutputError");
-  if (!file.Open(m_destination)) return failOutput();
+  if (!file.Open(m_destination, {.locks = false, .alwaysBeside = true})) return failOutput();
   if (!file.Write(first.data(), static_cast<DWORD>(first.size()))) return failOutput();
   if (!isWhole) StartRead();
   while (!isWhole) {

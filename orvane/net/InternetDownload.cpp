@@ -4,9 +4,10 @@
 #include <limits>
 
 #include "diag/trace.h"
-#include "net/DestinationFile.h"
+#include "entry/DestinationFile.h"
 #include "net/InternetErrors.h"
 #include "net/InternetTransfer.h"
+#include "net/TemporaryFile.h"
 #include "ops/SysWaitCursor.h"
 #include "ops/mthread.h"
 #include "resources/resource.h"
@@ -195,7 +196,8 @@ int InternetDownload::ReadFile() {
   if (refused != 0) return Fail(refused);
   if (EnsureDestination() == 0) return 0;
   DestinationFile file;
-  if (!file.Open(m_destination)) return Fail(GetLastError());
+  if (!file.Open(m_destination, {.locks = false, .alwaysBeside = true}))
+    return Fail(GetLastError());
 
   const auto length = AnswerLength();
   uint64_t received = 0;

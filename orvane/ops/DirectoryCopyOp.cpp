@@ -2,6 +2,7 @@
 
 #include <mbstring.h>
 
+#include "entry/DestinationFile.h"
 #include "entry/PathUtils.h"
 #include "entry/strutils.h"
 #include "ops/FolderEntries.h"
@@ -40,13 +41,8 @@ bool CopyNew(const char* source, const char* target) {
 // Copies over a file by way of a new one beside it.
 bool CopyOver(const char* source, const char* target, DWORD targetAttributes) {
   if (targetAttributes & FILE_ATTRIBUTE_DIRECTORY) return false;
-  CString folder, name;
-  SplitAtLastBackslash(target, folder, name);
   char beside[MAX_PATH];
-  if (GetTempFileNameA(folder, "cpy", 0, beside) == 0) {
-    // No room for another name in the folder, or in the path.
-    return DeleteTreeFile(target, targetAttributes) && CopyNew(source, target);
-  }
+  if (!MakeFileBeside(FullPath(target), "cpy", beside)) return false;
   const bool copied = CopyFileA(source, beside, FALSE) != FALSE;
   if (copied) {
     if (targetAttributes & FILE_ATTRIBUTE_READONLY) SetTreeFileReadOnly(target, false);

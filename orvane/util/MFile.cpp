@@ -8,6 +8,8 @@
 #include <string>
 
 #include "diag/trace.h"
+#include "entry/DestinationFile.h"
+#include "markup/NoException.h"
 #include "messages/message.h"
 #include "resources/resource.h"
 #include "util/Utf8File.h"
@@ -51,15 +53,30 @@ bool IsMark(uint8_t first, uint8_t second) {
 bool IsLead(uint8_t byte) { return (byte & 0xC0) == 0xC0; }
 bool IsContinuation(uint8_t byte) { return (byte & 0xC0) == 0x80; }
 
+// As the runtime writes text.
+std::string withLineEnds(const char* text, size_t size) {
+  std::string result;
+  for (; size > 0; ++text, --size) {
+    if (*text == '\n') result += '\r';
+    result += *text;
+  }
+  return result;
+}
+
+bool replaceFile(const char* name, const char* bytes, size_t size) {
+  DestinationFile file;
+  return file.Open(name) && file.Write(bytes, static_cast<DWORD>(size)) && file.Commit();
+}
+
 // The system's words for an error, without the end of their sentence, which the message has itself.
 CString WordsFor(LONG error) {
-  char text[512] = "";
-  FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                 static_cast<DWORD>(error), MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), text,
-                 sizeof text, nullptr);
-  CString words(text);
-  words.TrimRight("\r\n .");
-  return words;
+  wchar_t text[512];
+  DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+                                static_cast<DWORD>(error),
+                                MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), text, 512, nullptr);
+  // Full stops of the languages that have another one, too.
+  while (length > 0 && wcschr(L"\r\n .\u3002\u0964", text[length - 1]) != nullptr) --length;
+  return CString(text, static_cast<int>(length));
 }
 
 }  // namespace
@@ -79,9 +96,13 @@ MFile::~MFile() = default;
 int MFile::Open(const char* name, unsigned flags, CFileException* error, int quiet) {
   CFileException ownError;
   if (error == nullptr) error = &ownError;
-  if (CFile::Open(name, flags, error)) {
+  if (WithoutException([&] { return CFile::Open(name, flags, error); })) {
     Reset();
     return 1;
+  }
+  if (error->m_cause == CFileException::none) {
+    error->m_cause = CFileException::generic;
+    error->m_lOsError = ERROR_NOT_ENOUGH_MEMORY;
   }
   if (!quiet) {
     Message::DisplayErrorMessage(IDS_FILE_NOT_OPENED, name, WordsFor(error->m_lOsError));
@@ -269,9 +290,18 @@ int MFile::SaveFileAscii(const char* name, CString& text, int& written, int& los
 
   // The runtime's own answer to a mode that is none can be to end the program.
   if (name == nullptr || mode == nullptr || *mode == 0 || strchr("rwa", *mode) == nullptr) return 0;
+  if (*mode == 'w') {
+    const bool isBinary = strchr(mode, 'b') != nullptr;
+    const std::string lines = isBinary ? std::string() : withLineEnds(characters, count);
+    const bool replaced = isBinary ? replaceFile(name, characters, count)
+                                   : replaceFile(name, lines.data(), lines.size());
+    written = replaced ? static_cast<int>(count) : 0;
+    return replaced;
+  }
   FILE* const file = fopen(name, mode);
   if (file == nullptr) return 0;
   written = static_cast<int>(fwrite(characters, 1, count, file));
+  const bool good = fflush(file) == 0 && ferror(file) == 0;
   const bool closed = fclose(file) == 0;
-  return closed && static_cast<size_t>(written) == count;
+  return good && closed && static_cast<size_t>(written) == count;
 }

@@ -68,7 +68,7 @@ class ORVANE_API MFile : public CFile {
   // Writes a UTF-16 file, from its first character, into an 8-bit file as UTF-8 with CR LF at the
   // ends of lines. Surrogates are encoded one by one, so that what a broken file holds comes
   // through. 1; or 0 for an 8-bit file (wasUnicode is 0 then) and when something cannot be read or
-  // written: no part of the target is left then. nonAscii: whether any character is beyond ASCII.
+  // written: the target is as it was then. nonAscii: whether any character is beyond ASCII.
   int UnicodeToTextFile(const char* target, int& nonAscii, int& wasUnicode);
 
   // Whether an 8-bit file holds UTF-8 beyond ASCII: 1 when a lead byte with bytes that continue it
@@ -77,7 +77,8 @@ class ORVANE_API MFile : public CFile {
   // beginning again afterwards.
   static int IsFileUtf8(MFile& file, long maxChars);
 
-  // Writes text through the runtime in mode ("wb", "a", ...): 1, or 0 when not all of it arrived.
+  // Writes text in a mode of the runtime ("wb", "a", ...): 1, or 0 when not all of it arrived; a file
+  // that was to be replaced is as it was then.
   // A text that holds UTF-16 behind a byte-order mark is folded to 8-bit characters as ReadByte
   // does; any other is written as it is. written: how many 8-bit characters that made; lost: how
   // many of them stand for a character that 8-bit text cannot hold.

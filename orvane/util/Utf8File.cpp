@@ -7,18 +7,8 @@ constexpr unsigned kMostBytes = 3;
 
 }  // namespace
 
-Utf8File::~Utf8File() {
-  if (!m_file) return;
-  m_file.reset();
-  DeleteFileA(m_path);
-}
-
 bool Utf8File::Create(const char* path) {
-  // Without sharing: the system looks for other users of the file before it empties it.
-  m_file.reset(
-      CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-  m_path = path;
-  m_good = static_cast<bool>(m_file);
+  m_good = m_file.Open(path);
   return m_good;
 }
 
@@ -41,15 +31,12 @@ void Utf8File::Write(wchar_t unit) {
 }
 
 bool Utf8File::Flush() {
-  DWORD written = 0;
   const DWORD size = m_length;
   m_length = 0;
-  return WriteFile(m_file.get(), m_buffer, size, &written, nullptr) && written == size;
+  return m_file.Write(m_buffer, size);
 }
 
 bool Utf8File::Close() {
-  m_good = m_good && Flush();
-  if (!m_good) return false;
-  m_file.reset();
-  return true;
+  m_good = m_good && Flush() && m_file.Commit();
+  return m_good;
 }

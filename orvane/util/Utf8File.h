@@ -3,19 +3,19 @@
 
 #include <cstdint>
 
-#include "entry/Handles.h"
+#include "entry/DestinationFile.h"
 
 // Encodes code units as UTF-8, one by one: a surrogate becomes three bytes of its own. Collects
-// what is written and passes it on in large pieces. Once a write has failed, so does Close.
+// what is written and passes it on in large pieces. Once a write has failed, so does Close. What
+// stood there is replaced by Close, or not at all.
 class Utf8File {
  public:
   Utf8File() = default;
-  ~Utf8File();
   Utf8File(const Utf8File&) = delete;
   Utf8File& operator=(const Utf8File&) = delete;
 
-  // Creates the file or empties an existing one. False when it can't be, and above all when anyone
-  // has it open: it may be the file that is being read.
+  // Begins the file. False when it can't be made or replaced, and above all when anyone has it
+  // open: it may be the file that is being read.
   bool Create(const char* path);
 
   // At the end of a line CR LF, whether or not the carriage return was written before.
@@ -25,15 +25,14 @@ class Utf8File {
   bool HasNonAscii() const { return m_hasNonAscii; }
 
   // Writes what is left. Whether everything arrived; when it did not, or when this is not called,
-  // there is no file any more.
+  // nothing is left of what was written.
   bool Close();
 
  private:
   void Put(unsigned byte) { m_buffer[m_length++] = static_cast<uint8_t>(byte); }
   bool Flush();
 
-  unique_file m_file;
-  CString m_path;
+  DestinationFile m_file;
   bool m_good = false;
   bool m_hasNonAscii = false;
   wchar_t m_last = 0;

@@ -1,7 +1,5 @@
 #include "zip/FolderTarget.h"
 
-#include <sys/stat.h>
-
 #include "entry/PathUtils.h"
 #include "zip/EntryPath.h"
 
@@ -31,11 +29,13 @@ unsigned long ExtractBelow(HZIP archive, int index, const CString& begin, CStrin
     return kZipOk;
   }
   path = begin + entry.name;
-  struct _stat status;
-  if (_stat(path, &status) != 0)
-    EnsureFileFolder(path);
-  else
-    ForceDeleteFile(path);
+  const DWORD attributes = GetFileAttributesA(path);
+  if (attributes == INVALID_FILE_ATTRIBUTES) EnsureFileFolder(path);
+  const bool isReadOnly =
+      attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
   CString full = FullPathOf(path);
-  return UnzipItem(archive, index, full.GetBuffer(0), 0, kZipFileName);
+  if (isReadOnly) SetFileAttributesA(full, attributes & ~FILE_ATTRIBUTE_READONLY);
+  const unsigned long result = UnzipItem(archive, index, full.GetBuffer(0), 0, kZipFileName);
+  if (isReadOnly && result != kZipOk) SetFileAttributesA(full, attributes);
+  return result;
 }

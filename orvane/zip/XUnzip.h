@@ -60,9 +60,10 @@ ORVANE_API unsigned long FindZipItemW(HZIP archive, const char* name, bool ignor
 //
 //   kZipHandle    destination is an open HANDLE, which stays the caller's; length is not used.
 //   kZipFileName  destination is the path of the file, which is created or replaced with the
-//   entry's
-//                 attributes and times. Folders of a relative destination without ".." are made
-//                 below the root folder of OpenZipU; the path itself is used as it is given.
+//                 entry's attributes and times. Folders of a relative destination without ".." are
+//                 made below the root folder of OpenZipU; the path itself is used as it is given.
+//                 What stands there is replaced when all of the entry is written and right;
+//                 otherwise it stays, and where there was no file there is none.
 //   kZipMemory    destination is a block of length bytes, filled with the next bytes of the entry:
 //                 kZipMore when there were any, kZipOk when there are no more. Call again with the
 //                 same index until it is kZipOk.
@@ -70,8 +71,8 @@ ORVANE_API unsigned long FindZipItemW(HZIP archive, const char* name, bool ignor
 // A folder entry to a file or handle gives kZipOk and writes nothing. Otherwise:
 //   kZipBadArguments  no such index
 //   kZipNoFile        the file can't be created
-//   kZipCorrupt       the entry can't be opened, or its size or CRC doesn't match at its end: its
-//                     bytes are written, its times not set
+//   kZipCorrupt       the entry can't be opened, or its size or CRC doesn't match at its end: a
+//                     handle or a block has its bytes
 //   kZipWriteError    the target didn't take the bytes, or the data can't be read or unpacked
 //   kZipFlateError    the data can't be read or unpacked into memory
 ORVANE_API unsigned long UnzipItem(HZIP archive, int index, void* destination, unsigned int length,

@@ -21,6 +21,10 @@ inline bool IsZipArchiveOf(const ZipArchive* archive, ZipArchiveKind kind) {
   return archive == nullptr || archive->kind == kind;
 }
 
+// Frees the handle of a writer without ending its archive: of one that was created by name nothing
+// is left, and what it was to replace stays.
+void DropZip(HZIP archive);
+
 // Runs the body of a public function, keeps its result as the last one and lets no exception out:
 // the only ones that can arise here are failed allocations.
 template <class Body>

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <exception>
+#include <utility>
 
 #include "diag/trace.h"
 #include "entry/Handles.h"
@@ -10,6 +11,7 @@
 #include "entry/SetGetCurrentDir.h"
 #include "entry/strutils.h"
 #include "zip/FolderTarget.h"
+#include "zip/ZipArchive.h"
 
 namespace {
 
@@ -34,13 +36,20 @@ void* AsArgument(const char* text) { return const_cast<char*>(text); }
 class NewArchive {
  public:
   explicit NewArchive(const char* name) : m_handle(CreateZipZ(AsArgument(name), 0, kZipFileName)) {}
-  ~NewArchive() {
-    if (m_handle != nullptr) CloseZipZ(m_handle);
-  }
+  ~NewArchive() { Close(); }
   NewArchive(const NewArchive&) = delete;
   NewArchive& operator=(const NewArchive&) = delete;
 
   HZIP get() const { return m_handle; }
+
+  // Nothing is left of it.
+  void Drop() { DropZip(std::exchange(m_handle, nullptr)); }
+
+  // Whether the archive is whole, as far as files could be added to it.
+  bool Close() {
+    const HZIP handle = std::exchange(m_handle, nullptr);
+    return handle != nullptr && CloseZipZ(handle) == kZipOk;
+  }
 
  private:
   HZIP m_handle;
@@ -79,9 +88,11 @@ void AddWithoutPrefix(HZIP archive, const char* path, size_t prefixLength) {
 int ZipDir(const char* archive, const char* folder, const char* pattern) {
   return Guarded([&] {
     const SetGetCurrentDir guard(folder);
-    const NewArchive target(archive);
-    return DoZipDir(target.get(), folder, pattern,
-                    static_cast<int>(std::strlen(OrEmpty(folder))) + 1);
+    NewArchive target(archive);
+    const int result =
+        DoZipDir(target.get(), folder, pattern, static_cast<int>(std::strlen(OrEmpty(folder))) + 1);
+    if (result == 0) target.Drop();
+    return target.Close() ? result : 0;
   });
 }
 
@@ -107,12 +118,12 @@ int ZipFiles(const char* archive, const char* folder, const CArray<CString, cons
     const SetGetCurrentDir guard(folder);
     const CString archivePath = WithBackslashes(OrEmpty(archive));
     if (!archivePath.IsEmpty()) EnsureFileFolder(archivePath);
-    const NewArchive target(archivePath);
+    NewArchive target(archivePath);
     if (target.get() == nullptr) return 0;
     const size_t prefixLength = std::strlen(OrEmpty(folder)) + 1;
     for (int i = 0; i < files.GetSize(); ++i)
       AddWithoutPrefix(target.get(), files[i], prefixLength);
-    return 1;
+    return target.Close() ? 1 : 0;
   });
 }
 

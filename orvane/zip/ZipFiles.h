@@ -12,7 +12,8 @@
 // Zips the files of folder and its sub-folders that match pattern ("*.*" is every one) into a new
 // archive, a relative archive name being taken inside folder. Entries are named relative to folder.
 // Empty folders are not kept, and a sub-folder is entered only when it matches pattern itself: one
-// search per level, by design. Returns the result of DoZipDir.
+// search per level, by design. Returns the result of DoZipDir, or 0 when the archive could not be
+// written. With 0, one that stood there stays, as it does for the next two functions.
 ORVANE_API int ZipDir(const char* archive, const char* folder, const char* pattern);
 
 // The same into an open archive; entry names, and the paths that files are read from, are what
@@ -20,7 +21,7 @@ ORVANE_API int ZipDir(const char* archive, const char* folder, const char* patte
 ORVANE_API int DoZipDir(HZIP archive, const char* folder, const char* pattern, int prefixLength);
 
 // Zips a list of files that all begin with folder + "\" (not checked: the length of folder and one
-// character are skipped, by design of the prefix rule). 1, or 0 when the archive can't be created.
+// character are skipped, by design of the prefix rule). 1, or 0 when the archive can't be written.
 ORVANE_API int ZipFiles(const char* archive, const char* folder,
                         const CArray<CString, const char*>& files);
 

@@ -6,6 +6,7 @@
 #include "entry/PathUtils.h"
 #include "entry/SetGetCurrentDir.h"
 #include "util/pathutils.h"
+#include "zip/ZipArchive.h"
 
 namespace {
 
@@ -80,7 +81,7 @@ OperationReturnState ZipOp::FinishArchive() {
 
 void ZipOp::DropArchive() {
   if (m_archive == nullptr) return;
-  CloseZipZ(m_archive);
+  DropZip(m_archive);
   m_archive = nullptr;
   ForceDeleteFile(m_archivePath);
 }

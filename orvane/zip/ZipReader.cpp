@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "entry/DestinationFile.h"
 #include "zip/ZipEntry.h"
 
 namespace {
@@ -146,7 +147,7 @@ ZipResult ZipReader::UnzipToFile(int index, void* destination, unsigned long kin
   if (entry.attr & FILE_ATTRIBUTE_DIRECTORY) return kZipOk;
 
   HANDLE file = destination;
-  unique_file created;
+  DestinationFile created;
   const auto path = static_cast<const char*>(destination);
   if (kind == kZipFileName) {
     const size_t folder = FolderLength(path);
@@ -156,14 +157,13 @@ ZipResult ZipReader::UnzipToFile(int index, void* destination, unsigned long kin
   if (const ZipResult result = StartExtraction(index); result != kZipOk) return result;
   if (kind == kZipFileName) {
     CreateFolderOf(path);
-    created.reset(CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, entry.attr, nullptr));
-    if (!created) return kZipNoFile;
-    file = created.get();
+    if (!created.Open(path, {.attributes = entry.attr, .flushes = false})) return kZipNoFile;
+    file = created.Handle();
   }
-  const ZipResult result = CopyTo(file);
+  if (const ZipResult result = CopyTo(file); result != kZipOk) return result;
   // Only disk files have times to set.
-  if (result == kZipOk) SetFileTime(file, &entry.ctime, &entry.atime, &entry.mtime);
-  return result;
+  SetFileTime(file, &entry.ctime, &entry.atime, &entry.mtime);
+  return kind == kZipHandle || created.Commit() ? kZipOk : kZipWriteError;
 }
 
 ZipResult ZipReader::CopyTo(HANDLE file) {

@@ -17,7 +17,8 @@ ZipResult ZipTarget::OpenHandle(HANDLE handle) {
       !DuplicateHandle(GetCurrentProcess(), handle, GetCurrentProcess(), &copy, 0, FALSE,
                        DUPLICATE_SAME_ACCESS))
     return kZipNoDuplicate;
-  m_file.reset(copy);
+  m_duplicate.reset(copy);
+  m_handle = copy;
   LARGE_INTEGER start;
   if (GetFileType(copy) == FILE_TYPE_DISK && SetFilePointerEx(copy, {}, &start, FILE_CURRENT)) {
     m_canSeek = true;
@@ -28,11 +29,10 @@ ZipResult ZipTarget::OpenHandle(HANDLE handle) {
 }
 
 ZipResult ZipTarget::OpenFile(const char* path) {
-  m_file.reset(
-      CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-  if (!m_file) return kZipNoFile;
+  if (!m_named.Open(path)) return kZipNoFile;
+  m_handle = m_named.Handle();
   // A path can name a device too.
-  m_canSeek = GetFileType(m_file.get()) == FILE_TYPE_DISK;
+  m_canSeek = GetFileType(m_handle) == FILE_TYPE_DISK;
   UseBuffer();
   return kZipOk;
 }
@@ -111,14 +111,21 @@ ZipResult ZipTarget::Flush() {
 
 ZipResult ZipTarget::Finish() {
   if (const ZipResult result = Flush(); result != kZipOk) return result;
+  if (const ZipResult result = CutOff(); result != kZipOk) return result;
+  if (m_named.Handle() == INVALID_HANDLE_VALUE) return kZipOk;
+  if (m_hasFailed && m_named.Replaces()) return kZipEarlierError;
+  return m_named.Commit() ? kZipOk : Fail(kZipWriteError);
+}
+
+ZipResult ZipTarget::CutOff() {
   if (IsMemory() || !m_canSeek || m_fileWritten <= Position()) return kZipOk;
   // Bytes of an entry that was taken back stand behind the archive. If they reach to the end of the
   // file they are cut off; what the caller had there before is the caller's.
   LARGE_INTEGER fileSize;
-  if (!GetFileSizeEx(m_file.get(), &fileSize)) return Fail(kZipWriteError);
+  if (!GetFileSizeEx(m_handle, &fileSize)) return Fail(kZipWriteError);
   const auto size = static_cast<uint64_t>(fileSize.QuadPart);
   if (size <= m_archiveStart + Position() || size > m_archiveStart + m_fileWritten) return kZipOk;
-  return SetEndOfFile(m_file.get()) ? kZipOk : Fail(kZipWriteError);
+  return SetEndOfFile(m_handle) ? kZipOk : Fail(kZipWriteError);
 }
 
 ZipResult ZipTarget::WriteAt(uint64_t position, const uint8_t* bytes, size_t size) {
@@ -128,14 +135,13 @@ ZipResult ZipTarget::WriteAt(uint64_t position, const uint8_t* bytes, size_t siz
     if (!m_canSeek) return Fail(kZipWriteError);
     LARGE_INTEGER to;
     to.QuadPart = static_cast<LONGLONG>(m_archiveStart + position);
-    if (!SetFilePointerEx(m_file.get(), to, nullptr, FILE_BEGIN)) return Fail(kZipNoSeek);
+    if (!SetFilePointerEx(m_handle, to, nullptr, FILE_BEGIN)) return Fail(kZipNoSeek);
   }
   m_filePosition = kUnknown;
   m_fileWritten = std::max(m_fileWritten, position + size);
   for (size_t done = 0; done < size;) {
     DWORD written = 0;
-    if (!WriteFile(m_file.get(), bytes + done, static_cast<DWORD>(size - done), &written,
-                   nullptr) ||
+    if (!WriteFile(m_handle, bytes + done, static_cast<DWORD>(size - done), &written, nullptr) ||
         written == 0)
       return Fail(kZipWriteError);
     done += written;

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "entry/Handles.h"
+#include "entry/DestinationFile.h"
 #include "zip/ZipTypes.h"
 
 class ZipTarget {
@@ -19,7 +19,7 @@ class ZipTarget {
   ZipResult OpenMemory(void* block, unsigned int size);
 
   bool CanSeek() const { return m_canSeek; }
-  bool IsMemory() const { return !m_file; }
+  bool IsMemory() const { return m_handle == INVALID_HANDLE_VALUE; }
   void* Memory() const { return m_window; }
 
   // Bytes of the archive so far, those included that wait to be written out.
@@ -43,15 +43,21 @@ class ZipTarget {
   // Hands all bytes to the system.
   ZipResult Flush();
 
-  // Flush, and an end to the file where taking back left it longer than the archive.
+  // Flush, and an end to the file where taking back left it longer than the archive. A file that
+  // was named takes the place of what stood there, unless a write to it has failed
+  // (kZipEarlierError); without this, or when it fails, there is no such file and what stood there
+  // stays.
   ZipResult Finish();
 
  private:
   void UseBuffer();
+  ZipResult CutOff();
   ZipResult WriteAt(uint64_t position, const uint8_t* bytes, size_t size);
   ZipResult Fail(ZipResult result);
 
-  unique_file m_file;  // none: memory
+  HANDLE m_handle = INVALID_HANDLE_VALUE;  // of one of the next two; none: memory
+  unique_file m_duplicate;
+  DestinationFile m_named;
   bool m_canSeek = false;
   bool m_hasFailed = false;
   uint64_t m_archiveStart = 0;  // in the file

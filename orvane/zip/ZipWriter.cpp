@@ -366,6 +366,11 @@ unsigned long CloseZipZ(HZIP archive) {
   });
 }
 
+void DropZip(HZIP archive) {
+  if (archive != nullptr && archive->kind == ZipArchiveKind::kWriter)
+    delete static_cast<ZipWriter*>(archive);
+}
+
 bool IsZipHandleZ(HZIP archive) { return IsZipArchiveOf(archive, ZipArchiveKind::kWriter); }
 
 unsigned int FormatZipMessageZ(unsigned long code, char* buffer, unsigned int size) {

@@ -15,9 +15,9 @@
 //   kZipHandle    target is an open HANDLE. It is duplicated and stays the caller's; the archive
 //                 starts at its current position. A disk file is sought in, anything else (a pipe)
 //                 is written straight through, with data descriptors. length is not used.
-//   kZipFileName  target is a path. The file is created, or an existing one replaced, and not
-//   shared. kZipMemory    target is the caller's block of length bytes, or null: then the library
-//   maps a
+//   kZipFileName  target is a path. The file is created and not shared. An existing one is replaced
+//                 when the archive is closed; until then it is kept from everybody else.
+//   kZipMemory    target is the caller's block of length bytes, or null: then the library maps a
 //                 block of length bytes of its own (0: 0x30000), which ZipGetMemory shows.
 //
 // Returns the handle, or null: kZipNoDuplicate, kZipNoFile, kZipNoMemory or kZipBadArguments.
@@ -60,6 +60,8 @@ ORVANE_API unsigned long ZipAdd(HZIP archive, const char* name, void* source, un
 ORVANE_API unsigned long ZipGetMemory(HZIP archive, void** memory, unsigned long* length);
 
 // Writes the central directory, unless ZipGetMemory did, and frees the handle, whatever the result.
+// When that fails, no file is left of an archive that was created by name, and one that it was to
+// replace stays. That one also stays when a write has failed before: kZipEarlierError.
 ORVANE_API unsigned long CloseZipZ(HZIP archive);
 
 // Whether a handle is a writer's. A null handle counts as one, by design: hosts test their handle

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/CodePage.h"
+
 #include "dialogs/Driver.h"
 #include "diag/trace.h"
 
@@ -168,7 +170,8 @@ TEST(Dialog, StaysAwayWhereNoWindowMayBeShown) {
 }
 
 TEST(Dialog, MeasuredTextsFit) {
-  const char* const texts[] = {"OK", "Don't show me this message again", "Wgjpq_ \x80\xFC",
+  const std::string letters = "Wgjpq_ " + Ansi(UpperLetter());
+  const char* const texts[] = {"OK", "Don't show me this message again", letters.c_str(),
                                "three\nlines\nof text", "a\ttab & another"};
   const MControlKind kinds[] = {MControlKind::TextBox, MControlKind::CheckBox,
                                 MControlKind::PushButton};

@@ -11,6 +11,7 @@
 
 #include "dircmp/FolderComparison.h"
 #include "support/AssertionLog.h"
+#include "support/CodePage.h"
 #include "support/ImportTable.h"
 #include "support/TempFolder.h"
 
@@ -67,15 +68,16 @@ TEST_F(Folders, States) {
   Write("revised\\SUB\\changed.c", "y");
   Write("base\\gone", "x");
   Write("revised\\a\\b\\c\\new.x", "x");
-  Write("base\\\xC4rger.txt", "x");
-  Write("revised\\\xE4rger.txt", "x");
+  const std::string upper = Ansi(UpperLetter()) + "rger.txt";
+  Write("base\\" + upper, "x");
+  Write("revised\\" + Ansi(LowerLetter()) + "rger.txt", "x");
   EXPECT_EQ(Rows(), (RowList{"D gone", "M sub\\Changed.C", "N a\\b\\c\\new.x", "S same.txt",
-                             "S \xC4rger.txt"}));
+                             "S " + upper}));
   EXPECT_EQ(m_problems, 0u);
 
   DirCmpPrm prm = AllTypes();
   prm.m_scanFlags = 0;
-  EXPECT_EQ(Rows(prm), (RowList{"D gone", "S same.txt", "S \xC4rger.txt"}));
+  EXPECT_EQ(Rows(prm), (RowList{"D gone", "S same.txt", "S " + upper}));
   prm = AllTypes();
   prm.m_typeList = "*.C;*.x";
   EXPECT_EQ(Rows(prm), (RowList{"M sub\\Changed.C", "N a\\b\\c\\new.x"}));

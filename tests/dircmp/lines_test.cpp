@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/CodePage.h"
+
 #include <algorithm>
 #include <random>
 #include <string>
@@ -35,9 +37,9 @@ std::string Blocks(const std::string& left, const std::string& right,
 TEST(Lines, Blocks) {
   const CompareOptions exact, runs = {.whiteSpaceMode = 1}, ignored = {.whiteSpaceMode = 2},
                               letters = {.ignoreCase = true};
+  const std::string upper = Ansi(UpperLetter()), lower = Ansi(LowerLetter());
   const struct {
-    const char* left;
-    const char* right;
+    std::string left, right;
     const CompareOptions& options;
     const char* blocks;
   } kCases[] = {
@@ -60,7 +62,7 @@ TEST(Lines, Blocks) {
       {"{\n}\nz\n", "{\n}\nx {\n}\nz\n", exact, "=2:2 !0:2 =1:1"},
       {"a\n  c\n", "a\n  b\na\n  c\n", exact, "!0:2 =2:2"},
       {"x\nx\nx\ny\n", "x\ny\n", exact, "=1:1 !2:0 =1:1"},
-      {"ABC\n\xC4\n", "abc\n\xE4\n", letters, "=2:2"},
+      {"ABC\n" + upper + "\n", "abc\n" + lower + "\n", letters, "=2:2"},
       {"\xEF\xBB\xBF"
        "a\n",
        "a\n", exact, "=1:1"},
@@ -82,11 +84,9 @@ std::string Bracketed(const TextLine& line, const ChangedRanges& ranges) {
 
 TEST(Lines, Words) {
   const struct {
-    const char* left;
-    const char* right;
+    std::string left, right;
     CompareOptions options;
-    const char* markedLeft;
-    const char* markedRight;
+    std::string markedLeft, markedRight;
   } kCases[] = {
       {"the old word here\n",
        "the new word here\n",
@@ -108,15 +108,11 @@ TEST(Lines, Words) {
        {},
        "[nothing alike]$",
        "[quite, other: things!]$"},
-      {"gr\xFC\xDF"
-       "e an\n",
-       "gr\xFC\xDF"
-       "e aus\n",
+      {"gr" + Ansi(LowerLetter()) + "e an\n",
+       "gr" + Ansi(LowerLetter()) + "e aus\n",
        {},
-       "gr\xC3\xBC\xC3\x9F"
-       "e [an]$",
-       "gr\xC3\xBC\xC3\x9F"
-       "e [aus]$"},
+       "gr" + Utf8(LowerLetter()) + "e [an]$",
+       "gr" + Utf8(LowerLetter()) + "e [aus]$"},
       {"\n", "x\n", {}, "[]$", "[x]$"},
   };
   for (const auto& row : kCases) {
@@ -237,7 +233,7 @@ TEST(DocumentText, Kinds) {
     std::string firstLine;
   } kCases[] = {
       {"plain\n", Kind::Text, "plain"},
-      {"\xC4\n", Kind::Text, "\xC3\x84"},      // of the code page
+      {Ansi(UpperLetter()) + "\n", Kind::Text, Utf8(UpperLetter())},
       {"\xC3\x84\n", Kind::Text, "\xC3\x84"},  // UTF-8
       {std::string("\xFF\xFE\xC4\0\n\0", 6), Kind::Text, "\xC3\x84"},
       {std::string("\xFE\xFF\0\xC4\0\n", 6), Kind::Text, "\xC3\x84"},

@@ -9,6 +9,7 @@
 
 #include "dircmp/DocumentText.h"
 #include "dircmp/HyperLinkReport.h"
+#include "support/CodePage.h"
 #include "support/TempFolder.h"
 
 namespace {
@@ -21,7 +22,7 @@ class Report : public testing::Test {
     m_folder.Write("base\\same", "x");
     m_folder.Write("revised\\same", "x");
     m_folder.Write("base\\sub\\gone%41.txt", "x");
-    m_folder.Write("revised\\new\xE4.txt", "x");
+    m_folder.Write("revised\\new" + Ansi(LowerLetter()) + ".txt", "x");
     DirCmpPrm prm;
     prm.m_scanFlags = kScanSubFolders;
     prm.m_excludeListedTypes = 0;
@@ -59,12 +60,16 @@ class Report : public testing::Test {
 
 TEST_F(Report, SectionsLinksAndPages) {
   EXPECT_EQ(Write({.copyDocuments = true}), HyperLinkReport::Target::Ready);
-  ExpectInOrder({"<h1>&#39;&lt;base&gt;&#39; vs. &#39;%1&#39;</h1>", "Modified (1)",
-                 "<a href=\"differences/1.html\">changed &amp; b.txt</a>",
-                 "<a href=\"base/changed%20%26%20b.txt\">",
-                 "<a href=\"revised/changed%20%26%20b.txt\">", "New (1)",
-                 "<a href=\"revised/new%C3%A4.txt\">new\xC3\xA4.txt</a>", "Deleted (1)",
-                 "<a href=\"base/sub/gone%2541.txt\">gone%41.txt</a>", "<td>sub</td>"});
+  const std::string letter = Utf8(LowerLetter());
+  char escaped[8];
+  sprintf(escaped, "%%%02X%%%02X", letter[0] & 0xFF, letter[1] & 0xFF);
+  ExpectInOrder(
+      {"<h1>&#39;&lt;base&gt;&#39; vs. &#39;%1&#39;</h1>", "Modified (1)",
+       "<a href=\"differences/1.html\">changed &amp; b.txt</a>",
+       "<a href=\"base/changed%20%26%20b.txt\">", "<a href=\"revised/changed%20%26%20b.txt\">",
+       "New (1)",
+       std::string("<a href=\"revised/new") + escaped + ".txt\">new" + letter + ".txt</a>",
+       "Deleted (1)", "<a href=\"base/sub/gone%2541.txt\">gone%41.txt</a>", "<td>sub</td>"});
   EXPECT_EQ(m_folder.Read("report\\base\\sub\\gone%41.txt"), "x");
   const std::string page = m_folder.Read("report\\differences\\1.html");
   EXPECT_NE(page.find("one <del>two</del>"), std::string::npos) << page;
@@ -78,7 +83,7 @@ TEST_F(Report, PagesWithoutDifferences) {
     std::string base, revised;
     const char* note;
   } kCases[] = {
-      {"\xE4\n", "\xC3\xA4\n", "No line differs"},
+      {Ansi(LowerLetter()) + "\n", Utf8(LowerLetter()) + "\n", "No line differs"},
       {"text\n", std::string("a\0b", 3), "The revised document is not a text."},
       {std::string(DocumentText::kMostBytes + 1, 'x'), "text", "The base document is too large"},
       {"text", std::string(DocumentText::kMostLines + 1, '\n'),

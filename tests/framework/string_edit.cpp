@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/CodePage.h"
+
 #include "framework/test_strings.h"
 
 namespace {
@@ -72,8 +74,10 @@ TEST(StringEdit, JoinsTextsOfEveryKind) {
 }
 
 TEST(StringEdit, FoldsCaseOfTheCodePage) {
-  EXPECT_STREQ(edited("d\xe9j\xe0 VU", [](CString& s) { s.MakeUpper(); }), "D\xc9J\xc0 VU");
-  EXPECT_STREQ(edited("D\xc9J\xc0 vu", [](CString& s) { s.MakeLower(); }), "d\xe9j\xe0 vu");
+  const std::string upper = "D" + Ansi(UpperLetter()) + "J VU";
+  const std::string lower = "d" + Ansi(LowerLetter()) + "j vu";
+  EXPECT_STREQ(edited(lower.c_str(), [](CString& s) { s.MakeUpper(); }), upper.c_str());
+  EXPECT_STREQ(edited(upper.c_str(), [](CString& s) { s.MakeLower(); }), lower.c_str());
 }
 
 TEST(StringFormat, FollowsTheRuntime) {

@@ -12,7 +12,14 @@ import time
 import traceback
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
-ANSI = "cp1252"  # the code page that Windows programs run in here
+# The code page that Windows programs run in here, and words that only it and its like can spell:
+# the Japanese ones hold second bytes that are the backslash's.
+ANSI, WORDS = {
+    "": ("cp1252", ("Grüße é", "€ – ÿ", "Ünter")),
+    "tr_TR": ("cp1254", ("Iğdır é", "€ – ÿ", "İşte")),
+    "ja_JP": ("cp932", ("表示 ソ", "― ｱ 能", "十予")),
+    "hi_IN": ("utf-8", ("Grüße हिन्दी", "€ – 日本 😀", "Ünter")),
+}[os.environ.get("ORVANE_LOCALE", "")]
 
 
 class Failure(Exception):

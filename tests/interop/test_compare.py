@@ -14,7 +14,7 @@ import time
 import urllib.parse
 
 import interop
-from interop import ANSI, check, check_equal
+from interop import ANSI, WORDS, check, check_equal
 
 IS_LONG = "ORVANE_LONG" in os.environ
 SOURCES = ["/usr/share/mingw-w64/include", "/usr/include", "/usr/share"]
@@ -303,7 +303,7 @@ def report_pages(orv, folder):
     shutil.copytree(base, revised)
     edit_tree(revised, seed=2)
     for tree, text in ((base, b"a"), (revised, b"b")):
-        (tree / "100% #1 & co 'Grüße'.txt").write_bytes(b"<script>alert('%s')</script>\0\n" % text)
+        (tree / f"100% #1 & co '{WORDS[0]}'.txt").write_bytes(b"<script>alert('%s')</script>\0\n" % text)
         (tree / "plain &amp;.txt").write_bytes(b"</td><script>%s\x01\x1b</script>\r\n" % text)
     states = compare(orv, base, revised, "--links", report, "--copy")
     pages = check_pages(report)

@@ -6,6 +6,7 @@ import email.policy
 import hashlib
 import http.server
 import os
+import pathlib
 import random
 import signal
 import ssl
@@ -23,7 +24,7 @@ KILLS = 100 if os.environ.get("ORVANE_LONG") else 15
 
 def unix_path(path):
     """Of a path on the drives of the project's Wine prefix."""
-    prefix = interop.ROOT / "build" / "wineprefix"
+    prefix = pathlib.Path(os.environ.get("WINEPREFIX", interop.ROOT / "build" / "wineprefix"))
     return prefix / "dosdevices" / path[:2].lower() / path[3:].replace("\\", "/")
 
 
@@ -168,7 +169,7 @@ def killed_at_any_moment(orv, folder):
 
 def an_uploaded_form(orv, folder):
     with serving() as server:
-        for name in ("plain.zip", "100%s.zip", "ä ö.zip"):
+        for name in ("plain.zip", "100%s.zip", f"{interop.WORDS[0]}.zip"):
             (folder / name).write_bytes(BYTES)
             run(orv, "send", folder / name, server.address, "/page").expect()
             check_equal(len(server.forms[-1]), 1, "parts of the form")

@@ -220,7 +220,8 @@ def names_in_utf8(orv, folder):
     orv.run("unzip", archive, folder / "out").expect()
     found = sorted(path.read_bytes() for path in (folder / "out").iterdir())
     check_equal(found, [b"high characters", b"other characters"], "files")
-    check((folder / "out" / "Grüße ÿ.txt".encode().decode(ANSI)).exists(), "the name's bytes")
+    if ANSI != "cp932":  # in which these bytes are no text
+        check((folder / "out" / "Grüße ÿ.txt".encode().decode(ANSI)).exists(), "the name's bytes")
 
 
 def zones(orv, folder):

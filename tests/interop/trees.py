@@ -6,7 +6,7 @@ import random
 import struct
 import time
 
-from interop import check, check_equal
+from interop import WORDS, check, check_equal
 
 # Later than any change of the files, so that the system does not set it anew when they are read.
 ACCESSED = int(time.time()) + 3600
@@ -21,9 +21,9 @@ _FILES = {
     "a.txt": b"hello",
     "empty": b"",
     "with blanks in it .txt": b"blanks",
-    "Grüße é.txt": b"high characters",
-    "€ – ÿ.txt": b"characters of the code page above ISO 8859-1",
-    "sub folder/Ünter/deeper.txt": b"deeper",
+    f"{WORDS[0]}.txt": b"high characters",
+    f"{WORDS[1]}.txt": b"characters of the code page above ISO 8859-1",
+    f"sub folder/{WORDS[2]}/deeper.txt": b"deeper",
     "sub folder/.dotted": b"dotted",
     "UPPER.TXT": b"upper",
     "no extension": b"none",

@@ -143,6 +143,8 @@ TEST_F(Report, FiltersInWords) {
   EXPECT_EQ(words(text(0, 8, 1), 0), name + "does not begin with \"y\"");
   EXPECT_EQ(words(text(1, 7, 0), 0), name + "equals \"x\" or begins with \"y\"");
   EXPECT_EQ(words(text(1, 0, 0), 0), name + "include all");
+  EXPECT_EQ(words(new StringFilter(MListCtrl::CompareStr, "b", ""), 0),
+            name + "is greater than or equal to \"b\"");
   auto* const states = new EnumFilter({"Same", "Modified", "New"}, nullptr);
   states->SetMask(1);
   states->SetInvert(1);

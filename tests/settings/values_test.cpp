@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "support/AssertionLog.h"
+#include "support/CodePage.h"
 #include "support/RegistrySubtree.h"
 
 namespace {
@@ -30,7 +31,8 @@ class RootInstead {
 TEST(Values, TextsAreStoredWithTheirZeroAndReadBack) {
   const RegistrySubtree subtree;
   const std::string longest(259, 'x');
-  for (const char* text : {"", "text", "\xE9t\xE9 \t\r\n%PATH%", longest.c_str()}) {
+  const std::string letters = Ansi(UpperLetter()) + "t" + Ansi(LowerLetter()) + " \t\r\n%PATH%";
+  for (const char* text : {"", "text", letters.c_str(), longest.c_str()}) {
     EXPECT_EQ(MRegistry::SetKey(kUser, subtree.c_str(), text, "name"), 1);
     EXPECT_EQ(subtree.ReadRaw(kUser, "name"),
               (RegistrySubtree::Value{REG_SZ, std::string(text) + '\0'}));
