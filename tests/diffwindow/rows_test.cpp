@@ -26,6 +26,22 @@ TEST(Rows, StandSideBySide) {
       {"runs of it", "a  b\n", "a b\n", {.whiteSpaceMode = 1}, "=1|1"},
       {"without it", "ab\n", "a b\n", {.whiteSpaceMode = 2}, "=1|1"},
       {"case", "AB\n", "ab\n", {.ignoreCase = true}, "=1|1"},
+      // A line stands beside what it was before.
+      {"inserted above",
+       "int total = 0;\n",
+       "// One\n// Two\nint total = 1;\n",
+       {},
+       "+|1 +|2 ~1|3"},
+      {"deleted below",
+       "// one\nint total = 0;\nreturn;\n",
+       "int total = 1;\nx\n",
+       {},
+       "-1| ~2|1 ~3|2"},
+      {"in another order",
+       "first line\nsecond row\n",
+       "a second row\nthe first line\n",
+       {},
+       "-1| ~2|1 +|2"},
       // An empty line beside a difference is none.
       {"empty line below", "a\n\nc\n", "x\n\nc\n", {.whiteSpaceMode = 1}, "~1|1 =2|2 =3|3"},
       {"empty lines around",
@@ -43,9 +59,12 @@ TEST(Rows, StandSideBySide) {
 TEST(Rows, HaveEveryLineOnceInItsOrder) {
   std::mt19937 random(1);
   const auto text = [&] {
-    static constexpr const char* kLines[] = {"a\n", "A\n", "b c\n", "b  c\n", "\n", " \n", "d\r\n"};
+    static constexpr const char* kLines[] = {"a\n", "some words\n", "some other words\n",
+                                             "A\n", "b c\n",        "b  c\n",
+                                             "\n",  " \n",          "d\r\n"};
     std::string lines;
-    for (auto count = random() % 12; count > 0; --count) lines += kLines[random() % 7];
+    for (auto count = random() % 12; count > 0; --count)
+      lines += kLines[random() % std::size(kLines)];
     return lines;
   };
   for (int i = 0; i < 3000; ++i) {

@@ -11,7 +11,6 @@ constexpr size_t kMostCachedWords = 512;
 constexpr int kMostRowsWithWords = 5000;
 
 DiffKind KindOf(const LineBlock& block) {
-  if (!block.isDifferent) return DiffKind::Equal;
   if (block.leftCount == 0) return DiffKind::Added;
   return block.rightCount == 0 ? DiffKind::Deleted : DiffKind::Changed;
 }
@@ -25,25 +24,25 @@ DiffDocument::DiffDocument() : m_texts(std::make_shared<DiffTexts>()) {}
 DiffDocument::DiffDocument(std::shared_ptr<const DiffTexts> texts, const CompareOptions& options)
     : m_texts(std::move(texts)), m_options(options) {
   if (!m_texts->AreTexts()) return;
+  SimilarLines similar;
   for (const LineBlock& block : DiffLines(m_texts->left, m_texts->right, options)) {
-    block.isDifferent ? AddDifferent(block) : Add(block);
+    if (block.isDifferent) {
+      AddTrimmed(block, similar);
+    } else {
+      AddRows(block, -1);
+    }
   }
 }
 
-void DiffDocument::Add(const LineBlock& block) {
+void DiffDocument::AddRows(const LineBlock& block, int difference) {
   if (block.rows() == 0) return;
-  int difference = -1;
-  if (block.isDifferent) {
-    difference = static_cast<int>(m_differences.size());
-    m_differences.push_back({m_rowCount, block.rows(), KindOf(block)});
-  }
   m_blocks.push_back({block, m_rowCount, difference});
   m_rowCount += block.rows();
 }
 
 // Empty lines, which don't count where white space doesn't, are part of the differences that they
 // stand at. A reader wants them outside.
-void DiffDocument::AddDifferent(LineBlock block) {
+void DiffDocument::AddTrimmed(LineBlock block, SimilarLines& similar) {
   const int most = std::min(block.leftCount, block.rightCount);
   int before = 0, after = 0;
   while (before < most && AreAlike(block.left + before, block.right + before)) ++before;
@@ -51,13 +50,38 @@ void DiffDocument::AddDifferent(LineBlock block) {
                                            block.right + block.rightCount - 1 - after)) {
     ++after;
   }
-  Add({block.left, before, block.right, before, false});
+  AddEqual(block.left, block.right, before);
   block.left += before;
   block.right += before;
   block.leftCount -= before + after;
   block.rightCount -= before + after;
-  Add(block);
-  Add({block.left + block.leftCount, after, block.right + block.rightCount, after, false});
+  if (block.rows() > 0) AddDifference(block, similar);
+  AddEqual(block.left + block.leftCount, block.right + block.rightCount, after);
+}
+
+void DiffDocument::AddDifference(const LineBlock& block, SimilarLines& similar) {
+  const auto linesOf = [&](DiffSide side, int first, int count) {
+    std::vector<std::string_view> lines;
+    for (int line = first; line < first + count; ++line) lines.push_back(Line(side, line).text);
+    return lines;
+  };
+  const int number = static_cast<int>(m_differences.size()), firstRow = m_rowCount;
+  int left = 0, right = 0;  // what is done of the block
+  const auto addUpTo = [&](int leftEnd, int rightEnd) {
+    AddRows({block.left + left, leftEnd - left, block.right + right, rightEnd - right, true},
+            number);
+    left = leftEnd;
+    right = rightEnd;
+  };
+  for (const auto& [leftLine, rightLine] :
+       similar.PairsOf(linesOf(DiffSide::Left, block.left, block.leftCount),
+                       linesOf(DiffSide::Right, block.right, block.rightCount))) {
+    addUpTo(leftLine, rightLine);
+    addUpTo(leftLine + 1, rightLine + 1);
+  }
+  addUpTo(block.leftCount, block.rightCount);
+  m_differences.push_back({firstRow, m_rowCount - firstRow, KindOf(block)});
+  m_differentLines.push_back(block);
 }
 
 bool DiffDocument::AreAlike(int left, int right) const {
@@ -103,7 +127,7 @@ const ChangedRanges& DiffDocument::ChangedWords(DiffSide side, const DiffRow& ro
   if (row.kind != DiffKind::Changed) return none;
   const Difference& difference = m_differences[static_cast<size_t>(row.difference)];
   if (difference.rows > kMostRowsWithWords) return none;
-  const Block& block = m_blocks[BlockOfRow(difference.firstRow)];
+  const LineBlock& block = m_differentLines[static_cast<size_t>(row.difference)];
   auto found = m_words.find(row.difference);
   if (found == m_words.end()) {
     if (m_words.size() >= kMostCachedWords) m_words.clear();

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "dircmp/LineDiff.h"
+#include "foldercmp/diff/SimilarLines.h"
 
 enum class DiffSide { Left, Right };
 
@@ -87,13 +88,16 @@ class DiffDocument {
   int DifferenceAbove(int row) const;
 
  private:
+  // Rows that are filled from the top; a difference may consist of several.
   struct Block : LineBlock {
     int firstRow;
     int difference;
   };
 
-  void Add(const LineBlock& block);
-  void AddDifferent(LineBlock block);
+  void AddRows(const LineBlock& block, int difference);
+  void AddEqual(int left, int right, int rows) { AddRows({left, rows, right, rows, false}, -1); }
+  void AddTrimmed(LineBlock block, SimilarLines& similar);
+  void AddDifference(const LineBlock& block, SimilarLines& similar);
   bool AreAlike(int left, int right) const;
   size_t BlockOfRow(int row) const;
 
@@ -101,6 +105,7 @@ class DiffDocument {
   CompareOptions m_options;
   std::vector<Block> m_blocks;
   std::vector<Difference> m_differences;
+  std::vector<LineBlock> m_differentLines;  // of the differences
   int m_rowCount = 0;
   mutable std::map<int, WordDifference> m_words;  // by difference: those that were shown lately
 };
