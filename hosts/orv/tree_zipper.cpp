@@ -93,8 +93,8 @@ OperationReturnState TreeZipper::Operation(unsigned int index) {
 }
 
 std::string TreeZipper::PathOf(const std::string& name) const {
-  std::string path = m_folder + "\\" + name;
-  std::replace(path.begin() + static_cast<std::ptrdiff_t>(m_folder.size()), path.end(), '/', '\\');
-  while (!path.empty() && path.back() == '\\') path.pop_back();
-  return path;
+  // Only "/" ends the names of folders: a "\" may be the second half of a character.
+  std::string relative = name.substr(0, name.find_last_not_of('/') + 1);
+  std::replace(relative.begin(), relative.end(), '/', '\\');
+  return relative.empty() ? m_folder : m_folder + "\\" + relative;
 }

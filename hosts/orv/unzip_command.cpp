@@ -15,20 +15,17 @@ namespace {
 
 bool IsFolderEntry(const ZIPENTRY& entry) { return (entry.attr & FILE_ATTRIBUTE_DIRECTORY) != 0; }
 
-// Extracts beside the final name and puts the file in place when it is whole: what stood there
-// stays until then.
+// Replaces what stands there, a read-only file too, when the new one is whole.
 unsigned long ExtractFile(HZIP archive, const ZIPENTRY& entry, const std::string& path) {
   EnsureFileFolder(path.c_str());
-  std::string part = path + ".part";
-  const unsigned long result = UnzipItem(archive, entry.index, part.data(), 0, kZipFileName);
-  if (result != kZipOk) {
-    ForceDeleteFile(part.c_str());
-    return result;
-  }
-  ForceDeleteFile(path.c_str());
-  if (MoveFileExA(part.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING)) return kZipOk;
-  ForceDeleteFile(part.c_str());
-  return kZipNoFile;
+  const DWORD attributes = GetFileAttributesA(path.c_str());
+  const bool isReadOnly =
+      attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+  if (isReadOnly) SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+  std::string target = path;
+  const unsigned long result = UnzipItem(archive, entry.index, target.data(), 0, kZipFileName);
+  if (isReadOnly && result != kZipOk) SetFileAttributesA(path.c_str(), attributes);
+  return result;
 }
 
 class UnzipOperation : public MMultiOperation {

@@ -21,6 +21,10 @@ namespace {
 constexpr FileState kSections[] = {FileState::Modified, FileState::New, FileState::Deleted};
 constexpr char kIndexName[] = "\\index.html";
 constexpr char kPagesFolder[] = "\\differences\\";
+// From a page to the report's folder.
+constexpr char kUp[] = "../../";
+// Some file systems look through a whole folder for each new file.
+constexpr size_t kPagesPerFolder = 500;
 
 // The list of states stands in one text, separated by tabs.
 CString NameOf(FileState state) {
@@ -89,7 +93,12 @@ bool IsEmpty(const CString& folder) {
   return true;
 }
 
-void DeletePages(const CString& folder) {
+// "1/17.html", below the folder of the pages.
+std::string PageName(size_t number) {
+  return std::to_string(number / kPagesPerFolder + 1) + "/" + std::to_string(number + 1) + ".html";
+}
+
+void DeletePagesOf(const CString& folder) {
   WIN32_FIND_DATAA found;
   const unique_find search(FindFirstFileA(folder + "*.html", &found));
   if (!search) return;
@@ -97,6 +106,14 @@ void DeletePages(const CString& folder) {
     const CString page = folder + found.cFileName;
     if (IsReportPage(page)) ForceDeleteFile(page);
   } while (FindNextFileA(search.get(), &found));
+}
+
+void DeletePages(const CString& pages) {
+  for (int number = 1;; ++number) {
+    const CString folder = pages + std::to_string(number).c_str() + "\\";
+    if (GetFileAttributesA(folder) == INVALID_FILE_ATTRIBUTES) return;
+    DeletePagesOf(folder);
+  }
 }
 
 }  // namespace
@@ -136,7 +153,7 @@ HyperLinkReport::Target HyperLinkReport::Prepare(const char* folder) {
   DeletePages(m_folder + kPagesFolder);
   // From now on the folder is known as a report's, even if the report is never finished.
   if (!IsReportPage(IndexPath())) {
-    HtmlFile index(IndexPath(), TitleHtml());
+    HtmlFile index(IndexPath(), TitleHtml(), false);
     index << "<h1>" << TitleHtml() << "</h1>\n<p class=\"note\">" << TextHtml(IDS_PAGE_UNFINISHED)
           << "</p>\n";
     const DWORD error = index.Finish();
@@ -200,9 +217,8 @@ std::string HyperLinkReport::UrlOfSide(const CString& path, const char* side,
 bool HyperLinkReport::WritePage(size_t number) {
   const Document& document = m_documents[number];
   const DocumentRecord& record = *document.record;
-  // From the folder of the pages.
   const auto link = [](const std::string& url, const std::string& html) {
-    return Link(url.empty() || url.starts_with("file:") ? url : "../" + url, html);
+    return Link(url.empty() || url.starts_with("file:") ? url : kUp + url, html);
   };
   const auto heading = [&](const CString& name, const CTime& time, const std::string& url) {
     return link(url, HtmlOf(name)) + " <span class=\"note\">" + TimeHtml(time) + "</span>";
@@ -215,7 +231,7 @@ bool HyperLinkReport::WritePage(size_t number) {
   page.basePath = m_comparison.BasePath(record);
   page.revisedPath = m_comparison.RevisedPath(record);
   page.options = m_compare;
-  const CString path = m_folder + kPagesFolder + std::to_string(number + 1).c_str() + ".html";
+  const CString path = m_folder + kPagesFolder + WithBackslashes(PageName(number).c_str());
   try {
     return Note(path, WriteDifferencePage(path, page));
   } catch (const std::bad_alloc&) {
@@ -232,13 +248,13 @@ bool HyperLinkReport::HasPage(size_t number) const {
 // Once it is written.
 std::string HyperLinkReport::PageUrl(size_t number) const {
   if (!m_documents[number].isPageWritten) return {};
-  return "differences/" + std::to_string(number + 1) + ".html";
+  return "differences/" + PageName(number);
 }
 
 std::string HyperLinkReport::NavigationOf(size_t number) const {
-  std::string html = Link("../index.html", TextHtml(IDS_PAGE_ALL_DOCUMENTS));
+  std::string html = Link(kUp + std::string("index.html"), TextHtml(IDS_PAGE_ALL_DOCUMENTS));
   const auto add = [&](size_t target, UINT text) {
-    if (HasPage(target)) html += Link(std::to_string(target + 1) + ".html", TextHtml(text));
+    if (HasPage(target)) html += Link("../" + PageName(target), TextHtml(text));
   };
   add(number - 1, IDS_PAGE_PREVIOUS_DOCUMENT);
   add(number + 1, IDS_PAGE_NEXT_DOCUMENT);

@@ -1,9 +1,9 @@
 // The report of a folder comparison as pages for a browser: an index with a section per state, and
 // for every modified document a page that shows both sides with their differences.
 //
-//   index.html           the index
-//   differences\1.html   a page per modified document
-//   base\, revised\      copies of the documents, if wanted
+//   index.html             the index
+//   differences\1\1.html   a page per modified document, some hundred in a folder
+//   base\, revised\        copies of the documents, if wanted
 //
 // Pages need nothing outside of the report but the documents they link to. Lets out the exceptions
 // of failed allocations.

@@ -5,23 +5,34 @@
 #include <mbstring.h>
 
 #include <cstring>
+#include <cwchar>
 
 namespace {
 
-// Made once for the code page, so that a comparison is a look-up a byte.
+// Made once for the code page, so that a comparison is mostly a look-up a byte.
 struct FoldTable {
   unsigned char lower[256];
-  bool isLead[256] = {};
-  bool hasLeads = false;
+  unsigned char length[256];  // bytes of a character that begins with a byte
+  bool hasLeads = false;      // of a double-byte code page
 
   FoldTable() {
+    const bool isUtf8 = GetACP() == CP_UTF8;
     for (int i = 0; i < 256; ++i) {
+      const bool isLead = IsDBCSLeadByte(static_cast<BYTE>(i));
       lower[i] = static_cast<unsigned char>(i);
-      isLead[i] = IsDBCSLeadByte(static_cast<BYTE>(i));
-      hasLeads |= isLead[i];
+      length[i] = isLead ? 2 : isUtf8 && i >= 0xC0 ? 2 + (i >= 0xE0) + (i >= 0xF0) : 1;
+      hasLeads |= isLead;
+      if (i > 0 && !isLead && (!isUtf8 || i < 0x80))
+        CharLowerBuffA(reinterpret_cast<char*>(&lower[i]), 1);
     }
-    for (int i = 1; i < 256; ++i)
-      if (!isLead[i]) CharLowerBuffA(reinterpret_cast<char*>(&lower[i]), 1);
+  }
+
+  // 1 for a character that the text's end cuts off.
+  int LengthAt(const char* text) const {
+    const int whole = length[static_cast<unsigned char>(*text)];
+    for (int i = 1; i < whole; ++i)
+      if (text[i] == 0) return 1;
+    return whole;
   }
 };
 
@@ -30,14 +41,30 @@ const FoldTable& Fold() {
   return table;
 }
 
+// Whether two characters, one of them of several bytes, are the same but for their case.
+bool IsSameLetter(const char* a, int lengthA, const char* b, int lengthB) {
+  if (lengthA == lengthB && std::memcmp(a, b, lengthA) == 0) return true;
+  wchar_t wideA[4], wideB[4];
+  const int sizeA = MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, a, lengthA, wideA, 4);
+  const int sizeB = MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, b, lengthB, wideB, 4);
+  if (sizeA != sizeB || sizeA == 0) return false;
+  CharLowerBuffW(wideA, sizeA);
+  CharLowerBuffW(wideB, sizeB);
+  return std::wmemcmp(wideA, wideB, sizeA) == 0;
+}
+
 // Past the pattern in the text, null when the text does not begin with it.
 const char* PastPrefixNoCase(const char* text, const char* pattern) {
   const FoldTable& fold = Fold();
-  for (; *pattern != 0; ++text, ++pattern) {
-    const auto a = static_cast<unsigned char>(*text), b = static_cast<unsigned char>(*pattern);
-    if (fold.lower[a] != fold.lower[b]) return nullptr;
-    if (!fold.isLead[a] || pattern[1] == 0) continue;
-    if (*++text != *++pattern) return nullptr;
+  while (*pattern != 0) {
+    const int lengthA = fold.LengthAt(text), lengthB = fold.LengthAt(pattern);
+    const bool isSame = lengthA == 1 && lengthB == 1
+                            ? fold.lower[static_cast<unsigned char>(*text)] ==
+                                  fold.lower[static_cast<unsigned char>(*pattern)]
+                            : IsSameLetter(text, lengthA, pattern, lengthB);
+    if (!isSame) return nullptr;
+    text += lengthA;
+    pattern += lengthB;
   }
   return text;
 }

@@ -55,7 +55,7 @@ TEST_F(ControlPages, Links) {
     std::string status[4], names[4];  // as the documents
   } kCases[] = {
       {{},
-       {"r_files/index.html#deleted", "r_files/index.html#new", "r_files/differences/1.html", ""},
+       {"r_files/index.html#deleted", "r_files/index.html#new", "r_files/differences/1/1.html", ""},
        {}},
       {{.includeModified = false, .includeNew = false},
        {"r_files/index.html#deleted", "", "", ""},
@@ -127,7 +127,7 @@ TEST_F(ControlPages, Stopped) {
   EXPECT_EQ(Link("sub\\Changed.CPP", DirCmpCtrl::kStatus), "");
   m_list.onOperation = nullptr;
   EXPECT_EQ(Generate({}), 1);
-  EXPECT_EQ(Link("sub\\Changed.CPP", DirCmpCtrl::kStatus), "r_files/differences/1.html");
+  EXPECT_EQ(Link("sub\\Changed.CPP", DirCmpCtrl::kStatus), "r_files/differences/1/1.html");
 }
 
 TEST_F(ControlPages, AreConfigured) {

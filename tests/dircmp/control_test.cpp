@@ -317,7 +317,7 @@ TEST_F(ControlTest, AStopActsAtOnce) {
       readsAtStop = g_reads;
     });
     const int result = operation.DoOperation(0);
-    EXPECT_LT(GetTickCount() - stoppedAt, 200u);
+    EXPECT_LT(GetTickCount() - stoppedAt, 1000u) << "200, and what a busy machine takes";
     user.join();
     return result;
   };
@@ -373,19 +373,18 @@ TEST_F(ControlTest, StopsTheScan) {
   }
 }
 
-// With the system's limit of 260 characters a path, and many rows.
-TEST_F(ControlTest, LongPathsAndManyRows) {
+// Paths as long as the system lets them be.
+TEST_F(ControlTest, LongPaths) {
   const std::string folder(100, 'f');
   const size_t room = MAX_PATH - 1 - revised().size() - 1 - folder.size() - 1;
-  m_folder.Write("base\\" + folder + "\\" + std::string(room, 'n'), "x");
-  m_folder.Write("revised\\" + folder + "\\" + std::string(room, 'n'), "y");
-  for (int i = 0; i < 300; ++i) {
-    m_folder.Write("base\\" + std::to_string(i), i % 3 == 0 ? "x" : "y");
-    m_folder.Write("revised\\" + std::to_string(i), "y");
-  }
+  const std::string longest = folder + "\\" + std::string(room, 'n');
+  m_folder.Write("revised\\" + longest, "y");
+  const std::string both = longest.substr(0, longest.size() - 1);
+  m_folder.Write("base\\" + both, "x");
+  m_folder.Write("revised\\" + both, "y");
   NotingList list;
-  const bool isLonger = base().size() + 1 + folder.size() + 1 + room < MAX_PATH;
-  EXPECT_EQ(Init(list), isLonger);
-  EXPECT_EQ(list.CountOf(FileState::Modified), 101);
-  EXPECT_EQ(list.CountOf(FileState::Same), 200);
+  EXPECT_EQ(Init(list), 1);
+  EXPECT_EQ(list.Rows(), (RowList{"N " + longest, "M " + both}));
+  list.OpenCommand(list.IdOf(both));
+  EXPECT_EQ(list.started.size(), 1u);
 }

@@ -65,13 +65,13 @@ TEST_F(Report, SectionsLinksAndPages) {
   sprintf(escaped, "%%%02X%%%02X", letter[0] & 0xFF, letter[1] & 0xFF);
   ExpectInOrder(
       {"<h1>&#39;&lt;base&gt;&#39; vs. &#39;%1&#39;</h1>", "Modified (1)",
-       "<a href=\"differences/1.html\">changed &amp; b.txt</a>",
+       "<a href=\"differences/1/1.html\">changed &amp; b.txt</a>",
        "<a href=\"base/changed%20%26%20b.txt\">", "<a href=\"revised/changed%20%26%20b.txt\">",
        "New (1)",
        std::string("<a href=\"revised/new") + escaped + ".txt\">new" + letter + ".txt</a>",
        "Deleted (1)", "<a href=\"base/sub/gone%2541.txt\">gone%41.txt</a>", "<td>sub</td>"});
   EXPECT_EQ(m_folder.Read("report\\base\\sub\\gone%41.txt"), "x");
-  const std::string page = m_folder.Read("report\\differences\\1.html");
+  const std::string page = m_folder.Read("report\\differences\\1\\1.html");
   EXPECT_NE(page.find("one <del>two</del>"), std::string::npos) << page;
   EXPECT_NE(page.find("one <ins>three</ins>"), std::string::npos) << page;
   EXPECT_NE(page.find("x &lt; y"), std::string::npos) << page;
@@ -93,7 +93,7 @@ TEST_F(Report, PagesWithoutDifferences) {
     m_folder.Write("base\\changed & b.txt", row.base);
     m_folder.Write("revised\\changed & b.txt", row.revised);
     Write({});
-    EXPECT_NE(m_folder.Read("report\\differences\\1.html").find(row.note), std::string::npos)
+    EXPECT_NE(m_folder.Read("report\\differences\\1\\1.html").find(row.note), std::string::npos)
         << row.note;
   }
 }
@@ -110,7 +110,7 @@ TEST_F(Report, PagesEnd) {
   m_folder.Write("base\\changed & b.txt", base);
   m_folder.Write("revised\\changed & b.txt", revised);
   Write({});
-  const std::string page = m_folder.Read("report\\differences\\1.html");
+  const std::string page = m_folder.Read("report\\differences\\1\\1.html");
   EXPECT_NE(page.find("The page ends here"), std::string::npos);
   EXPECT_LT(page.size(), 5'000'000u);
 }
@@ -124,7 +124,7 @@ TEST_F(Report, Options) {
       {{.includeModified = false}, "New (1)", "Modified (1)"},
       {{.includeNew = false}, "Deleted (1)", "New (1)"},
       {{.includeDeleted = false}, "New (1)", "Deleted (1)"},
-      {{}, "differences/1.html", "file:///"},
+      {{}, "differences/1/1.html", "file:///"},
       {{.linkSourceFiles = true}, "file:///C:/", "\"base/"},
       {{.isPreview = true}, "No Hyper-link analysis was generated in preview mode", "differences/"},
   };
@@ -145,19 +145,19 @@ TEST_F(Report, WritesOverNobodysFiles) {
 
   // An earlier report is written over, and no page of it is left.
   EXPECT_EQ(Write({}), Target::Ready);
-  m_folder.Write("report\\differences\\7.html", m_folder.Read("report\\differences\\1.html"));
-  m_folder.Write("report\\differences\\notes.html", "mine");
+  m_folder.Write("report\\differences\\1\\7.html", m_folder.Read("report\\differences\\1\\1.html"));
+  m_folder.Write("report\\differences\\1\\notes.html", "mine");
   EXPECT_EQ(Write({}), Target::Ready);
-  EXPECT_FALSE(m_folder.Has("report\\differences\\7.html"));
-  EXPECT_TRUE(m_folder.Has("report\\differences\\notes.html"));
+  EXPECT_FALSE(m_folder.Has("report\\differences\\1\\7.html"));
+  EXPECT_TRUE(m_folder.Has("report\\differences\\1\\notes.html"));
 
   // A page that can't be written because somebody's file has its name.
-  m_folder.Write("report\\differences\\1.html", "mine");
+  m_folder.Write("report\\differences\\1\\1.html", "mine");
   HyperLinkReport report(*m_comparison, "", "", {}, {});
   report.AddAll();
   EXPECT_EQ(report.Prepare((m_folder / "report").c_str()), Target::Ready);
   EXPECT_FALSE(report.WriteDocument(0));
-  EXPECT_EQ(m_folder.Read("report\\differences\\1.html"), "mine");
+  EXPECT_EQ(m_folder.Read("report\\differences\\1\\1.html"), "mine");
   EXPECT_EQ(report.problems().size(), 1u);
 
   // The compared folders stand in the folder of an earlier report.

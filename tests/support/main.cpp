@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -16,33 +17,42 @@ namespace {
 
 constexpr unsigned kSecondsPerTest = 120;
 constexpr unsigned kSecondsPerLongTest = 3600;
-constexpr DWORD kHandleWaitMilliseconds = 1000;
+constexpr int kRuns = 3;
+constexpr DWORD kFirstWaitMilliseconds = 1000;
+constexpr DWORD kLaterWaitMilliseconds = 10000;
 
 std::string FullName(const testing::TestInfo& test) {
   return std::string(test.test_suite_name()) + "." + test.name();
 }
 
-// The handles that are open beyond so many. A thread that has ended gives its own back a moment
-// later.
-unsigned HandlesBeyond(unsigned expected) {
+struct Kept {
+  unsigned handles;
+  size_t blocks;
+};
+
+// What is there beyond so much. Threads that are ending give back what they have a moment later,
+// which on a busy machine can be long.
+Kept KeptBeyond(unsigned handles, size_t blocks, DWORD milliseconds) {
   const DWORD start = GetTickCount();
   for (;;) {
-    const unsigned handles = allocations::OpenHandles();
-    if (handles <= expected) return 0;
-    if (GetTickCount() - start > kHandleWaitMilliseconds) return handles - expected;
+    const unsigned open = allocations::OpenHandles();
+    const size_t live = allocations::Count().blocks;
+    const Kept kept = {open > handles ? open - handles : 0, live > blocks ? live - blocks : 0};
+    const bool isNothing = kept.handles == 0 && kept.blocks == 0;
+    if (isNothing || GetTickCount() - start > milliseconds) return kept;
     Sleep(5);
   }
 }
 
 // Looks at what each test leaves behind. The system and the runtime keep blocks and handles at the
-// first use of many of their parts, so a test that seems to leak is a suspect and runs once more:
-// only what is kept again is a leak.
+// first use of many of their parts, and now and then later, so a test that seems to leak is a
+// suspect and runs twice more: only what is kept each time is a leak.
 class Guard : public testing::EmptyTestEventListener {
  public:
-  // The suspects as a test filter; from now on a leak is a failure.
+  // The suspects as a test filter; they run again.
   std::string TakeSuspects() {
-    m_isSecondRun = true;
-    return std::move(m_suspects);
+    ++m_earlierRuns;
+    return std::exchange(m_suspects, {});
   }
 
  private:
@@ -51,12 +61,11 @@ class Guard : public testing::EmptyTestEventListener {
     watchdog::Watch(m_name.c_str());
     allocations::TakeDamage();
     m_handles = allocations::OpenHandles();
-    m_live = allocations::Count();
+    m_blocks = allocations::Count().blocks;
     m_mark = allocations::Mark();
   }
 
   void OnTestEnd(const testing::TestInfo& test) override {
-    const allocations::Live live = allocations::Count();
     watchdog::Watch(nullptr);
     const std::string windows = watchdog::TakeStrayWindows();
     if (!windows.empty()) ADD_FAILURE() << "windows that no one asked for:\n" << windows;
@@ -64,22 +73,22 @@ class Guard : public testing::EmptyTestEventListener {
     if (!damage.empty()) ADD_FAILURE() << damage;
     // The messages of a failed test are kept; a failure is enough to look at.
     if (test.result()->Failed()) return;
-    const unsigned handles = HandlesBeyond(m_handles);
-    if (live.blocks <= m_live.blocks && handles == 0) return;
-    if (!m_isSecondRun) {
+    const Kept kept = KeptBeyond(
+        m_handles, m_blocks, m_earlierRuns > 0 ? kLaterWaitMilliseconds : kFirstWaitMilliseconds);
+    if (kept.handles == 0 && kept.blocks == 0) return;
+    if (m_earlierRuns < kRuns - 1) {
       m_suspects += (m_suspects.empty() ? "" : ":") + FullName(test);
-    } else if (handles > 0) {
-      ADD_FAILURE() << handles << " handles leaked";
+    } else if (kept.handles > 0) {
+      ADD_FAILURE() << kept.handles << " handles leaked";
     } else {
-      ADD_FAILURE() << live.blocks - m_live.blocks << " blocks leaked:\n"
-                    << allocations::DescribeSince(m_mark);
+      ADD_FAILURE() << kept.blocks << " blocks leaked:\n" << allocations::DescribeSince(m_mark);
     }
   }
 
   std::string m_name;
   std::string m_suspects;
-  bool m_isSecondRun = false;
-  allocations::Live m_live = {0, 0};
+  int m_earlierRuns = 0;
+  size_t m_blocks = 0;
   unsigned m_mark = 0;
   unsigned m_handles = 0;
 };
@@ -93,10 +102,13 @@ int main(int argc, char** argv) {
   watchdog::Start(IsLongRun() ? kSecondsPerLongTest : kSecondsPerTest);
   allocations::Install();
 
-  const int status = RUN_ALL_TESTS();
-  const std::string suspects = guard->TakeSuspects();
-  if (status != 0 || suspects.empty()) return status;
-  puts("Once more, those that kept something at their first run:");
-  testing::GTEST_FLAG(filter) = suspects;
-  return RUN_ALL_TESTS();
+  int status = RUN_ALL_TESTS();
+  for (int run = 1; run < kRuns && status == 0; ++run) {
+    const std::string suspects = guard->TakeSuspects();
+    if (suspects.empty()) break;
+    puts("Once more, those that kept something:");
+    testing::GTEST_FLAG(filter) = suspects;
+    status = RUN_ALL_TESTS();
+  }
+  return status;
 }

@@ -21,7 +21,8 @@ Fold makeFold(Case to) {
   Fold fold{};
   for (int i = 0; i < 256; ++i) fold[i] = static_cast<char>(i);
   const auto convert = to == Case::upper ? &CharUpperBuffA : &CharLowerBuffA;
-  for (int i = 1; i < 256; ++i)
+  const int end = GetACP() == CP_UTF8 ? 0x80 : 256;
+  for (int i = 1; i < end; ++i)
     if (!IsDBCSLeadByte(static_cast<BYTE>(i))) convert(&fold[i], 1);
   return fold;
 }
@@ -45,8 +46,57 @@ void foldPair(char* pair, Case to) {
     memcpy(pair, folded, 2);
 }
 
+// The bytes of the UTF-8 character at p, of which at most so many are there.
+int utf8Size(const char* p, int length) {
+  const unsigned char lead = Byte(*p);
+  const int size = lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+  return size <= length ? size : 1;
+}
+
+// Folds the UTF-8 character at p in its place: one whose other case takes more or fewer bytes
+// stays.
+void foldUtf8(char* p, int size, Case to, const Fold& table) {
+  if (size == 1) {
+    *p = table[Byte(*p)];
+    return;
+  }
+  wchar_t wide[2];
+  if (MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, p, size, wide, 2) != 1) return;
+  to == Case::upper ? CharUpperBuffW(wide, 1) : CharLowerBuffW(wide, 1);
+  char folded[4];
+  if (WideCharToMultiByte(CP_UTF8, 0, wide, 1, folded, 4, nullptr, nullptr) == size)
+    memcpy(p, folded, size);
+}
+
+// The runtime's page may have been set to another one since.
+bool IsUtf8() { return GetACP() == CP_UTF8 && !DoubleByte(); }
+
+int compareUtf8NoCase(const char* left, const char* right) {
+  const Fold& table = fold(Case::lower);
+  for (;;) {
+    const int leftSize = utf8Size(left, static_cast<int>(strnlen(left, 4)));
+    const int rightSize = utf8Size(right, static_cast<int>(strnlen(right, 4)));
+    char l[5] = "", r[5] = "";
+    memcpy(l, left, leftSize);
+    memcpy(r, right, rightSize);
+    foldUtf8(l, leftSize, Case::lower, table);
+    foldUtf8(r, rightSize, Case::lower, table);
+    const int difference = strcmp(l, r);
+    if (difference != 0 || *left == '\0') return difference;
+    left += leftSize;
+    right += rightSize;
+  }
+}
+
 void foldText(char* text, int length, Case to) {
   const Fold& table = fold(to);
+  if (IsUtf8()) {
+    for (int i = 0, size; i < length; i += size) {
+      size = utf8Size(text + i, length - i);
+      foldUtf8(text + i, size, to, table);
+    }
+    return;
+  }
   if (!DoubleByte()) {
     for (int i = 0; i < length; ++i) text[i] = table[Byte(text[i])];
     return;
@@ -112,6 +162,7 @@ void FoldUpper(char* text, int length) { foldText(text, length, Case::upper); }
 void FoldLower(char* text, int length) { foldText(text, length, Case::lower); }
 
 int CompareNoCase(const char* left, const char* right) {
+  if (IsUtf8()) return compareUtf8NoCase(left, right);
   const Fold& table = fold(Case::lower);
   if (!DoubleByte()) {
     for (;; ++left, ++right) {
