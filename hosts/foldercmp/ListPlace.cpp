@@ -65,7 +65,7 @@ void ListPlace::RestoreRows(ComparisonList& list) const {
   }
   const auto inside = [rows](int row) { return std::clamp(row, 0, rows - 1); };
   if (focused < 0) focused = inside(m_focusedRow);
-  if (selected.empty()) selected.push_back(focused);
+  if (selected.empty() && !m_selected.empty()) selected.push_back(focused);
   list.DeselectAll();
   if (static_cast<int>(selected.size()) == rows)
     list.SelectAll();  // faster than row by row

@@ -18,7 +18,7 @@ class ListPlace {
   // Columns and order.
   void RestoreLayout(ComparisonList& list) const;
   // Selection, focus and scrolling. Where the document with the focus is gone, the focus goes to
-  // the row where it was.
+  // the row where it was, and so does the selection when all of it is gone.
   void RestoreRows(ComparisonList& list) const;
 
  private:

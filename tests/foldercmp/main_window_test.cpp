@@ -235,6 +235,17 @@ TEST_F(MainWindow, SaysWhatIsWrongWithAFolder) {
   EXPECT_EQ(host.TextOf(host.Control(IDC_REVISED_FOLDER)), Revised());
 }
 
+TEST_F(MainWindow, NamesWhatCouldNotBeRead) {
+  const HANDLE locked = CreateFileA((Base() + "\\same.c").c_str(), GENERIC_READ, 0, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+  const HostProgram host(Both());
+  const std::string texts = host.DismissMessage();
+  CloseHandle(locked);
+  EXPECT_NE(texts.find("could not be read: 1"), std::string::npos) << texts;
+  EXPECT_NE(texts.find("same.c: "), std::string::npos) << texts;
+  EXPECT_EQ(host.States()["same.c"], "Modified");
+}
+
 TEST_F(MainWindow, TakesDroppedFolders) {
   const HostProgram host;
   host.Drop({Base(), Revised()});
