@@ -314,7 +314,7 @@ TEST(Download, ManyTimesKeepsNoHandle) {
   fetch(20);
   Sleep(500);
   const unsigned before = allocations::OpenHandles();
-  fetch(IsLongRun() ? 500 : 100);
+  fetch(IsLongRun() ? 500 : 60);
   Sleep(500);
   EXPECT_LE(allocations::OpenHandles(), before + 5);
 }
