@@ -24,7 +24,7 @@ namespace {
 using Client = LoopbackConnection;
 
 constexpr char kChunked[] =
-    "HTTP/1.1 200 OK\r\nConnection: close\r\nTransfer-Encoding: chunked\r\n\r\n";
+    "HTTP/1.1 200 OK\r\nConnection: TE, close\r\nTransfer-Encoding: chunked\r\n\r\n";
 constexpr char kChunkedAndKept[] = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n";
 
 size_t filesIn(const TempFolder& folder) {
