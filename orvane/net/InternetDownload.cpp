@@ -96,7 +96,10 @@ void InternetDownload::DoLoopOperation() {
     if (MayRetry(GetError()) == 0 || attempt >= m_retries) break;
     TraceFunction::TraceEvent("Retry", m_url);
     WaitWhile([](const InternetDownload&) { return true; }, pause);
-    if (m_aborted != 0) break;
+    if (m_aborted != 0) {
+      Fail(ERROR_INTERNET_OPERATION_CANCELLED);
+      break;
+    }
     pause = std::min(2 * pause, kLongestPause);
   }
   if (m_readOk == 0) GiveUpMadeDestination();

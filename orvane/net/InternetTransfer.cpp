@@ -192,9 +192,9 @@ bool InternetTransfer::IsChunked() const {
 
 // Whether the server lets the connection serve another request (RFC 9112, section 9.3).
 bool InternetTransfer::KeepsConnection() const {
-  return Header(HTTP_QUERY_VERSION).CompareNoCase("HTTP/1.1") == 0 &&
-         Header(HTTP_QUERY_CONNECTION).CompareNoCase("close") != 0 &&
-         Header(HTTP_QUERY_PROXY_CONNECTION).CompareNoCase("close") != 0;
+  CString options = Header(HTTP_QUERY_CONNECTION) + "," + Header(HTTP_QUERY_PROXY_CONNECTION);
+  options.MakeLower();
+  return Header(HTTP_QUERY_VERSION).CompareNoCase("HTTP/1.1") == 0 && options.Find("close") < 0;
 }
 
 // A chunked answer that breaks off reads like one that has ended (Wine 8 gives no error, in no mode

@@ -83,6 +83,12 @@ TEST(SystemLibraries, StateOfRealFiles) {
   EXPECT_STREQ("no such.dll (0.0.0.0) - Missing", line);
   EXPECT_EQ(0, ok);
   EXPECT_EQ("", log.Text());
+
+  const char kWithoutRecord[] = "libgcc_s_dw2-1.dll";
+  SysDllDescriptor(kWithoutRecord, 0, 0, 0, 0).InfoVersion(line, ok);
+  EXPECT_STREQ(SysDllDescriptor::GetCurrentDll(kWithoutRecord) + " (0.0.0.0) - Missing", line);
+  EXPECT_EQ(0, ok);
+  EXPECT_TRUE(log.Names("SysDllDscr")) << log.Text();
 }
 
 TEST(SystemLibraries, TheFirstThatIsNotOkIsTold) {
