@@ -1,5 +1,7 @@
 #include "foldercmp/CommandLine.h"
 
+#include <optional>
+
 #include "foldercmp/FolderPath.h"
 
 namespace {
@@ -8,9 +10,25 @@ constexpr char kDiffWord[] = "Diff";
 
 bool isBlank(char c) { return c == ' ' || c == '\t'; }
 
-CommandLine diffCommand(const std::vector<CString>& arguments) {
+std::optional<CompareOptions> compareOptions(const CString& argument) {
+  for (int mode = kWhiteSpaceExact; mode <= kWhiteSpaceIgnored; ++mode) {
+    for (const bool ignoreCase : {false, true}) {
+      const CompareOptions options = {.ignoreCase = ignoreCase, .whiteSpaceMode = mode};
+      if (argument == CompareArgument(options)) return options;
+    }
+  }
+  return std::nullopt;
+}
+
+CommandLine diffCommand(std::vector<CString> arguments) {
   CommandLine command;
   command.kind = CommandLine::kDiff;
+  command.diff.options = compareOptions(arguments[1]);
+  if (command.diff.options) arguments.erase(arguments.begin() + 1);
+  if (arguments.size() != 3 && arguments.size() != 5) {
+    command.kind = CommandLine::kWrong;
+    return command;
+  }
   command.diff.left = arguments[1];
   command.diff.right = arguments[2];
   if (arguments.size() == 5) {
@@ -44,7 +62,7 @@ std::vector<CString> SplitArguments(const char* text) {
 CommandLine ReadCommandLine(const char* text) {
   const std::vector<CString> arguments = SplitArguments(text);
   const size_t count = arguments.size();
-  if ((count == 3 || count == 5) && arguments[0] == kDiffWord) return diffCommand(arguments);
+  if (count > 2 && arguments[0] == kDiffWord) return diffCommand(arguments);
   CommandLine command;
   if (count == 2) {
     command.base = AbsoluteFolder(arguments[0]);
@@ -53,4 +71,10 @@ CommandLine ReadCommandLine(const char* text) {
     command.kind = CommandLine::kWrong;
   }
   return command;
+}
+
+CString CompareArgument(const CompareOptions& options) {
+  CString argument;
+  argument.Format("/compare:%d%s", options.whiteSpaceMode, options.ignoreCase ? "i" : "");
+  return argument;
 }

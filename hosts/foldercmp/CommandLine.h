@@ -1,7 +1,11 @@
 // What the program was asked for when it was started.
 //
-//   foldercmp [BASE REVISED]                               compares two folders
-//   foldercmp Diff LEFT RIGHT ["LEFT TITLE" "RIGHT TITLE"]  shows the differences of two documents
+//   foldercmp [BASE REVISED]        compares two folders
+//   foldercmp Diff [OPTIONS] LEFT RIGHT ["LEFT TITLE" "RIGHT TITLE"]
+//                                   shows the differences of two documents
+//
+// OPTIONS are one argument, such as /compare:1i: the white-space mode, and i where letters are
+// equal regardless of case. Without it the documents are compared as they were the last time.
 #pragma once
 
 #include <afxwin.h>
@@ -23,3 +27,6 @@ std::vector<CString> SplitArguments(const char* text);
 
 // text: without the program's name.
 CommandLine ReadCommandLine(const char* text);
+
+// OPTIONS.
+CString CompareArgument(const CompareOptions& options);

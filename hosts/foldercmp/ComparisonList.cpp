@@ -3,6 +3,7 @@
 #include <mbstring.h>
 
 #include "controls/MPopupMenu.h"
+#include "foldercmp/CommandLine.h"
 #include "foldercmp/HostSettings.h"
 #include "foldercmp/HostTexts.h"
 #include "foldercmp/resource.h"
@@ -121,6 +122,12 @@ int ComparisonList::NewWindow(const char* left, const char* right) {
   if (DirCmpCtrl::NewWindow(left, right)) return 1;
   Message::DisplayErrorMessage(IDS_NO_ANALYSIS);
   return 0;
+}
+
+CString ComparisonList::GetNewWindowParams(const char*, const char*) {
+  const DirCmpPrm& prm = Comparison()->prm();
+  return CompareArgument(
+      {.ignoreCase = prm.m_ignoreCase != 0, .whiteSpaceMode = prm.m_whiteSpaceMode});
 }
 
 // --- Work ---

@@ -38,6 +38,8 @@ class ComparisonList : public DirCmpCtrl {
   void DoContextMenu(int row, unsigned long id, MPopupMenu& menu) override;
   void ExecuteCommand(int command) override;
   int NewWindow(const char* left, const char* right) override;
+  // How the folders were compared.
+  CString GetNewWindowParams(const char* left, const char* right) override;
 
  protected:
   int FilterMatch(unsigned long id) const override;

@@ -28,6 +28,10 @@ DiffFrame::DiffFrame(const DiffArguments& documents)
       m_findBar([this](bool forward) { Find(forward); }, [this] { CloseFindBar(); }) {
   m_documents.leftTitle = TitleOf(documents.leftTitle, documents.left);
   m_documents.rightTitle = TitleOf(documents.rightTitle, documents.right);
+  if (documents.options) {
+    m_settings.whiteSpaceMode = documents.options->whiteSpaceMode;
+    m_settings.ignoreCase = documents.options->ignoreCase;
+  }
 }
 
 BOOL DiffFrame::Create() {

@@ -3,6 +3,10 @@
 
 #include <afxwin.h>
 
+#include <optional>
+
+#include "dircmp/ContentCompare.h"
+
 // What is shown: two files, and what they are called in the window. Texts are in the ANSI code
 // page; empty titles are replaced by the paths.
 struct DiffArguments {
@@ -10,6 +14,7 @@ struct DiffArguments {
   CString right;
   CString leftTitle;
   CString rightTitle;
+  std::optional<CompareOptions> options = {};  // none: as the user compared the last time
 };
 
 // Opens the window as the program's main window and serves it until the user has closed it. The
