@@ -116,7 +116,7 @@ bool FolderBox::HasFocus() const {
   return focus == m_edit.m_hWnd || ::IsChild(m_edit.m_hWnd, focus);
 }
 
-bool FolderBox::Browse(CWnd& owner, UINT title) {
+void FolderBox::Browse(CWnd& owner, UINT title) {
   const CString before = Folder(), heading = LoadedText(title);
   char path[MAX_PATH] = "";
   BROWSEINFOA browse = {};
@@ -127,7 +127,5 @@ bool FolderBox::Browse(CWnd& owner, UINT title) {
   browse.lpfn = onBrowse;
   browse.lParam = reinterpret_cast<LPARAM>(static_cast<LPCTSTR>(before));
   const ShellList chosen(SHBrowseForFolderA(&browse));
-  if (chosen.list == nullptr || !SHGetPathFromIDListA(chosen.list, path)) return false;
-  SetFolder(path);
-  return !IsSameFolder(Folder(), before);
+  if (chosen.list != nullptr && SHGetPathFromIDListA(chosen.list, path)) SetFolder(path);
 }

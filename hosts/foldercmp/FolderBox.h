@@ -29,8 +29,8 @@ class FolderBox {
   void SetFocus();
   bool HasFocus() const;
 
-  // Lets the user choose in the tree of folders, under a title. True: another folder stands here.
-  bool Browse(CWnd& owner, UINT title);
+  // Lets the user choose in the tree of folders, under a title.
+  void Browse(CWnd& owner, UINT title);
 
  private:
   CStatic m_label;

@@ -12,6 +12,8 @@
 #include "foldercmp/RecentPairs.h"
 #include "foldercmp/StatusPanes.h"
 
+struct DroppedFolders;
+
 class MainFrame : public CFrameWnd {
  public:
   // Creates the window, hidden. FALSE: it could not be created, and this object is gone.
@@ -89,6 +91,7 @@ class MainFrame : public CFrameWnd {
 
   FolderPair TypedPair() const;
   void ShowPair(const FolderPair& pair);
+  FolderPair PairWith(const DroppedFolders& dropped) const;
   void ShowRecentPairs();
   // Whether a box names a folder that can be opened; the user is told what is wrong.
   bool CheckFolder(FolderBox& box, UINT missingText);

@@ -93,6 +93,17 @@ void MainFrame::OnRecent(UINT id) {
 
 // Two folders are a pair. One goes to the box that it is dropped on; elsewhere, to the one that is
 // empty, and when none is, it begins a new pair.
+FolderPair MainFrame::PairWith(const DroppedFolders& dropped) const {
+  const CString& first = dropped.paths.front();
+  const FolderPair typed = TypedPair();
+  if (dropped.paths.size() == 2) return {first, dropped.paths[1]};
+  if (m_base.PlaceIn(*this).PtInRect(dropped.point)) return {first, typed.revised};
+  if (m_revised.PlaceIn(*this).PtInRect(dropped.point)) return {typed.base, first};
+  if (typed.base.IsEmpty()) return {first, typed.revised};
+  if (typed.revised.IsEmpty()) return {typed.base, first};
+  return {first, CString()};
+}
+
 void MainFrame::OnDropFiles(HDROP drop) {
   const DroppedFolders dropped(drop);
   if (!CanCompare() || dropped.paths.empty()) return;
@@ -106,17 +117,7 @@ void MainFrame::OnDropFiles(HDROP drop) {
     Message::DisplayMessage(Message::MSG_INFO, IDS_NOT_A_FOLDER, path);
     return;
   }
-  FolderPair pair = TypedPair();
-  if (dropped.paths.size() == 2)
-    pair = {dropped.paths[0], dropped.paths[1]};
-  else if (m_base.PlaceIn(*this).PtInRect(dropped.point))
-    pair.base = dropped.paths[0];
-  else if (m_revised.PlaceIn(*this).PtInRect(dropped.point))
-    pair.revised = dropped.paths[0];
-  else if (!pair.base.IsEmpty() && pair.revised.IsEmpty())
-    pair.revised = dropped.paths[0];
-  else
-    pair = {dropped.paths[0], pair.base.IsEmpty() ? pair.revised : CString()};
+  const FolderPair pair = PairWith(dropped);
   ShowPair(pair);
   if (!pair.base.IsEmpty() && !pair.revised.IsEmpty()) Compare();
 }

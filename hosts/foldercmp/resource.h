@@ -51,7 +51,6 @@
 #define IDS_READY 25201
 #define IDS_STOPPED 25202
 #define IDS_USAGE 25203
-#define IDS_NO_DIFFERENCES 25219
 #define IDS_TITLE 25204        // %1, %2: the folders, %3: the program
 #define IDS_PRODUCT 25205      // in reports
 #define IDS_CHOOSE_BASE 25206  // above the tree of folders
@@ -67,6 +66,7 @@
 #define IDS_FILTER_LABEL 25216
 #define IDS_FILTER_COLUMN_LABEL 25217
 #define IDS_WHOLE_PATH 25218
+#define IDS_NO_DIFFERENCES 25219
 #define IDS_SHOW_FIRST 25220   // and the three that follow: the states that can be hidden
 #define IDS_RECENT_PAIR 25224  // %1!d!: its number, %2, %3: the folders
 #define IDS_NO_RECENT_PAIRS 25225
