@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -34,15 +35,17 @@ class ListDataMap {
   int Slots() const { return static_cast<int>(m_isText.size()); }
 
   size_t Count() const { return m_count; }
-  // kNone: there is no such item. The last one found is found again at no cost.
+  // kNone: there is no such item. The last one found is found again at no cost. Several threads may
+  // look for items as long as none changes the map.
   uint32_t Find(uint32_t id) const {
-    if (m_found != kNone && Id(m_found) == id) return m_found;
+    const uint32_t found = m_found.load(std::memory_order_relaxed);
+    if (found != kNone && Id(found) == id) return found;
     const uint32_t record = m_index.Find(id);
-    if (record != kNone) m_found = record;
+    if (record != kNone) Expect(record);
     return record;
   }
   // Lets the next Find have this item at once.
-  void Expect(uint32_t record) const { m_found = record; }
+  void Expect(uint32_t record) const { m_found.store(record, std::memory_order_relaxed); }
 
   // A record with empty values. The identifier must not be there yet. Throws std::bad_alloc.
   uint32_t Insert(uint32_t id);
@@ -109,7 +112,7 @@ class ListDataMap {
   uint32_t m_free = kNone;
   size_t m_count = 0;
   std::array<uint32_t, kBuckets> m_first;
-  mutable uint32_t m_found = kNone;
+  mutable std::atomic<uint32_t> m_found = kNone;
   IdIndex m_index;
   TextPool m_texts;
 };

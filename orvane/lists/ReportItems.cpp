@@ -111,7 +111,7 @@ const ReportRow& ReportItems::Row(size_t index) {
   const uint32_t record = m_records[index];
   m_row.id = m_list.m_map.Id(record);
   for (size_t i = 0; i < m_columns.size(); ++i) FillCell(i, record);
-  if (m_settings.format == ReportFormat::Html) AddLooks();
+  if (m_settings.format == ReportFormat::Html) AddLooks(record);
   return m_row;
 }
 
@@ -142,7 +142,8 @@ void ReportItems::FillCell(size_t index, uint32_t record) {
   cell.number = map.Slot(record, slot).number;
 }
 
-void ReportItems::AddLooks() {
+void ReportItems::AddLooks(uint32_t record) {
+  m_list.m_map.Expect(record);  // what is asked for now is about this item
   m_row.text = kBlack;
   m_row.background = kWhite;
   m_list.GetItemColors(m_row.id, m_row.text, m_row.background);

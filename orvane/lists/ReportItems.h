@@ -59,7 +59,7 @@ class ReportItems {
  private:
   bool Passes(uint32_t record, const ReportFilter& filter) const;
   void FillCell(size_t index, uint32_t record);
-  void AddLooks();
+  void AddLooks(uint32_t record);
 
   MListCtrl& m_list;
   const ReportSettings& m_settings;

@@ -27,21 +27,11 @@ std::string ansiOf(const wchar_t* text) {
 }
 
 // Texts that markup, quoting or columns could trip over.
-const std::vector<std::string> kTexts = {"plain",
-                                         "",
-                                         "  blanks  ",
-                                         "<b>&amp;</b>",
-                                         "\"quoted\" 'single'",
-                                         "a]]>b]]>",
-                                         "]]",
-                                         "tab\there",
-                                         "one\r\ntwo\r\n\r\nthree",
-                                         "\r\n",
-                                         "&#65;",
-                                         "=1+1",
-                                         "caf\xE9 \x80 \xFF",
-                                         "--><!--",
-                                         std::string(200, 'x') + " end"};
+const std::vector<std::string> kTexts = {
+    "plain", "", "  blanks  ", "<b>&amp;</b>", "\"quoted\" 'single'", "a]]>b]]>", "]]", "tab\there",
+    "one\r\ntwo\r\n\r\nthree", "\r\n", "&#65;", "=1+1", "--><!--",
+    // The second byte of a character here is that of a backslash (code page 932).
+    ansiOf(L"caf\u00E9 \u20AC \u8868\u30DD"), std::string(200, 'x') + " end"};
 
 class Texts : public MListCtrl {
  public:
