@@ -114,7 +114,7 @@ BOOL ReportDialog::OnInitDialog() {
                  {IDC_PREVIEW, m_allowPreview}};
   for (const auto& button : buttons)
     if (!button.isOfUse) GetDlgItem(button.id)->ShowWindow(SW_HIDE);
-  // Without a list to be configured, help stands at the edge.
+  // Where there are no links to be configured, help stands at the edge.
   if (m_list.HlReport().configure == nullptr) {
     CRect place;
     GetDlgItem(IDC_HYPER_LINKS)->GetWindowRect(place);
