@@ -125,8 +125,8 @@
 #define IDS_PAGE_BASE_UNREADABLE 23381
 #define IDS_PAGE_REVISED_UNREADABLE 23382
 #define IDS_PAGES_WRITING 23383
-#define IDS_PAGES_PROBLEMS 23384  // %1: how many
-#define IDS_PAGES_OCCUPIED 23385  // %1: the folder
+#define IDS_PAGES_PROBLEMS 23384     // %1: how many
+#define IDS_PAGES_OCCUPIED 23385     // %1: the folder
 #define IDS_PAGES_NOT_WRITTEN 23386  // %1: the folder
 #define IDS_PAGE_UNFINISHED 23387
 #define IDS_DOCUMENT_NOT_OPENED 23388  // %1: the document
