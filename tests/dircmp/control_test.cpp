@@ -246,7 +246,7 @@ TEST_F(ControlTest, StartsPrograms) {
     }
   } list;
   WriteEach();
-  list.InitList(base().c_str(), revised().c_str(), Prm(), "\xE4 \"old\" \\", "%1");
+  list.InitList(base().c_str(), revised().c_str(), Prm(), "\"old\" \\", "%1");
   const AssertionLog log;
   const std::string left = base() + "\\a b", right = revised() + "\\a b";
   char program[MAX_PATH];
@@ -257,7 +257,7 @@ TEST_F(ControlTest, StartsPrograms) {
   for (int i = 0; i < 1000 && !m_folder.Has("arguments"); ++i) Sleep(10);
   SetEnvironmentVariableA("ORVANE_ARGUMENTS", nullptr);
   EXPECT_EQ(m_folder.Read("arguments"),
-            "Diff\n" + left + "\n" + right + "\n\xE4 'old' \\->\\a b\n%1->\\a b\n");
+            "Diff\n" + left + "\n" + right + "\n'old' \\->\\a b\n%1->\\a b\n");
   EXPECT_TRUE(log.Empty());
   list.program = m_folder / "missing.exe";
   EXPECT_EQ(list.NewWindow(left.c_str(), right.c_str()), 0);
