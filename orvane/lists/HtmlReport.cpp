@@ -1,7 +1,6 @@
 // Reports as a page: one file that needs nothing outside of it (HTML 5, UTF-8).
 #include "lists/ReportWriter.h"
 
-#include <algorithm>
 #include <string>
 
 #include "lists/HtmlReportParts.h"

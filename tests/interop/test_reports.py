@@ -33,7 +33,7 @@ def make_items():
     numbers = random.Random(3)
     text = lambda most: "".join(numbers.choice(PIECES) for _ in range(numbers.randrange(most)))
     items = [
-        (text(6) + f"{i}", numbers.randrange(4), numbers.choice([0, numbers.randrange(1, 2**31)]),
+        (text(6) + f"#{i}", numbers.randrange(4), numbers.choice([0, numbers.randrange(1, 2**31)]),
          numbers.randrange(-(2**31), 2**31), text(8))
         for i in range(ITEMS)
     ]  # fmt: skip
