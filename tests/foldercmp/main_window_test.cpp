@@ -282,7 +282,8 @@ TEST_F(MainWindow, OpensItsDialogs) {
   const struct {
     UINT command;
     const char *title, *text;
-  } cases[] = {{ID_OPTIONS, "Options", "White space:"},
+  } cases[] = {{ID_CHOOSE_BASE, "Browse for Folder", "The base folder of the comparison:"},
+               {ID_OPTIONS, "Options", "White space:"},
                {ID_REPORT, "Report", "Tab-separated values"},
                {ID_REPORT_PAGES, "Configure Hyper-link Reports", "Deleted files"},
                {ID_APP_ABOUT, "About Folder Comparison", "Compares two folders"}};
