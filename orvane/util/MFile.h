@@ -77,11 +77,11 @@ class ORVANE_API MFile : public CFile {
   // beginning again afterwards.
   static int IsFileUtf8(MFile& file, long maxChars);
 
-  // Writes text in a mode of the runtime ("wb", "a", ...): 1, or 0 when not all of it arrived; a file
-  // that was to be replaced is as it was then.
-  // A text that holds UTF-16 behind a byte-order mark is folded to 8-bit characters as ReadByte
-  // does; any other is written as it is. written: how many 8-bit characters that made; lost: how
-  // many of them stand for a character that 8-bit text cannot hold.
+  // Writes text in a mode of the runtime ("wb", "a", ...): 1, or 0 when not all of it arrived; a
+  // file that was to be replaced is as it was then. A text that holds UTF-16 behind a byte-order
+  // mark is folded to 8-bit characters as ReadByte does; any other is written as it is. written:
+  // how many 8-bit characters that made; lost: how many of them stand for a character that 8-bit
+  // text cannot hold.
   static int SaveFileAscii(const char* name, CString& text, int& written, int& lost,
                            const char* mode);
 
