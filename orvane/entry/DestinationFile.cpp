@@ -62,9 +62,14 @@ bool DestinationFile::Open(const char* path, const Options& options) {
   Discard();
   m_options = options;
   if (!getFullPath(path, m_path)) return false;
+  m_replaces = false;
+  if (!m_options.alwaysBeside) {
+    if (OpenNew(path)) return true;
+    if (GetLastError() != ERROR_FILE_EXISTS && GetLastError() != ERROR_ALREADY_EXISTS) return false;
+  }
   const DWORD attributes = GetFileAttributesA(m_path);
   m_replaces = attributes != INVALID_FILE_ATTRIBUTES;
-  if (!m_replaces) return m_options.alwaysBeside ? OpenBeside() : OpenNew(path);
+  if (!m_replaces) return OpenBeside();
   // Better to know now than after the last byte that it must not be replaced.
   if ((attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
     SetLastError(ERROR_ACCESS_DENIED);

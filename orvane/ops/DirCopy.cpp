@@ -1,8 +1,11 @@
+#include "markup/NoException.h"
 #include "ops/DirOp.h"
 
 int DirectoryCopy(const char* source, const char* destination, int subfoldersOnly, int noGui,
                   int recurse) {
-  DirectoryCopyOp copy(source, destination, subfoldersOnly, recurse);
-  copy.SetNoGui(noGui);
-  return copy.DoOperation(0);
+  return WithoutException([&] {
+    DirectoryCopyOp copy(source, destination, subfoldersOnly, recurse);
+    copy.SetNoGui(noGui);
+    return copy.DoOperation(0);
+  });
 }

@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <limits>
 
+#include "markup/NoException.h"
 #include "ops/DirOp.h"
 #include "ops/FolderEntries.h"
 #include "ops/TreeFiles.h"
@@ -38,12 +39,14 @@ bool ForEachFile(const char* folder, bool recurse, const OnFile& onFile) {
 }  // namespace
 
 int SetReadOnlyDir(const char* folder, int readOnly, int recurse) {
-  bool all = true;
-  const bool whole = ForEachFile(folder, recurse != 0, [&](const FolderEntries& file) {
-    all &= SetTreeFileReadOnly(file.Path(), readOnly != 0);
-    return true;
+  return WithoutException([&] {
+    bool all = true;
+    const bool whole = ForEachFile(folder, recurse != 0, [&](const FolderEntries& file) {
+      all &= SetTreeFileReadOnly(file.Path(), readOnly != 0);
+      return true;
+    });
+    return whole && all;
   });
-  return whole && all;
 }
 
 int CalculateDirectorySize(const char* folder, unsigned long& size, unsigned long& fileCount,
@@ -51,10 +54,12 @@ int CalculateDirectorySize(const char* folder, unsigned long& size, unsigned lon
   constexpr unsigned long kTooLarge = std::numeric_limits<unsigned long>::max();
   uint64_t sum = 0;
   fileCount = 0;
-  const bool whole = ForEachFile(folder, recurse != 0, [&](const FolderEntries& file) {
-    ++fileCount;
-    sum += uint64_t{file.Data().nFileSizeHigh} << 32 | file.Data().nFileSizeLow;
-    return sum <= kTooLarge;
+  const int whole = WithoutException([&] {
+    return ForEachFile(folder, recurse != 0, [&](const FolderEntries& file) {
+      ++fileCount;
+      sum += uint64_t{file.Data().nFileSizeHigh} << 32 | file.Data().nFileSizeLow;
+      return sum <= kTooLarge;
+    });
   });
   size = static_cast<unsigned long>(sum);
   if (sum <= kTooLarge) return whole;
@@ -64,11 +69,13 @@ int CalculateDirectorySize(const char* folder, unsigned long& size, unsigned lon
 
 int GetDirectoryFiles(CArray<CString, const char*>& files, const char* folder,
                       const CStrMap<int>& excluded) {
-  return ForEachFile(folder, true, [&](const FolderEntries& file) {
-    CString path = file.Path();
-    path.MakeLower();
-    int found;
-    if (!excluded.Lookup(path, found)) files.Add(path);
-    return true;
+  return WithoutException([&] {
+    return ForEachFile(folder, true, [&](const FolderEntries& file) {
+      CString path = file.Path();
+      path.MakeLower();
+      int found;
+      if (!excluded.Lookup(path, found)) files.Add(path);
+      return true;
+    });
   });
 }

@@ -4,6 +4,7 @@
 
 #include "diag/trace.h"
 #include "entry/strutils.h"
+#include "markup/NoException.h"
 
 namespace {
 
@@ -47,10 +48,7 @@ bool MakeFolder(const char* folder) {
   return GetLastError() == ERROR_ALREADY_EXISTS && IsFolder(folder);
 }
 
-}  // namespace
-
-int CreateDirectoryA(const char* path) {
-  if (path == nullptr || *path == 0) return 0;
+bool MakeFolders(const char* path) {
   const CString whole = WithBackslashes(path);
   const char* const begin = whole;
   bool isShare = IsShared(begin);
@@ -58,9 +56,16 @@ int CreateDirectoryA(const char* path) {
     const char* const backslash = FindBackslash(part);
     const CString prefix =
         backslash == nullptr ? whole : whole.Left(static_cast<int>(backslash - begin));
-    if (!CanBeCurrent(prefix) && (isShare || !MakeFolder(prefix))) return 0;
+    if (!CanBeCurrent(prefix) && (isShare || !MakeFolder(prefix))) return false;
     isShare = false;
     part = backslash == nullptr ? nullptr : backslash + 1;
   }
-  return 1;
+  return true;
+}
+
+}  // namespace
+
+int CreateDirectoryA(const char* path) {
+  if (path == nullptr || *path == 0) return 0;
+  return WithoutException([path] { return MakeFolders(path); });
 }

@@ -1,5 +1,6 @@
 // Deleting: whole trees, and entries of a name or a mask.
 #include "entry/strutils.h"
+#include "markup/NoException.h"
 #include "ops/DirOp.h"
 #include "ops/FolderEntries.h"
 #include "ops/TreeFiles.h"
@@ -60,28 +61,13 @@ bool CleanFolder(const CString& folder, const CString& lowerName, int recurse, b
   return !ReportUnread(entries, folder) && isClean;
 }
 
-}  // namespace
-
-int RemoveDirectoryA(const char* path, int recurse) {
-  if (IsFolderLink(path)) return RemoveTreeLink(path);
-  // What could not be deleted keeps the folder from being removed.
-  return EmptyFolder(path, recurse != 0) && RemoveTreeFolder(path);
-}
-
-int DirectoryCleanup(const char* folder, const char* name, int recurse, int) {
-  if (IsEmptyText(name)) return 0;
-  bool opened;
-  return CleanFolder(folder, LowerCase(name), recurse, opened) && opened;
-}
-
-int DirectoryCleanupMask(const char* folder, const char* mask) {
-  if (IsEmptyText(mask)) return 0;
+bool CleanMask(const char* folder, const char* mask) {
   // With a folder in it, the names that it finds would be looked for in the wrong one.
   CString maskFolder, maskName;
   SplitAtLastBackslash(WithBackslashes(mask), maskFolder, maskName);
   if (!maskName.IsEmpty()) {
     REPORT_TREE_FAILURE("Mask with a folder", mask);
-    return 0;
+    return false;
   }
   bool isClean = true;
   FolderEntries entries(folder, mask);
@@ -90,4 +76,27 @@ int DirectoryCleanupMask(const char* folder, const char* mask) {
       isClean &= DeleteTreeFile(entries.Path(), entries.Data().dwFileAttributes);
   }
   return !ReportUnread(entries, folder) && entries.Opened() && isClean;
+}
+
+}  // namespace
+
+int RemoveDirectoryA(const char* path, int recurse) {
+  return WithoutException([&] {
+    if (IsFolderLink(path)) return RemoveTreeLink(path);
+    // What could not be deleted keeps the folder from being removed.
+    return EmptyFolder(path, recurse != 0) && RemoveTreeFolder(path);
+  });
+}
+
+int DirectoryCleanup(const char* folder, const char* name, int recurse, int) {
+  if (IsEmptyText(name)) return 0;
+  return WithoutException([&] {
+    bool opened;
+    return CleanFolder(folder, LowerCase(name), recurse, opened) && opened;
+  });
+}
+
+int DirectoryCleanupMask(const char* folder, const char* mask) {
+  if (IsEmptyText(mask)) return 0;
+  return WithoutException([&] { return CleanMask(folder, mask); });
 }

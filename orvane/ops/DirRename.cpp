@@ -1,6 +1,7 @@
 // Moving a tree.
 #include "entry/PathUtils.h"
 #include "entry/strutils.h"
+#include "markup/NoException.h"
 #include "ops/DirOp.h"
 #include "ops/FolderEntries.h"
 #include "ops/TreeFiles.h"
@@ -138,5 +139,5 @@ bool Rename(const char* oldFolder, const char* newFolder) {
 }  // namespace
 
 int DirectoryRename(const char* oldFolder, const char* newFolder) {
-  return Rename(oldFolder, newFolder);
+  return WithoutException([&] { return Rename(oldFolder, newFolder); });
 }

@@ -38,19 +38,39 @@ bool CopyNew(const char* source, const char* target) {
   return false;
 }
 
+// A file beside the target until it has taken its place.
+class FileBeside {
+ public:
+  explicit FileBeside(const char* target) : m_isThere(MakeFileBeside(target, "cpy", m_path)) {}
+  ~FileBeside() {
+    if (!m_isThere) return;
+    SetFileAttributesA(m_path, FILE_ATTRIBUTE_NORMAL);  // those of the source have come along
+    DeleteFileA(m_path);
+  }
+  FileBeside(const FileBeside&) = delete;
+  FileBeside& operator=(const FileBeside&) = delete;
+
+  explicit operator bool() const { return m_isThere; }
+  const char* path() const { return m_path; }
+  bool TakePlaceOf(const char* target) {
+    m_isThere = !MoveFileExA(m_path, target, MOVEFILE_REPLACE_EXISTING);
+    return !m_isThere;
+  }
+
+ private:
+  char m_path[MAX_PATH];
+  bool m_isThere;
+};
+
 // Copies over a file by way of a new one beside it.
 bool CopyOver(const char* source, const char* target, DWORD targetAttributes) {
   if (targetAttributes & FILE_ATTRIBUTE_DIRECTORY) return false;
-  char beside[MAX_PATH];
-  if (!MakeFileBeside(FullPath(target), "cpy", beside)) return false;
-  const bool copied = CopyFileA(source, beside, FALSE) != FALSE;
-  if (copied) {
-    if (targetAttributes & FILE_ATTRIBUTE_READONLY) SetTreeFileReadOnly(target, false);
-    if (MoveFileExA(beside, target, MOVEFILE_REPLACE_EXISTING)) return true;
-    REPORT_TREE_FAILURE("File not replaced", target);
-    if (targetAttributes & FILE_ATTRIBUTE_READONLY) SetTreeFileReadOnly(target, true);
-  }
-  DeleteTreeFile(beside, FILE_ATTRIBUTE_READONLY);
+  FileBeside beside(FullPath(target));
+  if (!beside || !CopyFileA(source, beside.path(), FALSE)) return false;
+  if (targetAttributes & FILE_ATTRIBUTE_READONLY) SetTreeFileReadOnly(target, false);
+  if (beside.TakePlaceOf(target)) return true;
+  REPORT_TREE_FAILURE("File not replaced", target);
+  if (targetAttributes & FILE_ATTRIBUTE_READONLY) SetTreeFileReadOnly(target, true);
   return false;
 }
 

@@ -11,8 +11,9 @@ namespace {
 
 using faults::Kind;
 
-constexpr std::initializer_list<Kind> kSystem = {Kind::kMapping, Kind::kOpen, Kind::kRead,
-                                                 Kind::kWrite,   Kind::kMove, Kind::kFolder};
+constexpr std::initializer_list<Kind> kSystem = {Kind::kMemory, Kind::kMapping, Kind::kOpen,
+                                                 Kind::kRead,   Kind::kWrite,   Kind::kMove,
+                                                 Kind::kFolder};
 
 void WriteTrees(const TempFolder& folder) {
   folder.Write("from\\a", "new a");
