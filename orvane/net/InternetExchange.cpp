@@ -56,10 +56,11 @@ void InternetExchanges::StartCall(const std::shared_ptr<InternetExchange>& excha
     return;
   }
   auto* const shared = new std::shared_ptr(exchange);
-  if (!QueueUserWorkItem(&CallInPool, shared, WT_EXECUTELONGFUNCTION)) CallInPool(shared);
+  const unique_kernel_handle thread(CreateThread(nullptr, 0, &CallInThread, shared, 0, nullptr));
+  if (!thread) CallInThread(shared);
 }
 
-DWORD WINAPI InternetExchanges::CallInPool(void* argument) {
+DWORD WINAPI InternetExchanges::CallInThread(void* argument) {
   std::unique_ptr<std::shared_ptr<InternetExchange>> shared(
       static_cast<std::shared_ptr<InternetExchange>*>(argument));
   InternetExchange& exchange = **shared;

@@ -80,7 +80,7 @@ class InternetExchanges {
 
  private:
   struct Lock;
-  static DWORD WINAPI CallInPool(void* exchange);
+  static DWORD WINAPI CallInThread(void* exchange);
 
   SRWLOCK m_lock = SRWLOCK_INIT;
   DWORD_PTR m_last = 0;

@@ -16,9 +16,9 @@ struct InternetExchange;
 // one is worked on the other is filled.
 //
 // A call may be under way when it returns (IsPending): in asynchronous mode WinInet's thread
-// completes it, else a thread of the system's pool that waits for WinInet; both signal the wake
-// event then. A transfer may be destroyed with a call under way: what comes of the call later is
-// dropped, and its buffer stays until WinInet is through with it.
+// completes it, else a thread that lasts as long as the call; both signal the wake event then. A
+// transfer may be destroyed with a call under way: what comes of the call later is dropped, and its
+// buffer stays until WinInet is through with it.
 class InternetTransfer {
  public:
   struct TimeOuts {
