@@ -101,10 +101,14 @@ bool ComparisonList::HasDocument(Command side) const {
 void ComparisonList::DoContextMenu(int row, unsigned long id, MPopupMenu& menu) {
   DirCmpCtrl::DoContextMenu(row, id, menu);
   if (row < 0 || FocusedDocument() == nullptr) return;
-  menu.AppendItem(FirstUserCommand() + kOpenBase, LoadedText(IDS_OPEN_BASE),
-                  HasDocument(kOpenBase));
-  menu.AppendItem(FirstUserCommand() + kOpenRevised, LoadedText(IDS_OPEN_REVISED),
-                  HasDocument(kOpenRevised));
+  // Below the library's entry, which is on top.
+  const auto insert = [&](UINT place, Command command, UINT text) {
+    const UINT state = HasDocument(command) ? MF_ENABLED : MF_GRAYED;
+    menu.InsertMenu(place, MF_BYPOSITION | MF_STRING | state, FirstUserCommand() + command,
+                    LoadedText(text));
+  };
+  insert(1, kOpenBase, IDS_OPEN_BASE);
+  insert(2, kOpenRevised, IDS_OPEN_REVISED);
 }
 
 void ComparisonList::ExecuteCommand(int command) {

@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "commands.h"
-#include "diag/AssertVerifyTrace.h"
 #include "dircmp/DirCmpCtrl.h"
 #include "dircmp/HyperLinkReportOp.h"
 #include "lists/ReportCommand.h"
+#include "lists/ReportOperation.h"
 #include "operation_run.h"
 
 namespace {
@@ -199,18 +199,28 @@ HlReportSettings::DocumentLinks LinksOf(const HyperLinkReportOptions& pages) {
                                  : HlReportSettings::kInactive;
 }
 
+// Ends at Ctrl+C, too.
+class ConsoleReport : public ReportOperation {
+ public:
+  using ReportOperation::ReportOperation;
+
+ protected:
+  OperationReturnState Operation(unsigned index) override {
+    if (WasStopped()) StopLoop();
+    return ReportOperation::Operation(index);
+  }
+};
+
 bool WriteReport(ConsoleList& list, const Options& options) {
-  ReportSettings settings;
+  ReportSettings settings = ReportCommand::Defaults(list);
   if (const char* const place = ReportCommand::Parse(list, options.report, settings)) {
     fprintf(stderr, "orv: the report's command can't be read from here on: %s\n", place);
     return false;
   }
   list.SetVerb("writing");
   list.SetReportPages({.documentLinks = LinksOf(options.pages)});
-  // No boxes from a console program.
-  AssertVerifyTrace::BlockGuiMessages(1);
-  const bool isWritten = list.DoReport(options.report) != 0;
-  AssertVerifyTrace::BlockGuiMessages(0);
+  settings.isQuiet = true;  // no boxes from a console program
+  const bool isWritten = ConsoleReport(list, settings).Generate() != 0;
   if (!isWritten)
     fprintf(stderr, "orv: no report was written to \"%s\"\n",
             static_cast<LPCSTR>(settings.outputFile));

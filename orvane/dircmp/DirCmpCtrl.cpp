@@ -42,6 +42,7 @@ class DirCmpCtrl::Evaluation : public MMultiOperation {
         m_list(list),
         m_comparison(*list.m_comparison) {
     SetMessage(loaded(IDS_EVALUATING_FILE_STATUS));
+    SetDisplayProgressOnSingle(1);  // one pair may be as long as a thousand others
   }
 
  protected:

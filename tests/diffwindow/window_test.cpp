@@ -1,5 +1,6 @@
 // The difference window, with keys and mouse.
 #include "diffwindow/WindowTest.h"
+#include "entry/Handles.h"
 
 TEST_F(DiffWindowTest, OpensAtTheFirstDifference) {
   Open(Lines(300), Lines(300, {100, 200, 201, 290}));
@@ -315,6 +316,38 @@ TEST_F(DiffWindowTest, ShowsAwkwardTexts) {
     }
     Close();
   }
+}
+
+namespace {
+
+// Holes, which take no room on the disk.
+void MakeHuge(const std::string& path) {
+  const unique_file file(
+      CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+  SetFilePointer(file.get(), 0x7F000000, nullptr, FILE_BEGIN);
+  SetEndOfFile(file.get());
+}
+
+DWORD closedAt = 0;
+
+void CALLBACK closeFrame(HWND frame, UINT, UINT_PTR id, DWORD) {
+  ::KillTimer(frame, id);
+  closedAt = ::GetTickCount();
+  ::SendMessage(frame, WM_CLOSE, 0, 0);
+}
+
+}  // namespace
+
+TEST_F(DiffWindowTest, ClosesWhileItCompares) {
+  Open("", "");
+  MakeHuge(m_left);
+  MakeHuge(m_right);
+  ::SetTimer(m_window, 1, 50, closeFrame);
+  closedAt = 0;
+  EXPECT_FALSE(Press(VK_F5)) << "the program is to end";
+  ASSERT_NE(closedAt, 0u);
+  EXPECT_LT(::GetTickCount() - closedAt, 500u);
+  EXPECT_FALSE(::IsWindow(m_window));
 }
 
 TEST_F(DiffWindowTest, RunsUntilItIsClosed) {

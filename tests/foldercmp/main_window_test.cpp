@@ -269,10 +269,8 @@ TEST_F(MainWindow, AnalyzesAModifiedDocument) {
   const std::string title = Base() + "->\\sub\\changed.c";
   const HWND found = HostProgram::WindowWithTitle(title);
   ASSERT_NE(found, nullptr) << "no difference window";
-  EXPECT_TRUE(HostProgram::Wait([&] {
-    PostMessageA(found, WM_CLOSE, 0, 0);  // which it doesn't take while it compares
-    return !IsWindow(found);
-  }));
+  PostMessageA(found, WM_CLOSE, 0, 0);
+  EXPECT_TRUE(HostProgram::Wait([&] { return !IsWindow(found); }));
 }
 
 // Each opens, says what it is, and goes with Escape; nothing changes.
@@ -346,12 +344,12 @@ TEST_F(MainWindow, IsUsedWithTheKeyboard) {
 class LongComparison : public MainWindow {
  protected:
   LongComparison() {
-    for (const std::string name :
-         {"base\\huge1", "revised\\huge1", "base\\huge2", "revised\\huge2"}) {
+    for (const std::string name : {"base\\huge1", "revised\\huge1", "base\\huge2", "revised\\huge2",
+                                   "base\\one\\huge", "revised\\one\\huge"}) {
       const HANDLE file = CreateFileA(m_folder.Write(name, "").c_str(), GENERIC_WRITE, 0, nullptr,
                                       OPEN_EXISTING, 0, nullptr);
       LARGE_INTEGER size;
-      size.QuadPart = 0x7F000000;
+      size.QuadPart = 0x400000000;
       SetFilePointerEx(file, size, nullptr, FILE_BEGIN);
       SetEndOfFile(file);
       CloseHandle(file);
@@ -365,9 +363,19 @@ TEST_F(LongComparison, CanBeStopped) {
   ASSERT_NE(progress, nullptr);
   EXPECT_FALSE(IsWindowEnabled(host.Main()));
   PostMessageA(progress, WM_COMMAND, IDCANCEL, 0);
-  WaitForRows(host, 6);
+  WaitForRows(host, 7);
   EXPECT_NE(host.StatusText(0).find("Stopped"), std::string::npos);
   EXPECT_EQ(host.States()["huge2."], "Unknown");
+}
+
+// Of two files only.
+TEST_F(LongComparison, OfOneDocumentCanBeStopped) {
+  const HostProgram host("\"" + Base() + "\\one\" \"" + Revised() + "\\one\"");
+  const HWND progress = host.Dialog();
+  ASSERT_NE(progress, nullptr);
+  PostMessageA(progress, WM_COMMAND, IDCANCEL, 0);
+  WaitForRows(host, 1);
+  EXPECT_EQ(host.States()["huge."], "Unknown");
 }
 
 TEST_F(LongComparison, EndsWithTheWindow) {

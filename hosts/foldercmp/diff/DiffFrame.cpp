@@ -4,6 +4,7 @@
 #include <array>
 #include <vector>
 
+#include "foldercmp/diff/DiffOperation.h"
 #include "foldercmp/diff/diff_ids.h"
 
 namespace {
@@ -142,14 +143,20 @@ void DiffFrame::RecalcLayout(BOOL) {
   m_status.SendMessage(SB_SETPARTS, kParts, reinterpret_cast<LPARAM>(ends.data()));
 }
 
-// While a comparison runs its window's messages are served; what would end or change the window has
-// to wait.
+// While a comparison runs its window's messages are served; what would change what is shown has to
+// wait.
 BOOL DiffFrame::OnCommand(WPARAM wParam, LPARAM lParam) {
-  return m_isComparing || CFrameWnd::OnCommand(wParam, lParam);
+  const bool isHeld = m_running != nullptr && LOWORD(wParam) != ID_DIFF_CLOSE;
+  return isHeld || CFrameWnd::OnCommand(wParam, lParam);
 }
 
+// A comparison that is under way ends first: its result goes to this window.
 void DiffFrame::OnClose() {
-  if (m_isComparing) return;
+  if (m_running != nullptr) {
+    m_closesWhenDone = true;
+    m_running->StopLoop();
+    return;
+  }
   SaveSettings();
   CFrameWnd::OnClose();
 }

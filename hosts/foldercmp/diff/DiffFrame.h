@@ -11,6 +11,8 @@
 #include "foldercmp/diff/DiffWindow.h"
 #include "foldercmp/diff/FindBar.h"
 
+class DiffOperation;
+
 // Made with new, as every frame window.
 class DiffFrame : public CFrameWnd {
  public:
@@ -93,5 +95,6 @@ class DiffFrame : public CFrameWnd {
   CImageList m_images;
   CWnd m_status;
   FindBar m_findBar;
-  bool m_isComparing = false;
+  DiffOperation* m_running = nullptr;  // the comparison that is under way
+  bool m_closesWhenDone = false;
 };

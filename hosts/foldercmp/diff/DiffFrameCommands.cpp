@@ -44,9 +44,10 @@ END_MESSAGE_MAP()
 bool DiffFrame::Compare(std::shared_ptr<const DiffTexts> texts, const DiffMark* mark) {
   DiffOperation operation(m_documents.left, m_documents.right, m_settings.Options(),
                           std::move(texts));
-  m_isComparing = true;
+  m_running = &operation;
   operation.DoOperation(0);
-  m_isComparing = false;
+  m_running = nullptr;
+  if (m_closesWhenDone) PostMessage(WM_CLOSE);
   if (!operation.document()) {
     CString notice;
     notice.LoadString(IDS_DIFF_STOPPED);
