@@ -2,6 +2,8 @@
 
 #include <mbstring.h>
 
+#include <atomic>
+#include <cstdio>
 #include <cstring>
 
 #include "diag/trace.h"
@@ -9,6 +11,7 @@
 namespace {
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr int kMostTries = 100;
 constexpr size_t kTemporaryName = 13;  // the name that GetTempFileName makes, and a zero
 
 bool getFullPath(const char* path, char (&full)[MAX_PATH]) {
@@ -95,13 +98,26 @@ bool DestinationFile::OpenNew(const char* path) {
   return static_cast<bool>(m_file);
 }
 
+// GetTempFileName would make the file, close it, and have it opened again.
 bool DestinationFile::OpenBeside() {
+  static std::atomic<unsigned> count{GetTickCount()};
+  const DWORD attributes = m_options.attributes | FILE_FLAG_SEQUENTIAL_SCAN;
+  const size_t folder = nameStart(m_path);
+  for (int tries = 0; folder <= MAX_PATH - kTemporaryName && tries < kMostTries; ++tries) {
+    std::memcpy(m_partPath, m_path, folder);
+    std::snprintf(m_partPath + folder, kTemporaryName, "new%04X.tmp", ++count & 0xFFFF);
+    m_file.reset(
+        CreateFileA(m_partPath, GENERIC_WRITE, 0, nullptr, CREATE_NEW, attributes, nullptr));
+    if (m_file) return true;
+    m_partPath[0] = 0;
+    if (GetLastError() != ERROR_FILE_EXISTS) return false;
+  }
   if (!MakeFileBeside(m_path, "new", m_partPath)) {
     m_partPath[0] = 0;
     return false;
   }
-  m_file.reset(CreateFileA(m_partPath, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                           m_options.attributes | FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  m_file.reset(
+      CreateFileA(m_partPath, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, attributes, nullptr));
   if (m_file) return true;
   Discard();
   return false;

@@ -117,7 +117,8 @@ int MThread::WaitForEvent(HANDLE event, int ms) {
     ended = MsgWaitForMultipleObjects(1, &event, FALSE, millisecondsUntil(deadline), QS_ALLINPUT);
   } while (ended == WAIT_OBJECT_0 + 1 && millisecondsUntil(deadline) > 0);
   if (quit) PostQuitMessage(static_cast<int>(*quit));
-  return ended == WAIT_OBJECT_0;
+  // Serving the windows can use up the time, with the event there all along.
+  return ended == WAIT_OBJECT_0 || WaitForSingleObject(event, 0) == WAIT_OBJECT_0;
 }
 
 void MThread::Sleep(int ms) {
