@@ -440,6 +440,9 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   void SyncRowCount();
   ViewState TakeView();
   void RestoreView(const ViewState& state);
+  // Rows in ascending order; none is selected yet.
+  void SelectRows(const std::vector<int>& rows);
+  void SelectionReplaced();
   void RowsReplaced(const ViewState& state);
   int FocusedRow() const;
   void Forget(uint32_t record);
