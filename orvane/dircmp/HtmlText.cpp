@@ -1,7 +1,5 @@
 #include "dircmp/HtmlText.h"
 
-#include <algorithm>
-
 #include "dircmp/DocumentText.h"
 #include "settings/MString.h"
 
@@ -15,44 +13,7 @@ bool IsUnreserved(char character) {
 
 }  // namespace
 
-std::string HtmlOf(std::string_view utf8) {
-  std::string html;
-  html.reserve(utf8.size() + 16);
-  for (const char character : utf8) {
-    switch (character) {
-      case '&':
-        html += "&amp;";
-        break;
-      case '<':
-        html += "&lt;";
-        break;
-      case '>':
-        html += "&gt;";
-        break;
-      case '"':
-        html += "&quot;";
-        break;
-      case '\'':
-        html += "&#39;";
-        break;
-      case '\x7F':
-        html += "\xE2\x90\xA1";
-        break;
-      default:
-        if (static_cast<unsigned char>(character) < ' ' && character != '\t') {
-          html += "\xE2\x90";
-          html += static_cast<char>(0x80 + character);
-        } else {
-          html += character;
-        }
-    }
-  }
-  return html;
-}
-
-std::string HtmlOf(const CString& text) {
-  return HtmlOf(Utf8OfText({static_cast<LPCSTR>(text), static_cast<size_t>(text.GetLength())}));
-}
+std::string HtmlOf(const CString& text) { return HtmlOf(Utf8Of(text)); }
 
 std::string TextHtml(UINT id) {
   MString text;

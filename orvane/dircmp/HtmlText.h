@@ -4,12 +4,10 @@
 #include <afxwin.h>
 
 #include <string>
-#include <string_view>
 
-// A text in UTF-8 for an element's contents or a quoted attribute's value. Control characters,
-// which a page may not hold, become their pictures (U+2400 on).
-std::string HtmlOf(std::string_view utf8);
-// The same for a text in the ANSI code page.
+#include "lists/ReportText.h"
+
+// As HtmlOf of a text in UTF-8, for one in the ANSI code page.
 std::string HtmlOf(const CString& text);
 // The same for a text of the string table.
 std::string TextHtml(UINT id);

@@ -10,12 +10,6 @@ namespace {
 
 constexpr COLORREF kBlack = RGB(0, 0, 0), kWhite = RGB(255, 255, 255);
 
-std::string htmlOf(std::string_view text) {
-  std::string html;
-  AppendHtml(html, text);
-  return html;
-}
-
 // A text as a string of a style sheet; a "<" could end the sheet.
 std::string styleStringOf(std::string_view text) {
   std::string style = "\"";
@@ -43,11 +37,12 @@ class HtmlReport : public ReportWriter {
   using ReportWriter::ReportWriter;
 
   void Begin() override {
-    const std::string name = htmlOf(m_head.title.empty() ? m_head.product : m_head.title);
+    const std::string name = HtmlOf(m_head.title.empty() ? m_head.product : m_head.title);
     m_html = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n";
-    m_html += kHtmlReportViewport;
-    m_html += "<meta name=\"generator\" content=\"" + htmlOf(m_head.product) + "\">\n";
+    m_html += kHtmlPageViewport;
+    m_html += "<meta name=\"generator\" content=\"" + HtmlOf(m_head.product) + "\">\n";
     m_html += "<title>" + name + "</title>\n<style>\n";
+    m_html += kHtmlPageStyle;
     m_html += kHtmlReportStyle;
     AddColumnStyles();
     m_html += "</style>\n</head>\n<body>\n";
@@ -74,7 +69,7 @@ class HtmlReport : public ReportWriter {
     const size_t address = footer.size() - m_head.url.size();
     AppendHtml(m_html, footer.substr(0, address));
     if (!m_head.url.empty()) {
-      const std::string url = htmlOf(m_head.url);
+      const std::string url = HtmlOf(m_head.url);
       m_html += "<a href=\"" + url + "\">" + url + "</a>";
     }
     m_html += "</footer>\n";
@@ -102,10 +97,10 @@ class HtmlReport : public ReportWriter {
 
   void AddTop() {
     m_html += "<header>\n";
-    if (!m_head.title.empty()) m_html += "<h1>" + htmlOf(m_head.title) + "</h1>\n";
+    if (!m_head.title.empty()) m_html += "<h1>" + HtmlOf(m_head.title) + "</h1>\n";
     if (!m_head.secondaryTitle.empty())
-      m_html += "<p class=\"secondary\">" + htmlOf(m_head.secondaryTitle) + "</p>\n";
-    for (const std::string& note : m_head.notes) m_html += "<p>" + htmlOf(note) + "</p>\n";
+      m_html += "<p class=\"secondary\">" + HtmlOf(m_head.secondaryTitle) + "</p>\n";
+    for (const std::string& note : m_head.notes) m_html += "<p>" + HtmlOf(note) + "</p>\n";
     m_html += "</header>\n";
   }
 

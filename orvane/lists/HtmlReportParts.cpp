@@ -3,40 +3,55 @@
 #include <algorithm>
 #include <cmath>
 
-const std::string_view kHtmlReportViewport =
+const std::string_view kHtmlPageViewport =
     "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n";
+
+const std::string_view kHtmlPageStyle =
+    R"(:root { color-scheme: light; --line: #dde1e6; --quiet: #59636e; --accent: #0b5cad; --shade: #f6f7f9; }
+* { box-sizing: border-box; }
+body { margin: 0; padding: 2rem clamp(1rem, 3vw, 3rem); color: #1b1f24; background: #fff;
+  font: 0.9375rem/1.45 "Segoe UI", system-ui, "Liberation Sans", Arial, sans-serif; }
+h1 { margin: 0; font-size: 1.5rem; line-height: 1.25; font-weight: 600; overflow-wrap: anywhere; }
+a { color: var(--accent); text-underline-offset: 0.15em; }
+a:focus-visible, button:focus-visible { outline: 2px solid var(--accent); outline-offset: 2px; border-radius: 2px; }
+table { width: 100%; border-collapse: separate; border-spacing: 0; font-variant-numeric: tabular-nums; }
+th, td { padding: 0.4rem 0.75rem; text-align: left; vertical-align: top; border-bottom: 1px solid var(--line); overflow-wrap: anywhere; }
+th { position: sticky; top: 0; z-index: 1; background: #fff; border-bottom: 2px solid #b8c0c8; font-weight: 600; }
+td a { color: inherit; text-decoration-color: color-mix(in srgb, currentcolor 40%, transparent); }
+@media screen and (max-width: 40rem) {
+  body { padding: 1.25rem 1rem; }
+  table, thead, tbody, tr, td, th { display: block; }
+}
+@media print {
+  body { padding: 0; font-size: 9pt; color: #000; }
+  a { color: inherit; text-decoration: none; }
+  th { position: static; }
+  th, td { padding: 2pt 5pt; }
+  thead { display: table-header-group; }
+  tr, h1 { break-inside: avoid; }
+  tr { print-color-adjust: exact; -webkit-print-color-adjust: exact; }
+}
+)";
 
 // On a narrow screen a row becomes a block with a line a cell; on paper the titles are on every
 // page.
 const std::string_view kHtmlReportStyle =
-    R"(:root { color-scheme: light; --line: #dde1e6; --quiet: #59636e; --accent: #0b5cad; }
-* { box-sizing: border-box; }
-body { margin: 0 auto; padding: 2rem clamp(1rem, 3vw, 3rem); color: #1b1f24; background: #fff;
-  font: 0.9375rem/1.45 "Segoe UI", system-ui, "Liberation Sans", Arial, sans-serif; }
-header { margin-bottom: 1.5rem; }
-h1 { margin: 0; font-size: 1.5rem; line-height: 1.25; font-weight: 600; overflow-wrap: anywhere; }
+    R"(header { margin-bottom: 1.5rem; }
 header p { margin: 0.25rem 0 0; color: var(--quiet); overflow-wrap: anywhere; }
 header .secondary { margin-bottom: 0.75rem; color: inherit; font-size: 1.0625rem; }
-table { width: 100%; border-collapse: separate; border-spacing: 0; font-variant-numeric: tabular-nums; }
-th, td { padding: 0.4rem 0.75rem; text-align: left; vertical-align: top; border-bottom: 1px solid var(--line); }
-th { position: sticky; top: 0; z-index: 1; background: #fff; border-bottom: 2px solid #b8c0c8; font-weight: 600; white-space: nowrap; }
-td { min-width: 5rem; white-space: pre-wrap; overflow-wrap: anywhere; }
+th { white-space: nowrap; }
+td { min-width: 5rem; white-space: pre-wrap; }
 tbody tr:hover td { box-shadow: inset 0 0 0 100vmax rgb(11 92 173 / 5%); }
-a { color: var(--accent); }
-td a { color: inherit; text-decoration-color: color-mix(in srgb, currentcolor 40%, transparent); text-underline-offset: 0.15em; }
 th:first-child, td:first-child { padding-left: 0.375rem; }
 th button { all: unset; position: relative; cursor: pointer; }
 th button::after { content: "\2193"; position: absolute; left: 100%; padding-left: 0.2em; color: var(--accent); visibility: hidden; }
 th[aria-sort] button::after { visibility: visible; }
 th[aria-sort="ascending"] button::after { content: "\2191"; }
 th button:hover { color: var(--accent); }
-th button:focus-visible, a:focus-visible { outline: 2px solid var(--accent); outline-offset: 2px; border-radius: 2px; }
 footer { margin-top: 1.5rem; color: var(--quiet); font-size: 0.8125rem; }
 @media screen and (max-width: 40rem) {
-  body { padding: 1.25rem 1rem; }
-  table, thead, tbody, tr, td { display: block; }
   thead tr { display: flex; flex-wrap: wrap; gap: 0.5rem; padding-bottom: 0.75rem; }
-  th, th:first-child { position: static; display: block; padding: 0; border: 0; font-size: 0.875rem; }
+  th, th:first-child { position: static; padding: 0; border: 0; font-size: 0.875rem; }
   th button { padding: 0.3rem 0.7rem; border: 1px solid var(--line); border-radius: 1rem; font-weight: 500; }
   th button::after { position: static; }
   th:not([aria-sort]) button::after { content: none; }
@@ -45,14 +60,8 @@ footer { margin-top: 1.5rem; color: var(--quiet); font-size: 0.8125rem; }
   td::before { color: var(--quiet); font-size: 0.8125rem; line-height: 1.7; white-space: normal; }
 }
 @media print {
-  body { padding: 0; font-size: 9pt; color: #000; }
-  thead { display: table-header-group; }
-  th { position: static; }
-  tr, h1 { break-inside: avoid; }
-  th, td { padding: 2pt 5pt; min-width: 0; }
+  th, td { min-width: 0; }
   th button::after { display: none; }
-  a { color: inherit; text-decoration: none; }
-  tr { print-color-adjust: exact; -webkit-print-color-adjust: exact; }
 }
 )";
 

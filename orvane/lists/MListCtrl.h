@@ -146,7 +146,8 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   // refilter: whether the item is shown is decided anew.
   int UpdateItem(unsigned long id, const char* const* values, int withDescription, int refilter);
   int UpdateItemField(unsigned long id, int column, const char* value, int refilter);
-  // Cuts text at its tabs into count pieces; the ones that are missing (ASSERT) are empty.
+  // Cuts text at its tabs into count pieces; the ones that are missing (ASSERT) are empty, and what
+  // stands behind the last one is left out.
   static void BreakDataStr(char* text, int count, const char** pieces);
   void StoreMultiLine(int store) { m_storeMultiLine = store; }
 
@@ -158,7 +159,8 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   int DeleteItem(int row);
   int DeleteAll();
 
-  // The row of an item; the first row whose first column has the text. -1: none.
+  // The row of an item; the first row whose text at position 0 is text, without regard to case. -1:
+  // none.
   int FindItem(unsigned long id) const;
   int FindItem(const char* text) const;
   // kAutomaticId: there is no such row.
@@ -440,6 +442,9 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   void SyncRowCount();
   ViewState TakeView();
   void RestoreView(const ViewState& state);
+  // Rows in ascending order; none is selected yet.
+  void SelectRows(const std::vector<int>& rows);
+  void SelectionReplaced();
   void RowsReplaced(const ViewState& state);
   int FocusedRow() const;
   void Forget(uint32_t record);
@@ -453,7 +458,7 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   void SaveLayout();
 
   int FirstShownColumn() const;
-  int FindByPrefix(const char* prefix, bool whole, int start, bool wrap) const;
+  int FindByPrefix(int column, const char* prefix, bool whole, int start, bool wrap) const;
   int EditableColumn() const;
   void OpenRow(int row);
   int OpenFile(int view);

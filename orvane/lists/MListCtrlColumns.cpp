@@ -118,7 +118,7 @@ void MListCtrl::BreakDataStr(char* text, int count, const char** pieces) {
     if (tab == nullptr) {
       ASSERT(i == count - 1);
       text += strlen(text);
-    } else if (i < count - 1) {
+    } else {
       *tab = 0;
       text = tab + 1;
     }

@@ -244,20 +244,23 @@ void MListCtrl::OnFindRow(NMHDR* header, LRESULT* result) {
   if ((find.lvfi.flags & LVFI_PARAM) != 0)
     *result = FindItem(static_cast<unsigned long>(find.lvfi.lParam));
   else if ((find.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) != 0)
-    *result = FindByPrefix(CString(find.lvfi.psz), (find.lvfi.flags & LVFI_PARTIAL) == 0,
-                           find.iStart, (find.lvfi.flags & LVFI_WRAP) != 0);
+    *result = FindByPrefix(FirstShownColumn(), CString(find.lvfi.psz),
+                           (find.lvfi.flags & LVFI_PARTIAL) == 0, find.iStart,
+                           (find.lvfi.flags & LVFI_WRAP) != 0);
 }
 
+// The leftmost one, which users look at when they type to find a row.
 int MListCtrl::FirstShownColumn() const {
   int order[kMostColumns + 1] = {0};
   if (m_hWnd != nullptr && GetVisibleColNum() > 0) GetColumnOrderArray(order, GetVisibleColNum());
   return DataIndex(order[0], 0);
 }
 
-// The first row from start on whose text in the first shown column begins with prefix, or is it;
-// -1: none. Without regard to case.
-int MListCtrl::FindByPrefix(const char* prefix, bool whole, int start, bool wrap) const {
-  const int column = FirstShownColumn(), count = GetItemCount();
+// The first row from start on whose text in a column begins with prefix, or is it; -1: none.
+// Without regard to case.
+int MListCtrl::FindByPrefix(int column, const char* prefix, bool whole, int start,
+                            bool wrap) const {
+  const int count = GetItemCount();
   if (column < 0 || prefix == nullptr) return -1;
   const bool isText = column != kDescription && m_columns[column].kind == ListColumnText;
   const auto matches = [&](int row) {

@@ -196,7 +196,10 @@ int MListCtrl::FindItem(unsigned long id) const {
   return record == kNone ? -1 : RowOf(record);
 }
 
-int MListCtrl::FindItem(const char* text) const { return FindByPrefix(text, true, 0, false); }
+// Wherever the user has dragged the headers to.
+int MListCtrl::FindItem(const char* text) const {
+  return FindByPrefix(DataIndex(0, 0), text, true, 0, false);
+}
 
 unsigned long MListCtrl::GetItemData(int row) const {
   if (!HasRow(row)) return kAutomaticId;

@@ -103,19 +103,22 @@ MListCtrl::ViewState MListCtrl::TakeView() {
 }
 
 void MListCtrl::RestoreView(const ViewState& state) {
-  if (state.selected.size() == m_rows.size() && m_rows.size() > kFewRows) {
-    SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
-  } else {
-    std::vector<int> rows;
-    rows.reserve(state.selected.size());
-    for (const uint32_t record : state.selected)
-      if (const int row = RowOf(record); row >= 0) rows.push_back(row);
-    // Neighbours after each other make long ranges, which the window finds again faster.
-    std::sort(rows.begin(), rows.end());
-    for (const int row : rows) SetItemState(row, LVIS_SELECTED, LVIS_SELECTED);
-  }
+  std::vector<int> rows;
+  rows.reserve(state.selected.size());
+  for (const uint32_t record : state.selected)
+    if (const int row = RowOf(record); row >= 0) rows.push_back(row);
+  // Neighbours after each other make long ranges, which the window finds again faster.
+  std::sort(rows.begin(), rows.end());
+  SelectRows(rows);
   if (const int row = RowOf(state.focused); row >= 0) SetItemState(row, LVIS_FOCUSED, LVIS_FOCUSED);
   SetSelectionMark(RowOf(state.anchor));
+}
+
+void MListCtrl::SelectRows(const std::vector<int>& rows) {
+  if (rows.size() == m_rows.size() && rows.size() > kFewRows)
+    SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
+  else
+    for (const int row : rows) SetItemState(row, LVIS_SELECTED, LVIS_SELECTED);
 }
 
 void MListCtrl::RowsReplaced(const ViewState& state) {

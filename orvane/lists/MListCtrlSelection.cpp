@@ -40,20 +40,40 @@ int MListCtrl::SelectItemId(unsigned long id, int select) {
 }
 
 void MListCtrl::SelectAll() {
-  if (m_hWnd != nullptr && !m_rows.empty()) SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
+  if (m_hWnd == nullptr || m_rows.empty()) return;
+  {
+    const QuietWindow quiet(*this);
+    // The window would join many short ranges one by one.
+    if (GetSelectedCount() > 0) SetItemState(-1, 0, LVIS_SELECTED);
+    SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
+  }
+  SelectionReplaced();
 }
 
 void MListCtrl::DeselectAll() {
-  if (m_hWnd != nullptr && GetSelectedCount() > 0) SetItemState(-1, 0, LVIS_SELECTED);
+  if (m_hWnd == nullptr || GetSelectedCount() == 0) return;
+  {
+    const QuietWindow quiet(*this);
+    SetItemState(-1, 0, LVIS_SELECTED);
+  }
+  SelectionReplaced();
 }
 
 void MListCtrl::InvertSelection() {
   if (m_hWnd == nullptr) return;
+  std::vector<int> rows;
+  rows.reserve(m_rows.size() - GetSelectedCount());
+  for (int row = 0; row < GetItemCount(); ++row)
+    if (GetItemState(row, LVIS_SELECTED) == 0) rows.push_back(row);
   {
     const QuietWindow quiet(*this);
-    for (int row = 0; row < GetItemCount(); ++row)
-      SetItemState(row, ~GetItemState(row, LVIS_SELECTED), LVIS_SELECTED);
+    SetItemState(-1, 0, LVIS_SELECTED);
+    SelectRows(rows);
   }
+  SelectionReplaced();
+}
+
+void MListCtrl::SelectionReplaced() {
   Invalidate(FALSE);
   ReportSelection();
 }

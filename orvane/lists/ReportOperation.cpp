@@ -13,6 +13,7 @@
 #include "messages/message.h"
 #include "resources/resource.h"
 #include "settings/MString.h"
+#include "util/SystemErrorWords.h"
 
 namespace {
 
@@ -28,16 +29,6 @@ std::unique_ptr<ReportWriter> makeWriter(ReportFormat format, ReportFile& file,
     default:
       return MakeHtmlReport(file, head);
   }
-}
-
-// The system's words for an error, without the end of their sentence, which the message has itself.
-CString wordsFor(DWORD error) {
-  char text[512] = "";
-  FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error,
-                 MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), text, sizeof text, nullptr);
-  CString words(text);
-  words.TrimRight("\r\n .");
-  return words;
 }
 
 // Runs something that gives 0 or an error of the system's; an exception becomes one.
@@ -177,5 +168,5 @@ void ReportOperation::Tell(UINT messageId) const {
 
 void ReportOperation::Tell(UINT messageId, DWORD error) const {
   if (!m_settings.isQuiet)
-    Message::DisplayErrorMessage(messageId, m_settings.outputFile, wordsFor(error));
+    Message::DisplayErrorMessage(messageId, m_settings.outputFile, SystemErrorWords(error));
 }

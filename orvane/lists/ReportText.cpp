@@ -120,6 +120,12 @@ std::string Utf8Of(const CString& text) {
 
 void AppendHtml(std::string& html, std::string_view utf8) { appendReplaced(html, utf8, kHtml); }
 
+std::string HtmlOf(std::string_view utf8) {
+  std::string html;
+  AppendHtml(html, utf8);
+  return html;
+}
+
 void AppendPrintable(std::string& text, std::string_view utf8) {
   appendReplaced(text, utf8, kPrintable);
 }

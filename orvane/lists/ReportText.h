@@ -14,6 +14,7 @@ std::string Utf8Of(const CString& text);
 // Appends a text as the contents of an element or of a quoted attribute (HTML 5). Control
 // characters but tab and line ends, which markup may not hold, become their pictures (U+2400 on).
 void AppendHtml(std::string& html, std::string_view utf8);
+std::string HtmlOf(std::string_view utf8);
 // The same without escaping, for a CDATA section.
 void AppendPrintable(std::string& text, std::string_view utf8);
 

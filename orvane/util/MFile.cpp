@@ -12,6 +12,7 @@
 #include "markup/NoException.h"
 #include "messages/message.h"
 #include "resources/resource.h"
+#include "util/SystemErrorWords.h"
 #include "util/Utf8File.h"
 
 namespace {
@@ -68,17 +69,6 @@ bool replaceFile(const char* name, const char* bytes, size_t size) {
   return file.Open(name) && file.Write(bytes, static_cast<DWORD>(size)) && file.Commit();
 }
 
-// The system's words for an error, without the end of their sentence, which the message has itself.
-CString WordsFor(LONG error) {
-  wchar_t text[512];
-  DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                                static_cast<DWORD>(error),
-                                MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), text, 512, nullptr);
-  // Full stops of the languages that have another one, too.
-  while (length > 0 && wcschr(L"\r\n .\u3002\u0964", text[length - 1]) != nullptr) --length;
-  return CString(text, static_cast<int>(length));
-}
-
 }  // namespace
 
 MFile::MFile()
@@ -105,7 +95,8 @@ int MFile::Open(const char* name, unsigned flags, CFileException* error, int qui
     error->m_lOsError = ERROR_NOT_ENOUGH_MEMORY;
   }
   if (!quiet) {
-    Message::DisplayErrorMessage(IDS_FILE_NOT_OPENED, name, WordsFor(error->m_lOsError));
+    Message::DisplayErrorMessage(IDS_FILE_NOT_OPENED, name,
+                                 SystemErrorWords(static_cast<DWORD>(error->m_lOsError)));
   }
   return 0;
 }

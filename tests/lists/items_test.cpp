@@ -116,7 +116,7 @@ TEST(ListColumns, DataStrings) {
   const char* pieces[3];
   MListCtrl::BreakDataStr(text, 3, pieces);
   EXPECT_STREQ(pieces[1], "");
-  EXPECT_STREQ(pieces[2], "c\td") << "what is left over is the last piece's";
+  EXPECT_STREQ(pieces[2], "c") << "what is left over is no piece's";
   char few[] = "a";
   MListCtrl::BreakDataStr(few, 3, pieces);
   EXPECT_STREQ(pieces[0], "a");

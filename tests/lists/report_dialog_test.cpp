@@ -3,6 +3,8 @@
 
 #include <dlgs.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <set>
 
 #include "diag/AssertVerifyTrace.h"
@@ -390,12 +392,17 @@ TEST_F(ReportDialogTest, StaysAwayWhereNoDialogMayBeShown) {
 TEST_F(ReportDialogTest, BeginsWithTheCommandWhereTheListHasAWindow) {
   const watchdog::ExpectWindows windows;
   CWnd parent;
-  parent.CreateEx(0, AfxRegisterWndClass(0), "List", WS_POPUP | WS_VISIBLE, 0, 0, 400, 300, nullptr,
-                  nullptr);
+  parent.CreateEx(0, AfxRegisterWndClass(0), "List", WS_POPUP | WS_VISIBLE, 400, 250, 400, 300,
+                  nullptr, nullptr);
   ASSERT_TRUE(m_list.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 400, 300), &parent, 1));
   {
     Driver driver({
-        [](HWND window) {
+        [&](HWND window) {
+          CRect dialog, owner;
+          GetWindowRect(window, dialog);
+          parent.GetWindowRect(owner);
+          const CPoint apart = dialog.CenterPoint() - owner.CenterPoint();
+          EXPECT_LE(std::max(std::abs(apart.x), std::abs(apart.y)), 1) << "above its owner";
           EXPECT_TRUE(IsDlgButtonChecked(window, IDC_FORMAT_TEXT));
           EXPECT_EQ(SendDlgItemMessage(window, IDC_REPORT_TITLES, LB_GETCOUNT, 0, 0), 2);
           EXPECT_FALSE(isShown(window, IDC_PREVIEW));
@@ -423,12 +430,15 @@ TEST_F(ReportDialogTest, BeginsWithTheCommandWhereTheListHasAWindow) {
 
 namespace {
 
-// A dialog of another process, as soon as it is there and can be used.
-HWND otherDialog(const char* title) {
-  for (int i = 0; i < 500; ++i, Sleep(10)) {
-    const HWND window = FindWindow("#32770", title);
-    if (window != nullptr && IsWindowVisible(window) && IsWindowEnabled(window)) return window;
-  }
+// A dialog of another process, as soon as it is there and can be used: one with a control, since
+// the system's own dialogs have titles in the language of the user.
+HWND otherDialog(int control) {
+  for (int i = 0; i < 500; ++i, Sleep(10))
+    for (HWND window = nullptr;
+         (window = FindWindowEx(nullptr, window, "#32770", nullptr)) != nullptr;)
+      if (GetDlgItem(window, control) != nullptr && IsWindowVisible(window) &&
+          IsWindowEnabled(window))
+        return window;
   return nullptr;
 }
 
@@ -439,17 +449,17 @@ TEST_F(ReportDialogTest, WritesTheFileThatTheUserNames) {
   const TempFolder folder;
   const std::string file = folder / "made.txt";
   StartedProgram host("list_host.exe show report");
-  const HWND dialog = otherDialog("Report");
+  const HWND dialog = otherDialog(IDC_MAKE_REPORT);
   ASSERT_NE(dialog, nullptr);
   SendDlgItemMessage(dialog, IDC_FORMAT_TEXT, BM_CLICK, 0, 0);
   PostMessage(GetDlgItem(dialog, IDC_MAKE_REPORT), BM_CLICK, 0, 0);
-  const HWND fileDialog = otherDialog("Save As");
+  const HWND fileDialog = otherDialog(cmb13);
   ASSERT_NE(fileDialog, nullptr);
   SendDlgItemMessage(fileDialog, cmb13, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file.c_str()));
   PostMessage(GetDlgItem(fileDialog, IDOK), BM_CLICK, 0, 0);
   for (int i = 0; i < 500 && Driver::TextOf(GetDlgItem(dialog, IDC_REPORT_DONE)).empty(); ++i)
     Sleep(10);
-  ASSERT_EQ(otherDialog("Report"), dialog);
+  ASSERT_EQ(otherDialog(IDC_MAKE_REPORT), dialog);
   PostMessage(dialog, WM_CLOSE, 0, 0);
   EXPECT_EQ(host.Wait(), 0u);
   const std::string text = folder.Read("made.txt");

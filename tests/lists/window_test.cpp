@@ -83,6 +83,7 @@ TEST_F(ListWindowTest, CellsAreReadUnderTheirHeaders) {
   shown.AddItem(1, values, 1);
   int order[] = {3, 1, 0, 2};
   shown.SetColumnOrderArray(4, order);
+  EXPECT_EQ(shown.FindItem("NAME"), 0) << "in the first column as declared";
   const char* const expected[][2] = {
       {"Name", "name"}, {"Size", "5)"}, {"Late", "late"}, {"Description", "about"}};
   ASSERT_EQ(shown.GetHeaderCtrl()->GetItemCount(), 4);
