@@ -39,6 +39,16 @@ bool isMissing(DWORD error) {
          error == ERROR_INVALID_NAME || error == ERROR_BAD_NETPATH;
 }
 
+// What the status bar says of a comparison. Where something could not be read, nobody knows that
+// the folders are the same.
+UINT resultText(const ComparisonList& list) {
+  if (list.WasStopped()) return IDS_STOPPED;
+  const FolderComparison* const comparison = list.Comparison();
+  const bool isWhole = comparison != nullptr && comparison->problems().empty();
+  if (list.HasDifferences() || !isWhole) return IDS_READY;
+  return list.CountOf(FileState::Same) > 0 ? IDS_NO_DIFFERENCES : IDS_NO_DOCUMENTS;
+}
+
 }  // namespace
 
 // The window knows that a list is being filled while one exists.
@@ -217,9 +227,7 @@ void MainFrame::ShowResult() {
     revised = m_compared.revised;
   }
   SetWindowText(FilledText(IDS_TITLE, base, revised, AfxGetAppName()));
-  m_statusText = LoadedText(m_list->WasStopped()       ? IDS_STOPPED
-                            : m_list->HasDifferences() ? IDS_READY
-                                                       : IDS_NO_DIFFERENCES);
+  m_statusText = LoadedText(resultText(*m_list));
   m_status.ShowCounts(m_list.get(), m_metrics);
   SetMessageText(AFX_IDS_IDLEMESSAGE);
 }

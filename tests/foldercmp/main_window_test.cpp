@@ -78,6 +78,13 @@ TEST_F(MainWindow, FindsFoldersTheSame) {
   WaitForRows(host, 3);
   EXPECT_EQ(host.StatusText(0), "The folders are the same.");
   EXPECT_EQ(host.Title(), Base() + " vs. " + Base() + " - Folder Comparison");
+  m_folder.Write("empty\\sub\\x", "");
+  const std::string empty = m_folder / "empty";
+  std::filesystem::remove(empty + "\\sub\\x");
+  host.Type(IDC_BASE_FOLDER, empty);
+  host.Type(IDC_REVISED_FOLDER, empty);
+  host.Do(ID_COMPARE);
+  EXPECT_EQ(host.StatusText(0), "There are no documents to compare.");
 }
 
 // What has changed on the disk is seen, and the user is where he was.

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <vector>
 
+#include "foldercmp/diff/BufferedPaint.h"
 #include "foldercmp/diff/DiffOperation.h"
 #include "foldercmp/diff/diff_ids.h"
 
@@ -135,7 +137,9 @@ void DiffFrame::RecalcLayout(BOOL) {
   }
   m_view.MoveWindow(0, client.top, client.Width(), std::max(0, static_cast<int>(client.Height())));
 
-  CClientDC dc(this);
+  CClientDC dc(&m_status);
+  std::optional<Selected<CFont>> font;
+  if (CFont* const own = m_status.GetFont()) font.emplace(dc, *own);
   const int unit = dc.GetTextExtent("0", 1).cx;
   const int right = client.right;
   const std::array<int, kParts> ends = {std::max(0, right - 94 * unit), right - 70 * unit,
