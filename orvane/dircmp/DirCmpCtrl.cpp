@@ -19,12 +19,6 @@ constexpr COLORREF kBlack = RGB(0, 0, 0), kWhite = RGB(255, 255, 255);
 constexpr COLORREF kStateColours[kFileStates] = {kBlack, RGB(0, 180, 0), RGB(0, 0, 255),
                                                  RGB(255, 0, 0), RGB(128, 128, 128)};
 
-CString loaded(UINT id) {
-  MString text;
-  text.LoadString(id);
-  return text;
-}
-
 // A number stands in the place of the pointer to a text.
 const char* asValue(long number) { return reinterpret_cast<const char*>(number); }
 // A time that a list can't show is none.
@@ -41,7 +35,7 @@ class DirCmpCtrl::Evaluation : public MMultiOperation {
       : MMultiOperation(0, static_cast<unsigned>(list.m_comparison->records().size())),
         m_list(list),
         m_comparison(*list.m_comparison) {
-    SetMessage(loaded(IDS_EVALUATING_FILE_STATUS));
+    SetMessage(MString::Loaded(IDS_EVALUATING_FILE_STATUS));
     SetDisplayProgressOnSingle(1);  // one pair may be as long as a thousand others
   }
 
@@ -95,13 +89,14 @@ int DirCmpCtrl::InitList(const char* baseFolder, const char* revisedFolder, cons
 
 void DirCmpCtrl::AddColumns() {
   SetEnabledColumns(~(1ul << kBaseModified | 1ul << kRevisedModified));
-  AddColumn(loaded(IDS_COLUMN_DOCUMENT_NAME), &CompareStrNocase);
-  AddColumn(loaded(IDS_COLUMN_TYPE), &CompareStrNocase);
-  AddColumn(loaded(IDS_COLUMN_FOLDER_NAME), &CompareStrNocase);
-  AddTimeColumn(loaded(IDS_COLUMN_BASE_MODIFIED), 1);
-  AddTimeColumn(loaded(IDS_COLUMN_REVISED_MODIFIED), 1);
-  AddEnumColumn(loaded(IDS_COLUMN_STATUS), kFileStates, loaded(IDS_FILE_STATES), 1);
-  AddTimeColumn(loaded(IDS_COLUMN_MODIFIED), 1);
+  AddColumn(MString::Loaded(IDS_COLUMN_DOCUMENT_NAME), &CompareStrNocase);
+  AddColumn(MString::Loaded(IDS_COLUMN_TYPE), &CompareStrNocase);
+  AddColumn(MString::Loaded(IDS_COLUMN_FOLDER_NAME), &CompareStrNocase);
+  AddTimeColumn(MString::Loaded(IDS_COLUMN_BASE_MODIFIED), 1);
+  AddTimeColumn(MString::Loaded(IDS_COLUMN_REVISED_MODIFIED), 1);
+  AddEnumColumn(MString::Loaded(IDS_COLUMN_STATUS), kFileStates, MString::Loaded(IDS_FILE_STATES),
+                1);
+  AddTimeColumn(MString::Loaded(IDS_COLUMN_MODIFIED), 1);
 
   SetAltSortKey(kDocumentName, kType, kFolderName);
   SetAltSortKey(kType, kDocumentName, kFolderName);

@@ -35,8 +35,8 @@ CString quoted(CString text) {
 
 void DirCmpCtrl::DoContextMenu(int, unsigned long id, MPopupMenu& menu) {
   if (!IsDocument(id)) return;
-  MString text;
-  text.LoadString(RecordOf(id).state == FileState::Modified ? IDS_ANALYZE : IDS_OPEN);
+  const CString text =
+      MString::Loaded(RecordOf(id).state == FileState::Modified ? IDS_ANALYZE : IDS_OPEN);
   if (menu.GetCount() > 0) menu.InsertMenu(0, MF_BYPOSITION | MF_SEPARATOR);
   menu.InsertMenu(0, MF_BYPOSITION | MF_STRING, FirstUserCommand() + kOpenCommand, text);
   menu.SetDefaultItem(FirstUserCommand() + kOpenCommand);

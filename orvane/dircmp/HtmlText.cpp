@@ -15,11 +15,7 @@ bool IsUnreserved(char character) {
 
 std::string HtmlOf(const CString& text) { return HtmlOf(Utf8Of(text)); }
 
-std::string TextHtml(UINT id) {
-  MString text;
-  text.LoadString(id);
-  return HtmlOf(text);
-}
+std::string TextHtml(UINT id) { return HtmlOf(MString::Loaded(id)); }
 
 std::string RelativeUrl(const CString& path) {
   const std::string utf8 = Utf8OfText(static_cast<LPCSTR>(path));

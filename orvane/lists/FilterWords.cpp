@@ -16,12 +16,6 @@ constexpr UINT kConditionTexts[] = {IDS_FILTER_INCLUDE_ALL,         IDS_FILTER_E
                                     IDS_FILTER_DOES_NOT_CONTAIN};
 static_assert(std::size(kConditionTexts) == StringFilter::kConditions);
 
-CString loaded(UINT id) {
-  MString text;
-  text.LoadString(id);
-  return text;
-}
-
 CString filled(UINT id, const MInsert& one, const MInsert& two = {}) {
   MString text;
   text.FormatMessage(id, one, two);
@@ -29,7 +23,7 @@ CString filled(UINT id, const MInsert& one, const MInsert& two = {}) {
 }
 
 CString condition(int index, const CString& operand) {
-  return loaded(kConditionTexts[index]) + " \"" + operand + "\"";
+  return ConditionInWords(index) + " \"" + operand + "\"";
 }
 
 CString words(const StringFilter& filter) {
@@ -42,12 +36,12 @@ CString words(const StringFilter& filter) {
   const bool hasSecond = set.secondCondition != StringFilter::IncludeAll && !isOpenRange;
   // Either of two conditions is enough, and one of them is always true.
   if (!set.bothConditions && !isOpenRange && !(hasFirst && hasSecond))
-    return loaded(IDS_FILTER_INCLUDE_ALL);
-  if (!hasFirst && !hasSecond) return loaded(IDS_FILTER_INCLUDE_ALL);
+    return MString::Loaded(IDS_FILTER_INCLUDE_ALL);
+  if (!hasFirst && !hasSecond) return MString::Loaded(IDS_FILTER_INCLUDE_ALL);
   CString text;
   if (hasFirst) text = condition(set.firstCondition, set.firstText);
   if (hasFirst && hasSecond)
-    text += " " + loaded(set.bothConditions ? IDS_FILTER_AND : IDS_FILTER_OR) + " ";
+    text += " " + MString::Loaded(set.bothConditions ? IDS_FILTER_AND : IDS_FILTER_OR) + " ";
   if (hasSecond) text += condition(set.secondCondition, set.secondText);
   return text;
 }
@@ -60,7 +54,7 @@ CString words(const EnumFilter& filter) {
     if (!text.IsEmpty()) text += ", ";
     text += texts[value];
   }
-  return text.IsEmpty() ? loaded(IDS_FILTER_NOTHING) : text;
+  return text.IsEmpty() ? MString::Loaded(IDS_FILTER_NOTHING) : text;
 }
 
 CString range(const DataFilter& filter, const CString& from, const CString& to) {
@@ -93,9 +87,12 @@ CString words(const DataFilter* filter) {
 
 }  // namespace
 
+CString ConditionInWords(int condition) { return MString::Loaded(kConditionTexts[condition]); }
+
 CString FilterInWords(const MListCtrl& list, const ReportFilter& filter, bool isPrimary) {
   if (!filter.isActive || filter.filter == nullptr) return {};
-  CString text = loaded(isPrimary ? IDS_REPORT_PRIMARY_FILTER : IDS_REPORT_SECONDARY_FILTER);
+  CString text =
+      MString::Loaded(isPrimary ? IDS_REPORT_PRIMARY_FILTER : IDS_REPORT_SECONDARY_FILTER);
   text += " " + list.GetColName(filter.column, 1);
   const CString condition = words(filter.filter.get());
   if (!condition.IsEmpty()) text += ": " + condition;

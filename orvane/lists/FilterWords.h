@@ -1,4 +1,4 @@
-// A report's filters in words.
+// Filters in words.
 #pragma once
 
 #include <afxwin.h>
@@ -8,7 +8,10 @@
 
 class MListCtrl;
 
-// "Primary filter on column Name: is greater than or equal to "a" and is less than ...", or the
-// same with "Secondary". Empty: the filter is not active. A filter of a client's own kind is named
-// without its condition.
+// "is greater than", of a StringFilter::Condition.
+CString ConditionInWords(int condition);
+
+// A report's filter: "Primary filter on column Name: is greater than or equal to "a" and is less
+// than ...", or the same with "Secondary". Empty: the filter is not active. A filter of a client's
+// own kind is named without its condition.
 ORVANE_API CString FilterInWords(const MListCtrl& list, const ReportFilter& filter, bool isPrimary);

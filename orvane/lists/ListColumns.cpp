@@ -9,3 +9,8 @@ void ListColumns::Add(const ListColumn& column) {
   m_columns.back().position = VisibleCount();
   m_visible.push_back(index);
 }
+
+void ListColumns::Cut(int count) {
+  if (Count() > count) m_columns.resize(static_cast<size_t>(count));
+  while (!m_visible.empty() && m_visible.back() >= count) m_visible.pop_back();
+}

@@ -44,6 +44,8 @@ class ListColumns {
   }
   // Gives the column its position. Throws std::bad_alloc.
   void Add(const ListColumn& column);
+  // Keeps the first count columns.
+  void Cut(int count);
   // The data index of a position, -1: nothing is shown there.
   int AtPosition(int position) const {
     return position >= 0 && position < VisibleCount() ? m_visible[position] : -1;

@@ -1,9 +1,5 @@
 #include "lists/MListCtrl.h"
 
-#include <algorithm>
-#include <cstring>
-
-#include "diag/trace.h"
 #include "resources/resource.h"
 #include "settings/MakerAddresses.h"
 

@@ -100,8 +100,8 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
 
   // --- Columns: each declaration appends one; declare all before the first item ---
   //
-  // 1, or 0: there are kMostColumns already. Columns that can be sorted have an entry in the
-  // "Sort By" menu. Enum and Time columns are not to be the first.
+  // 1, or 0: there are kMostColumns already, or no memory. Columns that can be sorted have an entry
+  // in the "Sort By" menu. Enum and Time columns are not to be the first.
 
   // The columns that are shown, bit i for data index i; once, before they are declared.
   void SetEnabledColumns(unsigned long mask) { m_columns.SetEnabled(mask); }
@@ -168,7 +168,7 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   int GetItemCount() const { return static_cast<int>(m_rows.size()); }
   // All items, shown or not.
   int GetStoredCount() const { return static_cast<int>(m_map.Count()); }
-  // Counts all items by the text of a cell. 1, or 0: no such column.
+  // Counts all items by the text of a cell. 1, or 0: no such column, or no memory.
   int GetItemCnt(int column, CStrMap<unsigned int>& counts, int byDataIndex = 1) const;
 
   // Values, by data index; -1: no such item, or the column is of another kind.

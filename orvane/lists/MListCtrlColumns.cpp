@@ -92,8 +92,14 @@ int MListCtrl::AppendColumn(const ListColumn& column) {
     ASSERT(FALSE);
     return 0;
   }
-  m_map.AddSlot(column.kind == ListColumnText);
-  m_columns.Add(column);
+  try {
+    m_columns.Add(column);
+    m_map.AddSlot(column.kind == ListColumnText);
+  } catch (const std::bad_alloc&) {
+    ASSERT(FALSE);
+    m_columns.Cut(index);
+    return 0;
+  }
   const int position = m_columns[index].position;
   if (position < 0) return 1;
   if (column.CanBeSorted())

@@ -4,7 +4,6 @@
 #include <new>
 #include <string>
 
-#include "diag/trace.h"
 #include "entry/Handles.h"
 #include "lists/MListCtrl.h"
 #include "lists/TextMatch.h"
@@ -16,12 +15,6 @@ namespace {
 constexpr char kOpenText[] = "Open", kViewText[] = "View";
 constexpr int kHelpBuffer = 260;
 constexpr int kRowsAhead = 16;  // how far before its use a row is fetched from memory
-
-CString loaded(UINT id) {
-  MString text;
-  text.LoadString(id);
-  return text;
-}
 
 bool isDown(int key) { return GetKeyState(key) < 0; }
 
@@ -92,13 +85,13 @@ int MListCtrl::GetCmdHelpMsg(UINT code, char* buffer) const {
   if (code == CommandOpen)
     text = kOpenText;
   else if (code == CommandSelectAll)
-    text = loaded(IDS_SELECT_ALL);
+    text = MString::Loaded(IDS_SELECT_ALL);
   else if (code == CommandInvertSelection)
-    text = loaded(IDS_INVERT_SELECTION);
+    text = MString::Loaded(IDS_INVERT_SELECTION);
   else if (code == CommandReverseOrder)
-    text = loaded(IDS_REVERSE_ORDER);
+    text = MString::Loaded(IDS_REVERSE_ORDER);
   else if (code >= CommandSortBy && code < CommandUserFirst && m_sortMenu.FindCommand(code) >= 0)
-    text = loaded(IDS_SORT_BY) + " " + m_columns[column].title;
+    text = MString::Loaded(IDS_SORT_BY) + " " + m_columns[column].title;
   if (text.IsEmpty()) return 0;
   lstrcpynA(buffer, text, kHelpBuffer);
   return 1;
@@ -119,7 +112,7 @@ void MListCtrl::MarkSortMenu() {
 
 void MListCtrl::AttachSortMenu(CMenu& menu) {
   MarkSortMenu();
-  MPopupMenu::AppendCopy(menu, m_sortMenu, loaded(IDS_SORT_BY));
+  MPopupMenu::AppendCopy(menu, m_sortMenu, MString::Loaded(IDS_SORT_BY));
 }
 
 void MListCtrl::FillContextMenu(MPopupMenu& menu) {
@@ -129,14 +122,14 @@ void MListCtrl::FillContextMenu(MPopupMenu& menu) {
     menu.SetDefaultItem(CommandOpen);
   }
   if (m_onLabelEdit && onRow && EditableColumn() >= 0)
-    menu.AppendItem(CommandRename, loaded(IDS_RENAME) + "\tF2");
+    menu.AppendItem(CommandRename, MString::Loaded(IDS_RENAME) + "\tF2");
   menu.AppendSeparator();
-  menu.AppendItem(CommandSelectAll, loaded(IDS_SELECT_ALL) + "\tCtrl+A", !m_rows.empty());
-  menu.AppendItem(CommandInvertSelection, loaded(IDS_INVERT_SELECTION), !m_rows.empty());
+  menu.AppendItem(CommandSelectAll, MString::Loaded(IDS_SELECT_ALL) + "\tCtrl+A", !m_rows.empty());
+  menu.AppendItem(CommandInvertSelection, MString::Loaded(IDS_INVERT_SELECTION), !m_rows.empty());
   if (m_sortMenu.GetCount() == 0) return;
   menu.AppendSeparator();
   AttachSortMenu(menu);
-  menu.AppendItem(CommandReverseOrder, loaded(IDS_REVERSE_ORDER), m_sortColumn >= 0);
+  menu.AppendItem(CommandReverseOrder, MString::Loaded(IDS_REVERSE_ORDER), m_sortColumn >= 0);
 }
 
 void MListCtrl::OnContextMenu(CWnd* window, CPoint point) {

@@ -1,12 +1,11 @@
 // Items: adding, changing, deleting, and the texts of their cells.
-#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <new>
 
 #include "diag/trace.h"
 #include "lists/MListCtrl.h"
-#include "lists/TextMatch.h"
+#include "markup/NoException.h"
 #include "messages/message.h"
 #include "resources/resource.h"
 #include "util/TimeUtil.h"
@@ -209,9 +208,11 @@ unsigned long MListCtrl::GetItemData(int row) const {
 int MListCtrl::GetItemCnt(int column, CStrMap<unsigned int>& counts, int byDataIndex) const {
   const int index = DataIndex(column, byDataIndex);
   if (index < 0) return 0;
-  for (uint32_t record = m_map.First(); record != kNone; record = m_map.Next(record))
-    ++counts[CellText(record, index, 0)];
-  return 1;
+  return WithoutException([&] {
+    for (uint32_t record = m_map.First(); record != kNone; record = m_map.Next(record))
+      ++counts[CellText(record, index, 0)];
+    return 1;
+  });
 }
 
 // --- Values and texts ---

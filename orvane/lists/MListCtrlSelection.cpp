@@ -1,8 +1,5 @@
 // Selection, and what clients do with it.
-#include <algorithm>
 
-#include "diag/trace.h"
-#include "entry/Handles.h"
 #include "lists/MListCtrl.h"
 
 int MListCtrl::GetSelectedCnt() const {

@@ -1,6 +1,4 @@
 // The order of the rows.
-#include <algorithm>
-#include <climits>
 #include <cstring>
 #include <new>
 

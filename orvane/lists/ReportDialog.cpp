@@ -52,12 +52,6 @@ constexpr struct {
                 {"tsv", IDS_REPORT_FILES_TABS}};
 static_assert(std::size(kFormats) == static_cast<size_t>(ReportFormat::kCount));
 
-CString loaded(UINT id) {
-  MString text;
-  text.LoadString(id);
-  return text;
-}
-
 // A title as the name of a file.
 CString asFileName(CString title) {
   for (char* c = title.GetBuffer(0); *c != 0; c = CharNext(c))
@@ -128,7 +122,7 @@ BOOL ReportDialog::OnInitDialog() {
 
 void ReportDialog::FillSortColumns() {
   ColumnCombo columns(*this, IDC_SORT_COLUMN);
-  columns.Add(loaded(IDS_REPORT_LIST_ORDER), -1);
+  columns.Add(MString::Loaded(IDS_REPORT_LIST_ORDER), -1);
   for (int column = 0; column < m_list.GetColumnCount(); ++column)
     if (m_list.CanSortBy(column) &&
         (m_list.ColumnEnabled(column) || column == m_settings.sortColumn))
@@ -250,7 +244,7 @@ void ReportDialog::OnPreview() {
                             ExtensionOf(preview.format));
   if (Generate(preview) && !Open(preview.outputFile))
     Message::DisplayErrorMessage(IDS_FILE_NOT_OPENED, preview.outputFile,
-                                 loaded(IDS_REPORT_NO_PROGRAM));
+                                 MString::Loaded(IDS_REPORT_NO_PROGRAM));
 }
 
 void ReportDialog::OnMakeReport() {
@@ -274,7 +268,7 @@ void ReportDialog::OnMakeReport() {
 CString ReportDialog::SuggestedFile() const {
   CString path = withoutExtension(m_settings.outputFile);
   if (path.IsEmpty()) path = asFileName(m_list.ListTitle());
-  if (path.IsEmpty()) path = loaded(IDS_REPORT_FILE_NAME);
+  if (path.IsEmpty()) path = MString::Loaded(IDS_REPORT_FILE_NAME);
   return path + "." + ExtensionOf(m_settings.format);
 }
 
@@ -290,7 +284,7 @@ void ReportDialog::OnCancel() {
 // --- The world around ---
 
 CString ReportDialog::AskForFile(const CString& path) {
-  CString types = loaded(kFormats[static_cast<size_t>(m_settings.format)].filesId);
+  CString types = MString::Loaded(kFormats[static_cast<size_t>(m_settings.format)].filesId);
   types.Replace('|', '\0');
   std::string file(kLongestPath, 0);
   if (path.GetLength() < kLongestPath) file.replace(0, static_cast<size_t>(path.GetLength()), path);

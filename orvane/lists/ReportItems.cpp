@@ -12,12 +12,6 @@ namespace {
 
 constexpr COLORREF kBlack = RGB(0, 0, 0), kWhite = RGB(255, 255, 255);
 
-CString loaded(UINT id) {
-  MString text;
-  text.LoadString(id);
-  return text;
-}
-
 // Titles may come from anywhere; in a report they stand on one line.
 std::string lineOf(CString text) {
   text.Replace("\r\n", " ");
@@ -89,7 +83,7 @@ ReportHead ReportItems::Head() const {
   const CString now =
       DisplayDate(CTime::GetCurrentTime(),
                   format.IsEmpty() ? nullptr : static_cast<LPCTSTR>(format), m_list.m_displayTz);
-  head.notes.push_back(lineOf(count + " " + loaded(IDS_REPORT_ON) + " " + now));
+  head.notes.push_back(lineOf(count + " " + MString::Loaded(IDS_REPORT_ON) + " " + now));
 
   head.sortedBy = -1;
   head.isDescending = m_settings.isDescending;
@@ -102,7 +96,7 @@ ReportHead ReportItems::Head() const {
   }
   head.product = lineOf(m_list.ProductName());
   head.url = lineOf(m_list.ProductUrl());
-  head.footer = lineOf(loaded(IDS_REPORT_GENERATED_BY)) + head.product;
+  head.footer = lineOf(MString::Loaded(IDS_REPORT_GENERATED_BY)) + head.product;
   if (!head.url.empty()) head.footer += ", " + head.url;
   return head;
 }

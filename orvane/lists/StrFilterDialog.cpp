@@ -2,26 +2,15 @@
 
 #include <afxcmn.h>
 
+#include "lists/FilterWords.h"
 #include "lists/filter_dialogs_ids.h"
 #include "resources/resource.h"
+#include "settings/MString.h"
 
 BEGIN_MESSAGE_MAP(StrFilterDialog, CDialog)
 ON_CBN_SELCHANGE(IDC_FIRST_CONDITION, OnCondition)
 ON_CBN_SELCHANGE(IDC_SECOND_CONDITION, OnCondition)
 END_MESSAGE_MAP()
-
-namespace {
-
-// In the order of the conditions.
-constexpr UINT kTexts[] = {IDS_FILTER_INCLUDE_ALL,         IDS_FILTER_EQUALS,
-                           IDS_FILTER_DOES_NOT_EQUAL,      IDS_FILTER_IS_GREATER,
-                           IDS_FILTER_IS_GREATER_OR_EQUAL, IDS_FILTER_IS_LESS,
-                           IDS_FILTER_IS_LESS_OR_EQUAL,    IDS_FILTER_BEGINS_WITH,
-                           IDS_FILTER_DOES_NOT_BEGIN_WITH, IDS_FILTER_CONTAINS,
-                           IDS_FILTER_DOES_NOT_CONTAIN};
-static_assert(sizeof kTexts / sizeof *kTexts == StringFilter::kConditions);
-
-}  // namespace
 
 StrFilterDialog::StrFilterDialog(const StringFilter& filter, CWnd* owner)
     : CDialog(IDD_STRING_FILTER, owner), m_filter(filter), m_settings(filter.Get()) {}
@@ -31,8 +20,8 @@ void StrFilterDialog::FillConditions(UINT id, UINT firstTextId) const {
   auto& combo = *static_cast<CComboBox*>(GetDlgItem(static_cast<int>(id)));
   for (int condition = 0; condition < StringFilter::kConditions; ++condition) {
     if (!m_filter.CanUse(condition)) continue;
-    CString text;
-    text.LoadString(condition == 0 ? firstTextId : kTexts[condition]);
+    const CString text =
+        condition == 0 ? MString::Loaded(firstTextId) : ConditionInWords(condition);
     combo.SetItemData(combo.AddString(text), static_cast<DWORD>(condition));
   }
 }

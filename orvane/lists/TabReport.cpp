@@ -1,6 +1,7 @@
 // Reports as tab-separated values, the way spreadsheet programs read them back: a value with a tab,
 // a line end or a quote in it stands between quotes, its own quotes doubled. The byte-order mark
-// tells them that it is UTF-8.
+// tells them that it is UTF-8. A value that such a program takes for a formula, with "=" before it,
+// is not guarded: what is read back must be the list's value.
 #include "lists/ReportWriter.h"
 
 #include <string>

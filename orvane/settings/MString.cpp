@@ -95,6 +95,12 @@ BOOL MString::LoadString(UINT id, HINSTANCE module) {
   return CString::LoadString(id);
 }
 
+CString MString::Loaded(UINT id) {
+  MString text;
+  text.LoadString(id);
+  return text;
+}
+
 BOOL MString::FormatMessage(UINT id, const MInsert& one, const MInsert& two, const MInsert& three) {
   return Fill(id, one, two, three, nullptr);
 }

@@ -52,6 +52,8 @@ class ORVANE_API MString : public CString {
   using CString::operator=;
 
   BOOL LoadString(UINT id, HINSTANCE module = nullptr);
+  // A text of a table, empty when none has the id.
+  static CString Loaded(UINT id);
 
   // Loads a text and puts inserts in the place of its %1, %2 and %3, as CString::FormatMessage
   // does, with two more safeguards: an insert may be a text or a number whatever the text expects
