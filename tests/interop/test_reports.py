@@ -25,8 +25,10 @@ CLICKS = [(3, "ascending"), (3, "descending"), (3, "ascending"), (2, "ascending"
 VOID = {"meta", "br"}
 # What texts are made of: all that HTML, XML or spreadsheets could take for something else.
 PIECES = ["<", ">", "&", '"', "'", "&amp;", "&#65;", "]]>", "<!--", "-->", "<script>", "</td>", "=", "\\",
-          "\r\n", " ", "  ", "\x01", "\x1f", "\x7f", "é", "ü", "€", "\xa0", "ÿ", "a", "B", "1", "12", ",", ";",
-          "%20", "`", "{}", "word"]  # fmt: skip
+          "\r\n", " ", "  ", "\x01", "\x1f", "\x7f", "a", "B", "1", "12", ",", ";", "%20", "`", "{}", "word",
+          *interop.WORDS]  # fmt: skip
+if interop.ANSI != "cp932":  # which has no such blank
+    PIECES.append("\xa0")
 
 
 def make_items():

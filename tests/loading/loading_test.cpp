@@ -13,6 +13,9 @@ namespace {
 
 constexpr UINT kScanningFolders = 23255;
 
+// Wine's dialogs and shell keep some handles each time that they are loaded: they stay loaded.
+const HMODULE kSystemLibraries[] = {LoadLibraryA("comdlg32.dll"), LoadLibraryA("shell32.dll")};
+
 class Library {
  public:
   Library() : m_module(LoadLibraryA("orvane.dll")) { allocations::Install(); }

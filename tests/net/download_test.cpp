@@ -290,7 +290,7 @@ TEST(Download, LeavesAloneWhatItMustNotReplace) {
   } kCases[] = {
       {kept, ERROR_ACCESS_DENIED},
       {folder / "folder", ERROR_ACCESS_DENIED},
-      {folder / "no folder\\file", ERROR_DIRECTORY},
+      {folder / "no folder\\file", ERROR_PATH_NOT_FOUND},
       {folder / std::string(300, 'x'), ERROR_FILENAME_EXCED_RANGE},
   };
   for (const auto& each : kCases) {
