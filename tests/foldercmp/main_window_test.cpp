@@ -287,7 +287,8 @@ TEST_F(MainWindow, OpensItsDialogs) {
   const struct {
     UINT command;
     const char *title, *text;
-  } cases[] = {{ID_CHOOSE_BASE, "Browse for Folder", "The base folder of the comparison:"},
+  } cases[] = {// The title of this one is the system's, in its language.
+               {ID_CHOOSE_BASE, "", "The base folder of the comparison:"},
                {ID_OPTIONS, "Options", "White space:"},
                {ID_REPORT, "Report", "Tab-separated values"},
                {ID_REPORT_PAGES, "Configure Hyper-link Reports", "Deleted files"},
@@ -295,8 +296,8 @@ TEST_F(MainWindow, OpensItsDialogs) {
   for (const auto& c : cases) {
     host.Post(c.command);
     const HWND dialog = host.Dialog();
-    EXPECT_EQ(HostProgram::TextOf(dialog), c.title);
-    EXPECT_NE(HostProgram::TextsIn(dialog).find(c.text), std::string::npos) << c.title;
+    EXPECT_TRUE(*c.title == 0 || HostProgram::TextOf(dialog) == c.title) << c.title;
+    EXPECT_NE(HostProgram::TextsIn(dialog).find(c.text), std::string::npos) << c.text;
     PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
     EXPECT_TRUE(HostProgram::Wait([&] { return !IsWindow(dialog); })) << c.title;
   }
