@@ -57,12 +57,15 @@ bool IsSameLetter(const char* a, int lengthA, const char* b, int lengthB) {
 const char* PastPrefixNoCase(const char* text, const char* pattern) {
   const FoldTable& fold = Fold();
   while (*pattern != 0) {
+    const auto a = static_cast<unsigned char>(*text), b = static_cast<unsigned char>(*pattern);
+    if (fold.length[a] == 1 && fold.length[b] == 1) {
+      if (fold.lower[a] != fold.lower[b]) return nullptr;
+      ++text;
+      ++pattern;
+      continue;
+    }
     const int lengthA = fold.LengthAt(text), lengthB = fold.LengthAt(pattern);
-    const bool isSame = lengthA == 1 && lengthB == 1
-                            ? fold.lower[static_cast<unsigned char>(*text)] ==
-                                  fold.lower[static_cast<unsigned char>(*pattern)]
-                            : IsSameLetter(text, lengthA, pattern, lengthB);
-    if (!isSame) return nullptr;
+    if (!IsSameLetter(text, lengthA, pattern, lengthB)) return nullptr;
     text += lengthA;
     pattern += lengthB;
   }
