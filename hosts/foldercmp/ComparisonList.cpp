@@ -31,7 +31,7 @@ BOOL ComparisonList::Create(CWnd& parent, UINT id, CFont& font) {
       WS_CHILD | WS_BORDER | WS_TABSTOP | WS_GROUP | LVS_REPORT | LVS_SHOWSELALWAYS;
   SetRegistryKey(kListKey);
   SetSortMethod(1, 1);
-  SetUrlAndProduct("", LoadedText(IDS_PRODUCT));
+  SetUrlAndProduct("", MString::Loaded(IDS_PRODUCT));
   if (!DirCmpCtrl::Create(kStyle, CRect(0, 0, 0, 0), &parent, id)) return FALSE;
   SetFont(&font);
   unsigned long ignored = 0;
@@ -105,7 +105,7 @@ void ComparisonList::DoContextMenu(int row, unsigned long id, MPopupMenu& menu) 
   const auto insert = [&](UINT place, Command command, UINT text) {
     const UINT state = HasDocument(command) ? MF_ENABLED : MF_GRAYED;
     menu.InsertMenu(place, MF_BYPOSITION | MF_STRING | state, FirstUserCommand() + command,
-                    LoadedText(text));
+                    MString::Loaded(text));
   };
   insert(1, kOpenBase, IDS_OPEN_BASE);
   insert(2, kOpenRevised, IDS_OPEN_REVISED);

@@ -26,20 +26,20 @@ CString text(const CWnd& window) {
 
 BOOL FilterBar::Create(CWnd& parent) {
   constexpr DWORD kShown = WS_CHILD | WS_VISIBLE, kStop = kShown | WS_TABSTOP | WS_GROUP;
-  if (!m_label.Create(LoadedText(IDS_FILTER_LABEL), kShown | SS_LEFT | SS_CENTERIMAGE, kNoPlace,
-                      &parent, IDC_FILTER_LABEL) ||
+  if (!m_label.Create(MString::Loaded(IDS_FILTER_LABEL), kShown | SS_LEFT | SS_CENTERIMAGE,
+                      kNoPlace, &parent, IDC_FILTER_LABEL) ||
       !m_text.CreateEx(WS_EX_CLIENTEDGE, "EDIT", "", kStop | ES_AUTOHSCROLL, kNoPlace, &parent,
                        IDC_FILTER_TEXT) ||
-      !m_columnLabel.Create(LoadedText(IDS_FILTER_COLUMN_LABEL),
+      !m_columnLabel.Create(MString::Loaded(IDS_FILTER_COLUMN_LABEL),
                             kShown | SS_CENTER | SS_CENTERIMAGE, kNoPlace, &parent,
                             IDC_FILTER_COLUMN_LABEL) ||
       !m_column.Create(kStop | CBS_DROPDOWNLIST | WS_VSCROLL, kNoPlace, &parent, IDC_FILTER_COLUMN))
     return FALSE;
   m_text.SetLimitText(kMostTyped);
-  for (const UINT id : kColumnTexts) m_column.AddString(LoadedText(id));
+  for (const UINT id : kColumnTexts) m_column.AddString(MString::Loaded(id));
   for (UINT i = 0; i < kHideableStates; ++i) {
     const DWORD group = i == 0 ? WS_GROUP : 0;
-    if (!m_states[i].Create(LoadedText(IDS_SHOW_FIRST + i),
+    if (!m_states[i].Create(MString::Loaded(IDS_SHOW_FIRST + i),
                             kShown | WS_TABSTOP | group | BS_AUTOCHECKBOX, kNoPlace, &parent,
                             IDC_SHOW_FIRST + i))
       return FALSE;
@@ -67,7 +67,7 @@ void FilterBar::Place(const CRect& line, int labelWidth, const PanelMetrics& met
   }
   int columnWidth = 0;
   for (const UINT id : kColumnTexts)
-    columnWidth = std::max(columnWidth, metrics.TextWidth(LoadedText(id)));
+    columnWidth = std::max(columnWidth, metrics.TextWidth(MString::Loaded(id)));
   columnWidth += GetSystemMetrics(SM_CXVSCROLL) + metrics.Width(8);
   right -= columnWidth;
   m_column.MoveWindow(right, line.top, columnWidth,

@@ -41,10 +41,10 @@ CString text(const CWnd& window) {
 BOOL FolderBox::Create(CWnd& parent, UINT labelId, UINT labelText, UINT browseText) {
   constexpr DWORD kShown = WS_CHILD | WS_VISIBLE;
   constexpr DWORD kEditStyle = CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_VSCROLL | WS_TABSTOP | WS_GROUP;
-  if (!m_label.Create(LoadedText(labelText), kShown | SS_LEFT | SS_CENTERIMAGE, kNoPlace, &parent,
-                      labelId) ||
+  if (!m_label.Create(MString::Loaded(labelText), kShown | SS_LEFT | SS_CENTERIMAGE, kNoPlace,
+                      &parent, labelId) ||
       !m_edit.Create(kShown | kEditStyle, kNoPlace, &parent, labelId + 1) ||
-      !m_browse.Create(LoadedText(browseText), kShown | BS_PUSHBUTTON | WS_TABSTOP | WS_GROUP,
+      !m_browse.Create(MString::Loaded(browseText), kShown | BS_PUSHBUTTON | WS_TABSTOP | WS_GROUP,
                        kNoPlace, &parent, labelId + 2))
     return FALSE;
   m_edit.LimitText(kMostTyped);
@@ -117,7 +117,7 @@ bool FolderBox::HasFocus() const {
 }
 
 void FolderBox::Browse(CWnd& owner, UINT title) {
-  const CString before = Folder(), heading = LoadedText(title);
+  const CString before = Folder(), heading = MString::Loaded(title);
   char path[MAX_PATH] = "";
   BROWSEINFOA browse = {};
   browse.hwndOwner = owner;

@@ -1,13 +1,7 @@
-// Texts of the string tables: the program's and the library's.
+// Texts of the string tables, the program's and the library's, with inserts.
 #pragma once
 
 #include "settings/MString.h"
-
-inline MString LoadedText(UINT id) {
-  MString text;
-  text.LoadString(id);
-  return text;
-}
 
 template <class... Inserts>
 MString FilledText(UINT id, const Inserts&... inserts) {

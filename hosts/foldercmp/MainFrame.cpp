@@ -79,18 +79,18 @@ BOOL MainFrame::OnCreateClient(LPCREATESTRUCT, CCreateContext*) {
   constexpr DWORD kShown = WS_CHILD | WS_VISIBLE, kButton = kShown | WS_TABSTOP | WS_GROUP;
   const CRect noPlace(0, 0, 0, 0);
   if (!m_base.Create(*this, IDC_BASE_LABEL, IDS_BASE_LABEL, IDS_BASE_BROWSE) ||
-      !m_compareButton.Create(LoadedText(IDS_COMPARE_BUTTON), kButton | BS_DEFPUSHBUTTON, noPlace,
-                              this, IDC_COMPARE) ||
+      !m_compareButton.Create(MString::Loaded(IDS_COMPARE_BUTTON), kButton | BS_DEFPUSHBUTTON,
+                              noPlace, this, IDC_COMPARE) ||
       !m_revised.Create(*this, IDC_REVISED_LABEL, IDS_REVISED_LABEL, IDS_REVISED_BROWSE) ||
-      !m_swapButton.Create(LoadedText(IDS_SWAP_BUTTON), kButton | BS_PUSHBUTTON, noPlace, this,
+      !m_swapButton.Create(MString::Loaded(IDS_SWAP_BUTTON), kButton | BS_PUSHBUTTON, noPlace, this,
                            IDC_SWAP) ||
       !m_filterBar.Create(*this) ||
-      !m_hint.Create(LoadedText(IDS_HINT), kShown | SS_CENTER | SS_CENTERIMAGE, noPlace, this,
+      !m_hint.Create(MString::Loaded(IDS_HINT), kShown | SS_CENTER | SS_CENTERIMAGE, noPlace, this,
                      IDC_HINT) ||
       !m_status.Create(*this))
     return FALSE;
   SetFonts();
-  m_statusText = LoadedText(IDS_READY);
+  m_statusText = MString::Loaded(IDS_READY);
   m_recent.Load();
   ShowRecentPairs();
   if (!m_recent.Pairs().empty()) ShowPair(m_recent.Pairs().front());
@@ -175,8 +175,8 @@ void MainFrame::RecalcLayout(BOOL) {
   const int between = m_metrics.Height(kMargin), height = m_base.Height();
   const int labelWidth = std::max(m_base.LabelWidth(m_metrics), m_revised.LabelWidth(m_metrics));
   const int browseWidth = std::max(m_base.ButtonWidth(m_metrics), m_revised.ButtonWidth(m_metrics));
-  const int buttonWidth = std::max(m_metrics.TextWidth(LoadedText(IDS_COMPARE_BUTTON)),
-                                   m_metrics.TextWidth(LoadedText(IDS_SWAP_BUTTON))) +
+  const int buttonWidth = std::max(m_metrics.TextWidth(MString::Loaded(IDS_COMPARE_BUTTON)),
+                                   m_metrics.TextWidth(MString::Loaded(IDS_SWAP_BUTTON))) +
                           m_metrics.Width(14);
 
   CRect line(margin, between, client.right - margin, between + height);

@@ -101,7 +101,8 @@ void MainFrame::FillRecentMenu(CMenu& menu) {
                                     menuPath(pairs[i].base), menuPath(pairs[i].revised));
     menu.AppendMenu(MF_STRING, ID_RECENT_FIRST + i, text);
   }
-  if (pairs.empty()) menu.AppendMenu(MF_STRING, ID_RECENT_FIRST, LoadedText(IDS_NO_RECENT_PAIRS));
+  if (pairs.empty())
+    menu.AppendMenu(MF_STRING, ID_RECENT_FIRST, MString::Loaded(IDS_NO_RECENT_PAIRS));
 }
 
 // The list's "Sort By" menu is the last entry.
@@ -119,7 +120,7 @@ void MainFrame::GetMessageString(UINT id, CString& text) const {
   else if (MListCtrl::MenuCodeFound(id))
     text = m_list != nullptr && m_list->GetCmdHelpMsg(id, help) ? help : "";
   else if (id >= ID_RECENT_FIRST && id <= ID_RECENT_LAST)
-    text = LoadedText(ID_RECENT_FIRST);
+    text = MString::Loaded(ID_RECENT_FIRST);
   else
     CFrameWnd::GetMessageString(id, text);
 }
@@ -149,7 +150,7 @@ void MainFrame::OnUpdateClearFilter(CCmdUI* ui) {
 void MainFrame::OnUpdateOpen(CCmdUI* ui) {
   const DocumentRecord* const document = m_list != nullptr ? m_list->FocusedDocument() : nullptr;
   const bool isModified = document != nullptr && document->state == FileState::Modified;
-  ui->SetText(LoadedText(isModified ? IDS_ANALYZE_COMMAND : IDS_OPEN_COMMAND));
+  ui->SetText(MString::Loaded(isModified ? IDS_ANALYZE_COMMAND : IDS_OPEN_COMMAND));
   ui->Enable(document != nullptr && !IsBusy());
 }
 

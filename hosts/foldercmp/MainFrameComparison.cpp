@@ -227,7 +227,7 @@ void MainFrame::ShowResult() {
     revised = m_compared.revised;
   }
   SetWindowText(FilledText(IDS_TITLE, base, revised, AfxGetAppName()));
-  m_statusText = LoadedText(resultText(*m_list));
+  m_statusText = MString::Loaded(resultText(*m_list));
   m_status.ShowCounts(m_list.get(), m_metrics);
   SetMessageText(AFX_IDS_IDLEMESSAGE);
 }

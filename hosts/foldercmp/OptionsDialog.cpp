@@ -18,7 +18,7 @@ constexpr int kMostTypes = 250;  // what a registry value is read back from
 
 std::vector<CString> texts(UINT firstId, UINT count) {
   std::vector<CString> list;
-  for (UINT id = firstId; id < firstId + count; ++id) list.push_back(LoadedText(id));
+  for (UINT id = firstId; id < firstId + count; ++id) list.push_back(MString::Loaded(id));
   return list;
 }
 
@@ -35,7 +35,8 @@ OptionsDialog::OptionsDialog(CWnd* owner, const DirCmpPrm& prm, bool marksColour
   m_colours = &AddCheck(IDS_OPTIONS_COLOURS, marksColours);
   Gap();
   AddButtons();
-  SetDialog(kCentred, kCentred, kWidth, m_bottom + kMargin, LoadedText(IDS_OPTIONS_TITLE), 1, 1);
+  SetDialog(kCentred, kCentred, kWidth, m_bottom + kMargin, MString::Loaded(IDS_OPTIONS_TITLE), 1,
+            1);
 }
 
 int OptionsDialog::NextLine(int height) {
@@ -47,13 +48,13 @@ int OptionsDialog::NextLine(int height) {
 void OptionsDialog::Gap() { m_bottom += kGap - kBetween; }
 
 void OptionsDialog::AddLabel(UINT textId) {
-  const CString text = LoadedText(textId);
+  const CString text = MString::Loaded(textId);
   const int height = GetTextSize(text, MControlKind::TextBox, kInside).cy;
   SetTextBox(kMargin, NextLine(height), kInside, height, text);
 }
 
 MControlData& OptionsDialog::AddCheck(UINT textId, bool isOn) {
-  const CString text = LoadedText(textId);
+  const CString text = MString::Loaded(textId);
   const int height = std::max<int>(kLine, GetTextSize(text, MControlKind::CheckBox, kInside).cy);
   return SetCheckButton(kMargin, NextLine(height), kInside, height, text, isOn);
 }
@@ -71,7 +72,7 @@ void OptionsDialog::AddTypes(const DirCmpPrm& prm) {
                      ES_AUTOHSCROLL, kTypesId);
   m_types->SetLimit(kMostTypes);
   m_types->Enable(choice != kAllTypes);
-  const CString hint = LoadedText(IDS_OPTIONS_TYPES_HINT);
+  const CString hint = MString::Loaded(IDS_OPTIONS_TYPES_HINT);
   const int height = GetTextSize(hint, MControlKind::TextBox, width).cy;
   SetTextBox(left, NextLine(height), width, height, hint);
   m_subFolders = &AddCheck(IDS_OPTIONS_SUB_FOLDERS, (prm.m_scanFlags & kScanSubFolders) != 0);
@@ -86,7 +87,8 @@ void OptionsDialog::AddComparison(const DirCmpPrm& prm) {
 }
 
 void OptionsDialog::AddButtons() {
-  const CString ok = LoadedText(IDS_BUTTON_PLAIN_OK), cancel = LoadedText(IDS_BUTTON_PLAIN_CANCEL);
+  const CString ok = MString::Loaded(IDS_BUTTON_PLAIN_OK),
+                cancel = MString::Loaded(IDS_BUTTON_PLAIN_CANCEL);
   const int width =
       std::max({kLeastButton, static_cast<int>(GetTextSize(ok, MControlKind::PushButton).cx),
                 static_cast<int>(GetTextSize(cancel, MControlKind::PushButton).cx)});

@@ -19,7 +19,7 @@ int documentCount(const DirCmpCtrl& list) {
 
 CString stateText(int state, int count) {
   CString name;
-  AfxExtractSubString(name, LoadedText(IDS_FILE_STATES), state, '\t');
+  AfxExtractSubString(name, MString::Loaded(IDS_FILE_STATES), state, '\t');
   return FilledText(IDS_PANE_STATE, name, count);
 }
 

@@ -1,14 +1,9 @@
 #include "foldercmp/diff/DiffNotice.h"
 
 #include "foldercmp/diff/diff_ids.h"
+#include "settings/MString.h"
 
 namespace {
-
-CString Text(UINT id) {
-  CString text;
-  text.LoadString(id);
-  return text;
-}
 
 // Why there is no text; empty: there is one.
 CString WhyNot(DocumentText::Kind kind, const CString& title) {
@@ -34,11 +29,11 @@ CString WhyNot(DocumentText::Kind kind, const CString& title) {
 CString ResultText(ContentCompare::Result result) {
   switch (result) {
     case ContentCompare::Result::Equal:
-      return Text(IDS_DIFF_SAME);
+      return MString::Loaded(IDS_DIFF_SAME);
     case ContentCompare::Result::Different:
-      return Text(IDS_DIFF_DIFFERENT);
+      return MString::Loaded(IDS_DIFF_DIFFERENT);
     default:
-      return Text(IDS_DIFF_NOT_COMPARED);
+      return MString::Loaded(IDS_DIFF_NOT_COMPARED);
   }
 }
 
@@ -52,6 +47,7 @@ CString NoticeOf(const DiffDocument& document, const CString& leftTitle,
            WhyNot(texts.rightKind, rightTitle);
   }
   if (!document.differences().empty()) return CString();
-  if (texts.bytes == ContentCompare::Result::Different) return Text(IDS_DIFF_NO_LINE_DIFFERS);
+  if (texts.bytes == ContentCompare::Result::Different)
+    return MString::Loaded(IDS_DIFF_NO_LINE_DIFFERS);
   return ResultText(texts.bytes);
 }
