@@ -116,10 +116,9 @@ class AFX_CORE_DATA CCmdUI {
 
   UINT m_nID;         // the command
   UINT m_nIndex;      // the item's position in the menu
-  CMenu* m_pMenu;     // null: the item is a control
+  CMenu* m_pMenu;     // null: there is no item, the command alone is asked about
   CMenu* m_pSubMenu;  // the popup menu that the item opens, if any
   CMenu* m_pParentMenu;
-  CWnd* m_pOther;  // the control, or the window that holds the item
   BOOL m_bEnableChanged;
   BOOL m_bContinueRouting;
   UINT m_nIndexMax;  // the count of the menu's items
