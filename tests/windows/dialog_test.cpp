@@ -41,37 +41,37 @@ TEST_F(Dialog, MissingTemplateFails) {
   EXPECT_FALSE(StepDialog(simple()).Create("no such template"));
 }
 
+namespace {
+
+class InitialDialog : public StepDialog {
+ public:
+  InitialDialog(const DialogTemplate& contents, std::function<BOOL(InitialDialog&)> init)
+      : StepDialog(contents), m_init(std::move(init)) {}
+  BOOL OnInitDialog() override { return m_init(*this); }
+
+ private:
+  std::function<BOOL(InitialDialog&)> m_init;
+};
+
+}  // namespace
+
 TEST_F(Dialog, EndedInOnInitDialogNeverShows) {
-  class Ended : public StepDialog {
-   public:
-    using StepDialog::StepDialog;
-    BOOL OnInitDialog() override {
-      EndDialog(5);
-      return TRUE;
-    }
-  };
-  Ended dialog(simple());
+  InitialDialog dialog(simple(), [](InitialDialog& self) {
+    self.EndDialog(5);
+    return TRUE;
+  });
   EXPECT_EQ(dialog.DoModal(), 5);
   EXPECT_EQ(dialog.m_hWnd, nullptr);
 }
 
 TEST_F(Dialog, FocusGoesWhereOnInitDialogPutIt) {
-  class Focused : public StepDialog {
-   public:
-    Focused(const DialogTemplate& contents, int id) : StepDialog(contents), m_id(id) {}
-    BOOL OnInitDialog() override {
-      if (m_id == 0) return TRUE;
-      GotoDlgCtrl(GetDlgItem(m_id));
-      return FALSE;
-    }
-
-   private:
-    int m_id;
-  };
-  const DialogTemplate contents = DialogTemplate().Edit("", kFirst).Edit("", kSecond);
-  for (const int id : {0, int(kSecond)}) {
-    Focused dialog(contents, id);
-    dialog.Then([&] { EXPECT_EQ(dialog.FocusId(), id == 0 ? kFirst : id); });
+  for (const bool puts : {false, true}) {
+    InitialDialog dialog(DialogTemplate().Edit("", kFirst).Edit("", kSecond),
+                         [puts](InitialDialog& self) {
+                           if (puts) self.GotoDlgCtrl(self.GetDlgItem(kSecond));
+                           return !puts;
+                         });
+    dialog.Then([&] { EXPECT_EQ(dialog.FocusId(), puts ? kSecond : kFirst); });
     dialog.DoModal();
   }
 }
@@ -152,9 +152,7 @@ TEST_F(Dialog, IsCentredUnlessItsTemplateOrItselfPlacedIt) {
       {"placed in screen coordinates", DS_ABSALIGN, 0, 0, false},
   };
   for (const auto& c : cases) {
-    const DialogTemplate contents =
-        DialogTemplate(c.name, WS_POPUP | WS_CAPTION | c.style, c.x, c.y).Button("Go", kGo);
-    StepDialog dialog(contents);
+    StepDialog dialog(DialogTemplate(c.name, WS_POPUP | WS_CAPTION | c.style, c.x, c.y));
     dialog.Then([&] {
       CRect place, screen;
       dialog.GetWindowRect(place);

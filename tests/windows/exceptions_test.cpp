@@ -14,16 +14,11 @@ using Throw = void (*)();
 
 class Thrower : public CWnd {
  public:
-  bool throwOnCreate = false;
   int paints = 0;
   bool Make() { return CreateEx(0, nullptr, "", WS_POPUP, CRect(0, 0, 50, 50), nullptr, 0); }
   LRESULT Send(Throw raise) { return SendMessage(kThrow, reinterpret_cast<WPARAM>(raise)); }
 
  protected:
-  afx_msg int OnCreate(LPCREATESTRUCT) {
-    if (throwOnCreate) AfxThrowResourceException();
-    return 0;
-  }
   afx_msg void OnPaint() {
     ++paints;
     AfxThrowUserException();
@@ -36,7 +31,6 @@ class Thrower : public CWnd {
 };
 
 BEGIN_MESSAGE_MAP(Thrower, CWnd)
-ON_WM_CREATE()
 ON_WM_PAINT()
 ON_MESSAGE(kThrow, &Thrower::OnThrow)
 END_MESSAGE_MAP()
@@ -82,15 +76,6 @@ TEST_F(Exceptions, ProgramMayTakeThem) {
   EXPECT_EQ(window.Send([] { AfxThrowNotSupportedException(); }), 5);
   EXPECT_TRUE(app.isUnsupported);
   EXPECT_EQ(app.last, kThrow);
-}
-
-TEST_F(Exceptions, StopTheCreationOfAWindow) {
-  Thrower window;
-  window.throwOnCreate = true;
-  EXPECT_FALSE(window.Make());
-  EXPECT_EQ(window.m_hWnd, nullptr);
-  window.throwOnCreate = false;
-  EXPECT_TRUE(window.Make());
 }
 
 // The system asks for a painting until it is done.

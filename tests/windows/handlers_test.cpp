@@ -191,7 +191,7 @@ namespace {
 // Refuses to be created, in one way or another.
 class Refused : public CWnd {
  public:
-  enum How { kOnCreate, kPreCreate, kNcCreate };
+  enum How { kOnCreate, kPreCreate, kNcCreate, kException };
   explicit Refused(How how) : m_how(how) {}
   int ends = 0;
   bool Make() { return CreateEx(0, nullptr, "", WS_POPUP, CRect(0, 0, 9, 9), nullptr, 0); }
@@ -201,7 +201,10 @@ class Refused : public CWnd {
     return m_how != kPreCreate && CWnd::PreCreateWindow(cs);
   }
   afx_msg BOOL OnNcCreate(LPCREATESTRUCT cs) { return m_how != kNcCreate && CWnd::OnNcCreate(cs); }
-  afx_msg int OnCreate(LPCREATESTRUCT) { return -1; }
+  afx_msg int OnCreate(LPCREATESTRUCT) {
+    if (m_how == kException) AfxThrowResourceException();
+    return -1;
+  }
   void PostNcDestroy() override { ++ends; }
   DECLARE_MESSAGE_MAP()
 
@@ -217,7 +220,8 @@ END_MESSAGE_MAP()
 }  // namespace
 
 TEST_F(Handlers, RefusedCreationEndsOnce) {
-  for (const auto how : {Refused::kOnCreate, Refused::kPreCreate, Refused::kNcCreate}) {
+  for (const auto how :
+       {Refused::kOnCreate, Refused::kPreCreate, Refused::kNcCreate, Refused::kException}) {
     Refused window(how);
     EXPECT_FALSE(window.Make()) << how;
     EXPECT_EQ(window.m_hWnd, nullptr) << how;
