@@ -1,5 +1,5 @@
 // CCmdTarget: the root of everything that handles messages and commands, and CCmdUI, through which
-// update handlers say how a menu item or a control stands.
+// update handlers say how a command stands.
 #pragma once
 
 #include "afx.h"
@@ -93,8 +93,8 @@ class AFX_CORE_DATA CCmdTarget : public CObject {
   friend class CWinThread;
 };
 
-// One user-interface item of a command: an item of a menu, or a control. Passed to the update
-// handlers of the command, which describe the item's state.
+// The menu item of a command, if it has one. Passed to the update handlers of the command, which
+// describe the item's state.
 class AFX_CORE_DATA CCmdUI {
  public:
   CCmdUI();
