@@ -1,5 +1,5 @@
 // Exceptions of the framework. They are thrown and caught by pointer; who catches one and does not
-// throw it again calls its Delete.
+// throw it again calls its Delete (the CATCH macros do so themselves).
 #pragma once
 
 #include "afxobj_.h"
@@ -76,3 +76,38 @@ class AFX_CORE_DATA CUserException : public CSimpleException {
 [[noreturn]] AFX_CORE_DATA void AFXAPI AfxThrowNotSupportedException();
 [[noreturn]] AFX_CORE_DATA void AFXAPI AfxThrowResourceException();
 [[noreturn]] AFX_CORE_DATA void AFXAPI AfxThrowUserException();
+
+// Holds the exception of a CATCH block and deletes it at the block's end.
+class AFX_CORE_DATA AFX_EXCEPTION_LINK {
+ public:
+  explicit AFX_EXCEPTION_LINK(CException* pException) : m_pException(pException) {}
+  ~AFX_EXCEPTION_LINK();
+  AFX_EXCEPTION_LINK(const AFX_EXCEPTION_LINK&) = delete;
+  void operator=(const AFX_EXCEPTION_LINK&) = delete;
+
+  // The block throws its exception again, so somebody else deletes it.
+  void Release() { m_pException = nullptr; }
+
+ private:
+  CException* m_pException;
+};
+
+// TRY { } CATCH(CFileException, e) { } AND_CATCH(CMemoryException, e) { } END_CATCH
+// TRY { } CATCH_ALL(e) { } END_CATCH_ALL
+// The exception is deleted at the end of its block unless the block says THROW_LAST().
+#define TRY \
+  {         \
+    try {
+#define CATCH(class, e) \
+  }                     \
+  catch (class * e) {   \
+    AFX_EXCEPTION_LINK _afxExceptionLink(e);
+#define AND_CATCH(class, e) CATCH(class, e)
+#define END_CATCH \
+  }               \
+  }
+#define CATCH_ALL(e) CATCH(CException, e)
+#define AND_CATCH_ALL(e) CATCH(CException, e)
+#define END_CATCH_ALL END_CATCH
+#define THROW(e) throw e
+#define THROW_LAST() (_afxExceptionLink.Release(), throw)

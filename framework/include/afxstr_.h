@@ -8,7 +8,7 @@
 
 // Stands in memory before the characters of a string and the null that ends them.
 struct CStringData {
-  long nRefs;        // strings that share the characters; -1: those of all empty strings
+  long nRefs;        // strings that share the characters; -1: locked, not to be shared
   int nDataLength;   // characters in use, without the null
   int nAllocLength;  // characters there is room for, without the null
 
@@ -135,6 +135,15 @@ class AFX_CORE_DATA CString {
   // string, when no table has the id.
   BOOL LoadString(UINT nID);
 
+  // Between the ANSI code page and that of consoles.
+  void AnsiToOem();
+  void OemToAnsi();
+
+  // A new automation string with the text, owned by the caller.
+  BSTR AllocSysString() const;
+  // Puts the text into an automation string that exists already.
+  BSTR SetSysString(BSTR* pbstr) const;
+
   // The characters to be written to, with room for nMinBufLength of them and a null. The string
   // must not be used otherwise until ReleaseBuffer says how many there are (-1: up to the first
   // null).
@@ -144,6 +153,9 @@ class AFX_CORE_DATA CString {
   LPTSTR GetBufferSetLength(int nNewLength);
   // Frees memory that the text does not need.
   void FreeExtra();
+  // Between the two, copies of the string get characters of their own.
+  LPTSTR LockBuffer();
+  void UnlockBuffer();
 
  protected:
   CStringData* GetData() const { return reinterpret_cast<CStringData*>(m_pchData) - 1; }

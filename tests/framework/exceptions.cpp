@@ -1,4 +1,4 @@
-// Exceptions: their texts and causes.
+// Exceptions: their texts, who deletes them, and the macros.
 
 #include <afx.h>
 
@@ -8,10 +8,40 @@
 
 namespace {
 
-class CSilentException : public CException {
-  DECLARE_DYNAMIC(CSilentException)
+class CCountedException : public CException {
+  DECLARE_DYNAMIC(CCountedException)
+ public:
+  CCountedException() { ++alive; }
+  ~CCountedException() override { --alive; }
+  static inline int alive = 0;
 };
-IMPLEMENT_DYNAMIC(CSilentException, CException)
+IMPLEMENT_DYNAMIC(CCountedException, CException)
+
+TEST(Exception, CatchMacrosDeleteWhatTheyCaught) {
+  const char* caught = "none";
+  TRY { THROW(new CCountedException); }
+  CATCH(CMemoryException, e) { caught = "memory"; }
+  AND_CATCH(CCountedException, e) { caught = "counted"; }
+  END_CATCH
+  EXPECT_STREQ(caught, "counted");
+  EXPECT_EQ(CCountedException::alive, 0);
+
+  TRY{TRY{THROW(new CCountedException);
+}
+CATCH_ALL(e) {
+  EXPECT_TRUE(e->IsKindOf(RUNTIME_CLASS(CCountedException)));
+  THROW_LAST();
+}
+END_CATCH_ALL
+}  // namespace
+CATCH(CException, e) {
+  EXPECT_EQ(CCountedException::alive, 1);
+  caught = "again";
+}
+END_CATCH
+EXPECT_STREQ(caught, "again");
+EXPECT_EQ(CCountedException::alive, 0);
+}
 
 TEST(Exception, TextsFitTheBuffer) {
   struct Case {
@@ -43,7 +73,7 @@ TEST(Exception, TextsFitTheBuffer) {
     }
   }
   char text[10] = "old";
-  CSilentException silent;
+  CCountedException silent;
   EXPECT_FALSE(silent.GetErrorMessage(text, sizeof text));
   EXPECT_STREQ(text, "");
 }

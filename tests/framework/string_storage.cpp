@@ -1,6 +1,7 @@
 // CString: where characters are kept, shared and written.
 
 #include <afx.h>
+#include <oleauto.h>
 
 #include <gtest/gtest.h>
 
@@ -34,6 +35,18 @@ TEST(StringConstruction, FromEveryKindOfText) {
   EXPECT_EQ((withNull + withNull).GetLength(), 6);
 }
 
+TEST(StringAssignment, FromEveryKindOfText) {
+  CString s("before");
+  s = 'c';
+  EXPECT_STREQ(s, "c");
+  s = L"wide";
+  EXPECT_STREQ(s, "wide");
+  s = reinterpret_cast<const unsigned char*>("bytes");
+  EXPECT_STREQ(s, "bytes");
+  s = static_cast<LPCSTR>(nullptr);
+  EXPECT_TRUE(s.IsEmpty());
+}
+
 TEST(StringSharing, EveryWriterGetsCharactersOfItsOwn) {
   struct Case {
     const char* name;
@@ -42,8 +55,10 @@ TEST(StringSharing, EveryWriterGetsCharactersOfItsOwn) {
   } const cases[] = {
       {"SetAt", [](CString& s) { s.SetAt(0, 'x'); }, "x-Text-"},
       {"MakeUpper", [](CString& s) { s.MakeUpper(); }, "--TEXT-"},
+      {"MakeLower", [](CString& s) { s.MakeLower(); }, "--text-"},
       {"MakeReverse", [](CString& s) { s.MakeReverse(); }, "-txeT--"},
       {"TrimLeft", [](CString& s) { s.TrimLeft('-'); }, "Text-"},
+      {"TrimRight", [](CString& s) { s.TrimRight('-'); }, "--Text"},
       {"Replace", [](CString& s) { s.Replace('-', '+'); }, "++Text+"},
       {"Remove", [](CString& s) { s.Remove('-'); }, "Text"},
       {"Insert", [](CString& s) { s.Insert(2, '['); }, "--[Text-"},
@@ -51,6 +66,7 @@ TEST(StringSharing, EveryWriterGetsCharactersOfItsOwn) {
       {"+=", [](CString& s) { s += "!"; }, "--Text-!"},
       {"Empty", [](CString& s) { s.Empty(); }, ""},
       {"GetBuffer", [](CString& s) { s.GetBuffer(4)[0] = 'x', s.ReleaseBuffer(4); }, "x-Te"},
+      {"AnsiToOem", [](CString& s) { s.AnsiToOem(); }, "--Text-"},
   };
   for (const Case& c : cases) {
     const CString original("--Text-");
@@ -75,6 +91,20 @@ TEST(StringSharing, CopiesComeAndGoInManyThreads) {
     });
   for (std::thread& thread : threads) thread.join();
   EXPECT_STREQ(shared, "shared by all threads");
+}
+
+TEST(StringSharing, LockedCharactersStayPut) {
+  CString s("locked");
+  LPTSTR buffer = s.LockBuffer();
+  CString copy = s;
+  EXPECT_NE(characters(copy), characters(s));
+  s = CString("abc");  // fits: the characters come to the buffer, not the other way round
+  EXPECT_EQ(characters(s), buffer);
+  EXPECT_STREQ(buffer, "abc");
+  s.UnlockBuffer();
+  const CString sharing = s;
+  EXPECT_EQ(characters(sharing), characters(s));
+  EXPECT_STREQ(copy, "locked");
 }
 
 TEST(StringAliasing, ArgumentsMayLieInTheStringItself) {
@@ -137,6 +167,7 @@ TEST(StringMemory, WhatDoesNotFitThrowsAndChangesNothing) {
 TEST(StringMemory, ACallThatFailsChangesNothing) {
   void (*const calls[])(CString&) = {
       [](CString& s) { s = "another text, which needs room of its own"; },
+      [](CString& s) { s = L"another text"; },
       [](CString& s) { s += "more"; },
       [](CString& s) { s = s + "more"; },
       [](CString& s) { s.SetAt(0, 'x'); },
@@ -149,6 +180,7 @@ TEST(StringMemory, ACallThatFailsChangesNothing) {
       [](CString& s) { s.Format("%s%1000d", static_cast<LPCTSTR>(s), 1); },
       [](CString& s) { s.FormatMessage("<%1>", static_cast<LPCTSTR>(s)); },
       [](CString& s) { s.GetBuffer(1000); },
+      [](CString& s) { s.LockBuffer(); },
   };
   for (const auto call : calls) {
     const CString original("--Text-");
@@ -170,6 +202,15 @@ TEST(StringMemory, ACallThatFailsChangesNothing) {
       EXPECT_STREQ(s, original) << &call - calls;
     }
   }
+}
+
+TEST(StringSystemString, GoesThereAndBack) {
+  const CString s((Ansi(LowerLetter()) + " vu").c_str());
+  BSTR text = s.AllocSysString();
+  EXPECT_STREQ(CString(text), s);
+  CString("other").SetSysString(&text);
+  EXPECT_STREQ(CString(text), "other");
+  SysFreeString(text);
 }
 
 }  // namespace

@@ -87,3 +87,7 @@ void AFXAPI AfxThrowUserException() {
   static CUserException exception(FALSE);
   throw &exception;
 }
+
+AFX_EXCEPTION_LINK::~AFX_EXCEPTION_LINK() {
+  if (m_pException != nullptr) m_pException->Delete();
+}

@@ -1,7 +1,8 @@
-// From wide characters, and from the string table.
+// Between the ANSI code page and others, and from the string table.
 
 #include <afxwin.h>
 
+#include <oleauto.h>
 #include <wchar.h>
 
 #include "strings/string_storage.h"
@@ -36,4 +37,29 @@ BOOL CString::LoadString(UINT nID) {
     ReleaseBuffer(length);
   } while (length >= size - 2);
   return TRUE;
+}
+
+void CString::AnsiToOem() {
+  AllocBeforeWrite(GetLength());
+  if (!IsEmpty()) CharToOemBuffA(m_pchData, m_pchData, GetLength());
+}
+
+void CString::OemToAnsi() {
+  AllocBeforeWrite(GetLength());
+  if (!IsEmpty()) OemToCharBuffA(m_pchData, m_pchData, GetLength());
+}
+
+BSTR CString::AllocSysString() const {
+  const int length = MultiByteToWideChar(CP_ACP, 0, m_pchData, GetLength(), nullptr, 0);
+  BSTR text = SysAllocStringLen(nullptr, length);
+  if (text == nullptr) AfxThrowMemoryException();
+  MultiByteToWideChar(CP_ACP, 0, m_pchData, GetLength(), text, length);
+  return text;
+}
+
+BSTR CString::SetSysString(BSTR* pbstr) const {
+  const int length = MultiByteToWideChar(CP_ACP, 0, m_pchData, GetLength(), nullptr, 0);
+  if (!SysReAllocStringLen(pbstr, nullptr, length)) AfxThrowMemoryException();
+  MultiByteToWideChar(CP_ACP, 0, m_pchData, GetLength(), *pbstr, length);
+  return *pbstr;
 }

@@ -13,7 +13,7 @@ struct NilBlock {
   CStringData head;
   TCHAR end;
 };
-// Its count says that nobody shares it, its room that nobody may write to it.
+// Locked for ever, so that nobody takes it for a block to be shared or written to.
 constinit NilBlock nilBlock = {{-1, 0, 0}, '\0'};
 
 // The heap hands out memory in steps of this; what is left over is room to grow.
@@ -90,17 +90,33 @@ CString::CString(const unsigned char* psz) : CString(reinterpret_cast<LPCSTR>(ps
 
 CString::~CString() { Release(GetData()); }
 
-void CString::Empty() { Attach(Nil()); }
+void CString::Empty() {
+  CStringData* data = GetData();
+  if (data == Nil()) return;
+  if (IsLocked(data))
+    SetLength(data, 0);
+  else
+    Attach(Nil());
+}
 
 const CString& CString::operator=(const CString& stringSrc) {
   CStringData* data = stringSrc.GetData();
   if (data == GetData()) return *this;
-  if (data != Nil()) InterlockedIncrement(&data->nRefs);
-  Attach(data);
+  if (data == Nil()) {
+    Empty();
+  } else if (IsLocked(data) || (IsLocked(GetData()) && GetData() != Nil())) {
+    AssignCopy(data->nDataLength, data->data());
+  } else {
+    InterlockedIncrement(&data->nRefs);
+    Attach(data);
+  }
   return *this;
 }
 
 const CString& CString::operator=(CString&& stringSrc) {
+  // Locked characters stay where they are.
+  const bool locked = IsLocked(GetData()) && GetData() != Nil();
+  if (locked || IsLocked(stringSrc.GetData())) return *this = std::as_const(stringSrc);
   std::swap(m_pchData, stringSrc.m_pchData);
   return *this;
 }
@@ -186,8 +202,19 @@ LPTSTR CString::GetBufferSetLength(int nNewLength) {
 
 void CString::FreeExtra() {
   CStringData* data = GetData();
-  if (data == Nil() || data->nAllocLength - data->nDataLength < kStep) return;
+  if (data == Nil() || IsLocked(data) || data->nAllocLength - data->nDataLength < kStep) return;
   Builder text(data->nDataLength);
   text.Append(m_pchData, data->nDataLength);
   Attach(text.Finish());
+}
+
+LPTSTR CString::LockBuffer() {
+  const int length = GetLength();
+  GetBuffer(std::max(length, 1));
+  GetData()->nRefs = -1;
+  return m_pchData;
+}
+
+void CString::UnlockBuffer() {
+  if (GetData() != Nil() && IsLocked(GetData())) GetData()->nRefs = 1;
 }

@@ -20,7 +20,7 @@ CStringData* TryAllocate(int nLength);
 // The block of empty strings.
 CStringData* Nil();
 
-// The caller's share in the block ends.
+// The caller's share in the block ends. A locked block has one owner, who frees it by this.
 void Release(CStringData* data);
 
 // A text's length for a block. Throws CMemoryException when no block could hold it.
@@ -33,6 +33,8 @@ inline void SetLength(CStringData* data, int length) {
 }
 
 inline bool IsShared(CStringData* data) { return std::atomic_ref(data->nRefs).load() > 1; }
+
+inline bool IsLocked(CStringData* data) { return std::atomic_ref(data->nRefs).load() < 0; }
 
 // Puts together the text of a string that is not seen until Finish: the sources of the new text may
 // lie in the old one.
