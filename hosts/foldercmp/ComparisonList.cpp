@@ -129,9 +129,7 @@ int ComparisonList::NewWindow(const char* left, const char* right) {
 }
 
 CString ComparisonList::GetNewWindowParams(const char*, const char*) {
-  const DirCmpPrm& prm = Comparison()->prm();
-  return CompareArgument(
-      {.ignoreCase = prm.m_ignoreCase != 0, .whiteSpaceMode = prm.m_whiteSpaceMode});
+  return CompareArgument(OptionsOf(Comparison()->prm()));
 }
 
 // --- Work ---

@@ -21,7 +21,6 @@ class ComparisonList : public DirCmpCtrl {
 
   // Before InitList, and at any time later.
   void SetDocumentFilter(const DocumentFilter& filter);
-  const DocumentFilter& GetDocumentFilter() const { return m_documentFilter; }
 
   // Whether any document is not the same in both folders.
   bool HasDifferences() const;

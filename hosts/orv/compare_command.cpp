@@ -175,9 +175,7 @@ bool PrintStates(const FolderComparison& comparison, bool isBrief) {
 }
 
 bool WritePages(const FolderComparison& comparison, const Options& options) {
-  HyperLinkReport report(comparison, "", "", options.pages,
-                         {.ignoreCase = options.prm.m_ignoreCase != 0,
-                          .whiteSpaceMode = options.prm.m_whiteSpaceMode});
+  HyperLinkReport report(comparison, "", "", options.pages, OptionsOf(options.prm));
   report.AddAll();
   const HyperLinkReport::Target target = report.Prepare(options.links);
   if (target != HyperLinkReport::Target::Ready) {

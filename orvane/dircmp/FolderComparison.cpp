@@ -54,8 +54,7 @@ FolderComparison::FolderComparison(const char* base, const char* revised, const 
       m_revised(FolderOf(revised)),
       m_prm(prm),
       m_stop(std::move(stop)),
-      m_contents({.ignoreCase = prm.m_ignoreCase != 0, .whiteSpaceMode = prm.m_whiteSpaceMode},
-                 [this] { return IsStopped(); }) {}
+      m_contents(OptionsOf(prm), [this] { return IsStopped(); }) {}
 
 // A stop lasts.
 bool FolderComparison::IsStopped() {
