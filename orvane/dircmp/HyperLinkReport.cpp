@@ -26,13 +26,10 @@ constexpr char kUp[] = "../../";
 // Some file systems look through a whole folder for each new file.
 constexpr size_t kPagesPerFolder = 500;
 
-// The list of states stands in one text, separated by tabs.
 CString NameOf(FileState state) {
-  MString names;
-  names.LoadString(IDS_FILE_STATES);
-  for (int i = 0; i < static_cast<int>(state); ++i) names = names.Mid(names.Find('\t') + 1);
-  const int end = names.Find('\t');
-  return end < 0 ? names : names.Left(end);
+  CString name;
+  AfxExtractSubString(name, MString::Loaded(IDS_FILE_STATES), static_cast<int>(state), '\t');
+  return name;
 }
 
 const char* ClassOf(FileState state) {
@@ -188,7 +185,6 @@ std::string HyperLinkReport::SectionUrl(FileState state) const {
 }
 
 bool HyperLinkReport::WriteDocument(size_t number) {
-  if (m_options.isPreview) return true;
   Document& document = m_documents[number];
   const DocumentRecord& record = *document.record;
   const size_t problems = m_problems.size();
@@ -270,9 +266,6 @@ bool HyperLinkReport::WriteIndex() {
     if (HasSection(state)) file << Link(std::string("#") + ClassOf(state), HtmlOf(NameOf(state)));
   }
   file << "</nav>\n";
-  if (m_options.isPreview) {
-    file << "<p class=\"note\">" << TextHtml(IDS_REPORT_NO_HYPERLINKS) << "</p>\n";
-  }
   for (const FileState state : kSections) {
     if (HasSection(state)) file << SectionHtml(state);
   }

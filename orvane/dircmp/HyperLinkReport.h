@@ -25,8 +25,6 @@ struct HyperLinkReportOptions {
   bool copyDocuments = false;
   // Documents are linked to where they are; copies go first.
   bool linkSourceFiles = false;
-  // The index only, with a note that no differences were looked for.
-  bool isPreview = false;
 };
 
 class ORVANE_API HyperLinkReport {
