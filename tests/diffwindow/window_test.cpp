@@ -339,15 +339,34 @@ void CALLBACK closeFrame(HWND frame, UINT, UINT_PTR id, DWORD) {
 }  // namespace
 
 TEST_F(DiffWindowTest, ClosesWhileItCompares) {
-  Open("", "");
-  MakeHuge(m_left);
-  MakeHuge(m_right);
-  ::SetTimer(m_window, 1, 50, closeFrame);
-  closedAt = 0;
-  EXPECT_FALSE(Press(VK_F5)) << "the program is to end";
-  ASSERT_NE(closedAt, 0u);
-  EXPECT_LT(::GetTickCount() - closedAt, 500u);
-  EXPECT_FALSE(::IsWindow(m_window));
+  const auto manyLines = [](unsigned seed) {
+    std::string text;
+    for (int i = 0; i < 490'000; ++i)
+      text += std::to_string((seed = seed * 1103515245 + 12345) >> 12) + "\n";
+    return text;
+  };
+  const struct {
+    const char* what;
+    std::function<void()> write;
+    UINT milliseconds;  // from the start of the comparison to the end of the window
+  } cases[] = {{"bytes", [&] { MakeHuge(m_left), MakeHuge(m_right); }, 50},
+               {"lines",
+                [&] {
+                  m_folder.Write("left.txt", manyLines(1));
+                  m_folder.Write("right.txt", manyLines(2));
+                },
+                400}};
+  for (const auto& c : cases) {
+    Open("", "");
+    c.write();
+    ::SetTimer(m_window, 1, c.milliseconds, closeFrame);
+    closedAt = 0;
+    EXPECT_FALSE(Press(VK_F5)) << "the program is to end";
+    ASSERT_NE(closedAt, 0u) << c.what;
+    EXPECT_LT(::GetTickCount() - closedAt, 500u) << c.what;
+    EXPECT_FALSE(::IsWindow(m_window));
+    Close();
+  }
 }
 
 TEST_F(DiffWindowTest, RunsUntilItIsClosed) {

@@ -5,15 +5,13 @@
 
 #include <algorithm>
 #include <functional>
-#include <map>
 #include <string>
 #include <vector>
 
+#include "dircmp/ControlTest.h"
 #include "dircmp/FolderComparison.h"
 #include "support/AssertionLog.h"
 #include "support/CodePage.h"
-#include "support/ImportTable.h"
-#include "support/TempFolder.h"
 
 namespace {
 
@@ -29,12 +27,9 @@ DirCmpPrm AllTypes() {
   return prm;
 }
 
-class Folders : public testing::Test {
+class Folders : public TwoFolders {
  protected:
   void Write(const std::string& name, const std::string& bytes) { m_folder.Write(name, bytes); }
-  std::string base() const { return m_folder / "base"; }
-  std::string revised() const { return m_folder / "revised"; }
-
   // "S a.txt" and so on, in order.
   std::vector<std::string> Rows(const DirCmpPrm& prm = AllTypes()) {
     FolderComparison comparison(base().c_str(), revised().c_str(), prm);
@@ -55,7 +50,6 @@ class Folders : public testing::Test {
     return rows;
   }
 
-  TempFolder m_folder;
   size_t m_problems = 0;
 };
 
@@ -83,81 +77,52 @@ TEST_F(Folders, States) {
   EXPECT_EQ(Rows(prm), (RowList{"M sub\\Changed.C", "N a\\b\\c\\new.x"}));
 }
 
-FILETIME At(unsigned days) {
-  const ULONGLONG ticks = 125911584000000000ull + days * 864000000000ull;  // from 2000 on
-  return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
-}
-
 TEST_F(Folders, Times) {
-  const CTime first(At(1)), second(At(2));
   constexpr struct {
     const char* name;
     unsigned base, revised;  // days; 0: no such file
-    const char* contents;    // of the revised file; of the base file: x
     char state;
     unsigned shownBase, shownRevised, shownModified;
   } kCases[] = {
-      {"same", 1, 2, "x", 'S', 2, 2, 2},    {"same-newer-base", 2, 1, "x", 'S', 2, 2, 2},
-      {"changed", 1, 2, "y", 'M', 1, 2, 2}, {"changed-newer-base", 2, 1, "y", 'M', 2, 1, 2},
-      {"new", 0, 2, "y", 'N', 0, 2, 2},     {"deleted", 1, 0, "", 'D', 1, 0, 1},
+      {"same", 1, 2, 'S', 2, 2, 2},    {"same-newer-base", 2, 1, 'S', 2, 2, 2},
+      {"changed", 1, 2, 'M', 1, 2, 2}, {"changed-newer-base", 2, 1, 'M', 2, 1, 2},
+      {"new", 0, 2, 'N', 0, 2, 2},     {"deleted", 1, 0, 'D', 1, 0, 1},
   };
   const auto write = [&](const std::string& name, unsigned day, const std::string& bytes) {
     if (day == 0) return;
     Write(name, bytes);
-    const unique_file file(CreateFileA((m_folder / name).c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr,
-                                       OPEN_EXISTING, 0, nullptr));
-    const FILETIME time = At(day);
-    SetFileTime(file.get(), nullptr, nullptr, &time);
+    SetTime(name, day);
   };
   for (const auto& row : kCases) {
     write(std::string("base\\") + row.name, row.base, "x");
-    write(std::string("revised\\") + row.name, row.revised, row.contents);
+    write(std::string("revised\\") + row.name, row.revised, row.state == 'S' ? "x" : "y");
   }
   FolderComparison comparison(base().c_str(), revised().c_str(), AllTypes());
   comparison.Scan();
   comparison.EvaluateAll();
-  std::map<std::string, const DocumentRecord*> records;
+  ASSERT_EQ(comparison.records().size(), std::size(kCases));
+  const auto timeOf = [](unsigned day) { return day == 0 ? CTime() : CTime(Day(day)); };
   for (const DocumentRecord& record : comparison.records()) {
-    records[static_cast<LPCSTR>(record.relativePath)] = &record;
-  }
-  const auto timeOf = [](unsigned day) { return day == 0 ? CTime() : CTime(At(day)); };
-  for (const auto& row : kCases) {
-    SCOPED_TRACE(row.name);
-    ASSERT_EQ(records.count(row.name), 1u);
-    const DocumentRecord& record = *records[row.name];
-    EXPECT_EQ(StateOf(record), row.state);
-    EXPECT_EQ(record.baseModified.GetTime(), timeOf(row.shownBase).GetTime());
-    EXPECT_EQ(record.revisedModified.GetTime(), timeOf(row.shownRevised).GetTime());
-    EXPECT_EQ(record.modified.GetTime(), timeOf(row.shownModified).GetTime());
+    SCOPED_TRACE(record.relativePath);
+    const auto row = std::find_if(std::begin(kCases), std::end(kCases), [&](const auto& known) {
+      return record.relativePath == known.name;
+    });
+    ASSERT_NE(row, std::end(kCases));
+    EXPECT_EQ(StateOf(record), row->state);
+    EXPECT_EQ(record.baseModified, timeOf(row->shownBase));
+    EXPECT_EQ(record.revisedModified, timeOf(row->shownRevised));
+    EXPECT_EQ(record.modified, timeOf(row->shownModified));
   }
 }
 
-// The paths that the library opens.
-std::vector<std::string> g_opened;
-decltype(&CreateFileA) g_createFile = nullptr;
-HANDLE WINAPI NoteCreateFile(LPCSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security,
-                             DWORD creation, DWORD flags, HANDLE pattern) {
-  g_opened.push_back(path);
-  return g_createFile(path, access, share, security, creation, flags, pattern);
-}
-
+// Nobody is kept from working with it, and a tree on a network is not read.
 TEST_F(Folders, ADocumentOfOneFolderIsNotOpened) {
-  Write("base\\deleted", "x");
-  Write("revised\\new", "x");
-  Write("base\\both", "x");
-  Write("revised\\both", "x");
-  void** place = nullptr;
-  ForEachImport(GetModuleHandleA("orvane.dll"), [&](const char* name, void** address) {
-    if (std::string(name) == "CreateFileA") place = address;
-  });
-  ASSERT_NE(place, nullptr);
-  g_opened.clear();
-  g_createFile = reinterpret_cast<decltype(&CreateFileA)>(*place);
-  ReplaceImport(place, reinterpret_cast<void*>(&NoteCreateFile));
-  const RowList rows = Rows();
-  ReplaceImport(place, reinterpret_cast<void*>(g_createFile));
-  EXPECT_EQ(rows, (RowList{"D deleted", "N new", "S both"}));
-  EXPECT_EQ(g_opened, (std::vector<std::string>{base() + "\\both", revised() + "\\both"}));
+  std::vector<unique_file> locks;
+  for (const char* name : {"base\\deleted", "revised\\new"})
+    locks.emplace_back(CreateFileA(m_folder.Write(name, "x").c_str(), GENERIC_READ, 0, nullptr,
+                                   OPEN_EXISTING, 0, nullptr));
+  EXPECT_EQ(Rows(), (RowList{"D deleted", "N new"}));
+  EXPECT_EQ(m_problems, 0u);
 }
 
 // What happens to documents between the scan and the evaluation.
@@ -199,7 +164,9 @@ TEST_F(Folders, ChangesMeanwhile) {
     EXPECT_TRUE(comparison.EvaluateAll());
     locked.reset();
     EXPECT_EQ(RowsOf(comparison), RowList{row.row});
-    EXPECT_EQ(comparison.problems().size(), row.isProblem ? 1u : 0u);
+    ASSERT_EQ(comparison.problems().size(), row.isProblem ? 1u : 0u);
+    for (const FolderComparison::Problem& problem : comparison.problems())
+      EXPECT_NE(problem.error, 0u);
     EXPECT_EQ(!log.Empty(), row.isReported) << log.Text();
   }
 }
@@ -221,19 +188,6 @@ TEST_F(Folders, OddFolders) {
   EXPECT_EQ(rows(base() + "\\", base() + "/sub/../", 0), (RowList{"S a", "S sub\\b"}));
   EXPECT_EQ(rows(base(), "", 1), (RowList{"D a", "D sub\\b"}));
   EXPECT_EQ(rows(base() + "\\a", base(), 1), (RowList{"N a", "N sub\\b"}));
-}
-
-// Files that the caller finds; folders may be given with a backslash.
-TEST_F(Folders, WalkedByTheCaller) {
-  Write("base\\sub\\both", "x");
-  Write("revised\\sub\\both", "x");
-  for (const std::string end : {"", "\\"}) {
-    FolderComparison comparison((base() + end).c_str(), revised().c_str(), AllTypes());
-    comparison.AddBase((base() + end + "\\sub\\both").c_str());
-    comparison.AddRevised((revised() + "\\sub\\both").c_str());
-    EXPECT_TRUE(comparison.EvaluateAll());
-    EXPECT_EQ(RowsOf(comparison), RowList{"S sub\\both"});
-  }
 }
 
 // Paths that the system's limit cuts off are told, and nothing else is lost.
@@ -272,6 +226,37 @@ TEST_F(Folders, AStopLeavesTheRestUnknown) {
       const char expected = record.isEvaluated ? (record.relativePath == "new" ? 'N' : 'S') : '?';
       EXPECT_EQ(StateOf(record), expected) << record.relativePath;
     }
+  }
+}
+
+TEST(DirCmpPrm, TypeFilter) {
+  constexpr struct {
+    const char* list;
+    int excludeListed;
+    const char* passing;  // of the extensions c, h, cpp and none, each followed by a blank
+  } kCases[] = {
+      {"*.c;*.h", 0, "c h "},
+      {"*.c;*.h", 1, "cpp - "},
+      {"*.C;*.H", 0, "c h "},
+      {"", 0, "c h cpp - "},
+      {"", 1, ""},
+      {"*.*", 0, "c h cpp - "},
+      {"*.*", 1, ""},
+      {"*.", 0, "- "},
+      {"*.*;*.c", 0, "c "},
+      {"c;h", 0, ""},
+      {"*.c;", 0, "c "},
+  };
+  for (const auto& row : kCases) {
+    DirCmpPrm prm;
+    prm.m_typeList = row.list;
+    prm.m_excludeListedTypes = row.excludeListed;
+    std::string passing;
+    for (const char* extension : {"c", "h", "cpp", ""}) {
+      if (!prm.PassesTypeFilter(extension)) continue;
+      passing += std::string(*extension != 0 ? extension : "-") + " ";
+    }
+    EXPECT_EQ(passing, row.passing) << row.list << ", excluding " << row.excludeListed;
   }
 }
 
