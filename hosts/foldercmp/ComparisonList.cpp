@@ -42,7 +42,13 @@ BOOL ComparisonList::Create(CWnd& parent, UINT id, CFont& font) {
 void ComparisonList::SetFirstLayout() {
   if (m_hasKeptLayout) return;
   SetSortKey(kStatus, 0, 1);
-  for (int column = 0; column < GetVisibleColNum(); ++column) FitColumn(column);
+  CRect client;
+  GetClientRect(client);
+  for (int column = 0; column < GetVisibleColNum(); ++column) {
+    FitColumn(column);
+    // One long name is not to put the status out of sight.
+    if (GetColumnWidth(column) > client.Width() / 3) SetColumnWidth(column, client.Width() / 3);
+  }
   DeselectAll();
   SelectItem(0);
 }

@@ -20,6 +20,7 @@ constexpr int kTools[] = {ID_DIFF_NEXT,   ID_DIFF_PREVIOUS, 0, ID_DIFF_FIND,    
 constexpr int kImageSize = 16;
 constexpr COLORREF kImageGround = RGB(255, 0, 255);
 
+constexpr int kLeastBars = 10;  // the window's least height, in those of the find bar
 constexpr WindowPlace kPlace = {"Diff"};
 
 CString TitleOf(const CString& title, const CString& path) {
@@ -136,10 +137,18 @@ void DiffFrame::RecalcLayout(BOOL) {
   std::optional<Selected<CFont>> font;
   if (CFont* const own = m_status.GetFont()) font.emplace(dc, *own);
   const int unit = dc.GetTextExtent("0", 1).cx;
-  const int right = client.right;
-  const std::array<int, kParts> ends = {std::max(0, right - 94 * unit), right - 70 * unit,
-                                        right - 44 * unit, -1};
+  // In a narrow window the options give way: what was not found is told in the first part.
+  const int rest = std::max(24 * unit, static_cast<int>(client.right) - 94 * unit);
+  const std::array<int, kParts> ends = {rest, rest + 24 * unit, rest + 50 * unit, -1};
   m_status.SendMessage(SB_SETPARTS, kParts, reinterpret_cast<LPARAM>(ends.data()));
+}
+
+// All of the find bar, and some lines.
+void DiffFrame::OnGetMinMaxInfo(MINMAXINFO* info) {
+  CFrameWnd::OnGetMinMaxInfo(info);
+  if (m_findBar.m_hWnd == nullptr) return;
+  info->ptMinTrackSize = CPoint(m_findBar.LeastWidth() + 2 * GetSystemMetrics(SM_CXSIZEFRAME),
+                                kLeastBars * m_findBar.Height());
 }
 
 // While a comparison runs its window's messages are served; what would change what is shown has to
