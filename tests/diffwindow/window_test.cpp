@@ -2,24 +2,18 @@
 #include "diffwindow/WindowTest.h"
 #include "entry/Handles.h"
 
-TEST_F(DiffWindowTest, OpensAtTheFirstDifference) {
+TEST_F(DiffWindowTest, GoesFromDifferenceToDifference) {
   Open(Lines(300), Lines(300, {100, 200, 201, 290}));
-  EXPECT_EQ(state().CurrentDifference(), 0);
+  char title[100] = "";
+  ::GetWindowText(m_frame->m_hWnd, title, sizeof title);
+  EXPECT_STREQ(title, "Left title - Right title - Differences");
+  EXPECT_EQ(::GetFocus(), Child(IDC_DIFF_LEFT));
+  // The first one is shown.
   EXPECT_EQ(state().place.caret(), 99);
   EXPECT_LT(state().place.first(), 99);
   EXPECT_GT(state().place.first() + state().place.page(), 99);
   EXPECT_EQ(Status(1), "Line 100 | 100");
   EXPECT_EQ(Status(2), "Difference 1 of 3");
-  char title[100] = "";
-  ::GetWindowText(m_frame->m_hWnd, title, sizeof title);
-  EXPECT_STREQ(title, "Left title - Right title - Differences");
-  ::GetWindowText(Child(IDC_DIFF_RIGHT), title, sizeof title);
-  EXPECT_STREQ(title, "Right title");
-  EXPECT_EQ(::GetFocus(), Child(IDC_DIFF_LEFT));
-}
-
-TEST_F(DiffWindowTest, GoesFromDifferenceToDifference) {
-  Open(Lines(300), Lines(300, {100, 200, 201, 290}));
   const struct {
     UINT key;
     int modifiers;

@@ -5,11 +5,13 @@
 
 #include <algorithm>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
 #include "dircmp/ControlTest.h"
 #include "dircmp/FolderComparison.h"
+#include "entry/SetGetCurrentDir.h"
 #include "support/AssertionLog.h"
 #include "support/CodePage.h"
 
@@ -77,42 +79,35 @@ TEST_F(Folders, States) {
   EXPECT_EQ(Rows(prm), (RowList{"M sub\\Changed.C", "N a\\b\\c\\new.x"}));
 }
 
+// Times in days; 0: there is no such file, or it is not told.
 TEST_F(Folders, Times) {
-  constexpr struct {
+  const struct {
     const char* name;
-    unsigned base, revised;  // days; 0: no such file
-    char state;
-    unsigned shownBase, shownRevised, shownModified;
+    unsigned base, revised;
+    const char* row;  // state, base, revised, modified
   } kCases[] = {
-      {"same", 1, 2, 'S', 2, 2, 2},    {"same-newer-base", 2, 1, 'S', 2, 2, 2},
-      {"changed", 1, 2, 'M', 1, 2, 2}, {"changed-newer-base", 2, 1, 'M', 2, 1, 2},
-      {"new", 0, 2, 'N', 0, 2, 2},     {"deleted", 1, 0, 'D', 1, 0, 1},
+      {"same", 1, 2, "S 2 2 2"},         {"same, newer base", 2, 1, "S 2 2 2"},
+      {"changed", 1, 2, "M 1 2 2"},      {"changed, newer base", 2, 1, "M 2 1 2"},
+      {"only revised", 0, 2, "N 0 2 2"}, {"only base", 1, 0, "D 1 0 1"},
   };
-  const auto write = [&](const std::string& name, unsigned day, const std::string& bytes) {
+  const auto write = [&](const std::string& name, unsigned day, const char* bytes) {
     if (day == 0) return;
     Write(name, bytes);
     SetTime(name, day);
   };
   for (const auto& row : kCases) {
     write(std::string("base\\") + row.name, row.base, "x");
-    write(std::string("revised\\") + row.name, row.revised, row.state == 'S' ? "x" : "y");
+    write(std::string("revised\\") + row.name, row.revised, *row.row == 'S' ? "x" : "y");
   }
   FolderComparison comparison(base().c_str(), revised().c_str(), AllTypes());
-  comparison.Scan();
-  comparison.EvaluateAll();
-  ASSERT_EQ(comparison.records().size(), std::size(kCases));
-  const auto timeOf = [](unsigned day) { return day == 0 ? CTime() : CTime(Day(day)); };
+  EXPECT_TRUE(comparison.Scan() && comparison.EvaluateAll());
+  std::map<std::string, std::string> rows;
   for (const DocumentRecord& record : comparison.records()) {
-    SCOPED_TRACE(record.relativePath);
-    const auto row = std::find_if(std::begin(kCases), std::end(kCases), [&](const auto& known) {
-      return record.relativePath == known.name;
-    });
-    ASSERT_NE(row, std::end(kCases));
-    EXPECT_EQ(StateOf(record), row->state);
-    EXPECT_EQ(record.baseModified, timeOf(row->shownBase));
-    EXPECT_EQ(record.revisedModified, timeOf(row->shownRevised));
-    EXPECT_EQ(record.modified, timeOf(row->shownModified));
+    std::string& row = rows[str(record.relativePath)] = StateOf(record);
+    for (const CTime& time : {record.baseModified, record.revisedModified, record.modified})
+      row += " " + std::to_string(time == CTime() ? 0 : (time - CTime(Day(0))).GetDays());
   }
+  for (const auto& row : kCases) EXPECT_EQ(rows[row.name], row.row) << row.name;
 }
 
 // Nobody is kept from working with it, and a tree on a network is not read.
@@ -188,6 +183,10 @@ TEST_F(Folders, OddFolders) {
   EXPECT_EQ(rows(base() + "\\", base() + "/sub/../", 0), (RowList{"S a", "S sub\\b"}));
   EXPECT_EQ(rows(base(), "", 1), (RowList{"D a", "D sub\\b"}));
   EXPECT_EQ(rows(base() + "\\a", base(), 1), (RowList{"N a", "N sub\\b"}));
+  const SetGetCurrentDir current(base().c_str());
+  const std::string drive = base().substr(0, 2);
+  EXPECT_EQ(rows(".", drive, 0), (RowList{"S a", "S sub\\b"}));
+  EXPECT_EQ(str(FolderComparison("\\", "", AllTypes()).baseFolder()), drive);
 }
 
 // Paths that the system's limit cuts off are told, and nothing else is lost.
@@ -232,31 +231,22 @@ TEST_F(Folders, AStopLeavesTheRestUnknown) {
 TEST(DirCmpPrm, TypeFilter) {
   constexpr struct {
     const char* list;
-    int excludeListed;
-    const char* passing;  // of the extensions c, h, cpp and none, each followed by a blank
+    const char *only, *allBut;  // what passes of c, h, p.p and none, which is "-"
   } kCases[] = {
-      {"*.c;*.h", 0, "c h "},
-      {"*.c;*.h", 1, "cpp - "},
-      {"*.C;*.H", 0, "c h "},
-      {"", 0, "c h cpp - "},
-      {"", 1, ""},
-      {"*.*", 0, "c h cpp - "},
-      {"*.*", 1, ""},
-      {"*.", 0, "- "},
-      {"*.*;*.c", 0, "c "},
-      {"c;h", 0, ""},
-      {"*.c;", 0, "c "},
+      {"*.c;*.h", "ch", "p-"}, {"*.C;*.H", "ch", "p-"}, {"", "chp-", ""},
+      {"*.*", "chp-", ""},     {"*.", "-", "chp"},      {"*.p.p;", "p", "ch-"},
+      {"*.*;*.c", "c", "hp-"}, {"c;h", "", "chp-"},
   };
   for (const auto& row : kCases) {
-    DirCmpPrm prm;
-    prm.m_typeList = row.list;
-    prm.m_excludeListedTypes = row.excludeListed;
-    std::string passing;
-    for (const char* extension : {"c", "h", "cpp", ""}) {
-      if (!prm.PassesTypeFilter(extension)) continue;
-      passing += std::string(*extension != 0 ? extension : "-") + " ";
+    for (const int excludes : {0, 1}) {
+      DirCmpPrm prm;
+      prm.m_typeList = row.list;
+      prm.m_excludeListedTypes = excludes;
+      std::string passing;
+      for (const char* extension : {"c", "h", "p.p", ""})
+        if (prm.PassesTypeFilter(extension)) passing += *extension != 0 ? *extension : '-';
+      EXPECT_EQ(passing, excludes ? row.allBut : row.only) << row.list << excludes;
     }
-    EXPECT_EQ(passing, row.passing) << row.list << ", excluding " << row.excludeListed;
   }
 }
 
