@@ -184,7 +184,7 @@ std::string HyperLinkReport::SectionUrl(FileState state) const {
   return HasSection(state) ? std::string("index.html#") + ClassOf(state) : std::string();
 }
 
-bool HyperLinkReport::WriteDocument(size_t number) {
+bool HyperLinkReport::WriteDocument(size_t number, const ContentCompare::StopPoll& stop) {
   Document& document = m_documents[number];
   const DocumentRecord& record = *document.record;
   const size_t problems = m_problems.size();
@@ -194,7 +194,7 @@ bool HyperLinkReport::WriteDocument(size_t number) {
   if (record.state != FileState::Deleted) {
     document.revisedUrl = UrlOfSide(m_comparison.RevisedPath(record), "revised", record);
   }
-  if (HasPage(number)) document.isPageWritten = WritePage(number);
+  if (HasPage(number)) document.isPageWritten = WritePage(number, stop);
   return m_problems.size() == problems;
 }
 
@@ -210,7 +210,7 @@ std::string HyperLinkReport::UrlOfSide(const CString& path, const char* side,
   return m_options.linkSourceFiles ? UrlInPlace(path) : std::string();
 }
 
-bool HyperLinkReport::WritePage(size_t number) {
+bool HyperLinkReport::WritePage(size_t number, const ContentCompare::StopPoll& stop) {
   const Document& document = m_documents[number];
   const DocumentRecord& record = *document.record;
   const auto link = [](const std::string& url, const std::string& html) {
@@ -229,7 +229,8 @@ bool HyperLinkReport::WritePage(size_t number) {
   page.options = m_compare;
   const CString path = m_folder + kPagesFolder + WithBackslashes(PageName(number).c_str());
   try {
-    return Note(path, WriteDifferencePage(path, page));
+    const DWORD error = WriteDifferencePage(path, page, stop);
+    return error != ERROR_CANCELLED && Note(path, error);
   } catch (const std::bad_alloc&) {
     // The other documents may well be smaller.
     return Note(path, ERROR_NOT_ENOUGH_MEMORY);
