@@ -54,7 +54,7 @@ class ORVANE_API HyperLinkReport {
   Target Prepare(const char* folder);
   // The documents of the report are numbered from 0. One at a time, so that long reports can show
   // their progress and be stopped; false: something could not be written (problems). stop: as for
-  // DiffLines; the document is left without its page.
+  // DiffLines; the document is left without its page, which is no problem.
   size_t documentCount() const { return m_documents.size(); }
   bool WriteDocument(size_t number, const ContentCompare::StopPoll& stop = {});
   // After the documents, whose links it holds.

@@ -147,8 +147,7 @@ TEST_F(Report, WritesOverNobodysFiles) {
   HyperLinkReport report(*m_comparison, "", "", {}, {});
   report.AddAll();
   EXPECT_EQ(report.Prepare((m_folder / "report").c_str()), Target::Ready);
-  EXPECT_FALSE(report.WriteDocument(0, [] { return true; }));
-  EXPECT_TRUE(report.problems().empty()) << "it was stopped";
+  EXPECT_TRUE(report.WriteDocument(0, [] { return true; })) << "a stop is no problem";
   EXPECT_FALSE(report.WriteDocument(0));
   EXPECT_EQ(m_folder.Read("report\\differences\\1\\1.html"), "mine");
   EXPECT_EQ(report.problems().size(), 1u);
