@@ -80,10 +80,6 @@ TEST(Rows, HaveEveryLineOnceInItsOrder) {
   }
 }
 
-TEST(Rows, AreNoneOfWhatIsNoText) {
-  EXPECT_EQ(DocumentOf(std::string("a\0b", 3), "a\n").rowCount(), 0);
-}
-
 TEST(Rows, MarkChangedWords) {
   const DiffDocument document =
       DocumentOf("one two three\nall\nlast\n", "one 2 three\nelse\nlast\n");

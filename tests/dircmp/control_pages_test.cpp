@@ -139,10 +139,6 @@ TEST_F(ControlPages, AreConfigured) {
                    Driver::Accelerator('n'), Driver::Accelerator('r'), Driver::Press(VK_RETURN)});
     EXPECT_EQ(m_list.ConfigureReports(nullptr), 1);
   }
-  {
-    Driver driver({Driver::Accelerator('c'), Driver::Press(VK_ESCAPE)});
-    EXPECT_EQ(m_list.ConfigureReports(nullptr), 0);
-  }
   // The next list with that key has them.
   NotingList next;
   next.SetRegistryKey(product.c_str());

@@ -252,10 +252,7 @@ TEST(DirCmpPrm, TypeFilter) {
 
 TEST(DocumentName, Parts) {
   constexpr struct {
-    const char* path;
-    const char* folder;
-    const char* name;
-    const char* extension;
+    const char *path, *folder, *name, *extension;
   } kCases[] = {
       {"a.TXT", "", "a", "txt"},     {"sub\\x\\a.b.c", "sub\\x", "a.b", "c"},
       {"none", "", "none", ""},      {"d.ir\\none", "d.ir", "none", ""},
