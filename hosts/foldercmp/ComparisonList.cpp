@@ -42,7 +42,13 @@ BOOL ComparisonList::Create(CWnd& parent, UINT id, CFont& font) {
 void ComparisonList::SetFirstLayout() {
   if (m_hasKeptLayout) return;
   SetSortKey(kStatus, 0, 1);
-  for (int column = 0; column < GetVisibleColNum(); ++column) FitColumn(column);
+  CRect client;
+  GetClientRect(client);
+  for (int column = 0; column < GetVisibleColNum(); ++column) {
+    FitColumn(column);
+    // One long name is not to put the status out of sight.
+    if (GetColumnWidth(column) > client.Width() / 3) SetColumnWidth(column, client.Width() / 3);
+  }
   DeselectAll();
   SelectItem(0);
 }
@@ -129,9 +135,7 @@ int ComparisonList::NewWindow(const char* left, const char* right) {
 }
 
 CString ComparisonList::GetNewWindowParams(const char*, const char*) {
-  const DirCmpPrm& prm = Comparison()->prm();
-  return CompareArgument(
-      {.ignoreCase = prm.m_ignoreCase != 0, .whiteSpaceMode = prm.m_whiteSpaceMode});
+  return CompareArgument(OptionsOf(Comparison()->prm()));
 }
 
 // --- Work ---

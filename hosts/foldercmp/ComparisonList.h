@@ -15,13 +15,12 @@ class ComparisonList : public DirCmpCtrl {
   // Hidden, with the layout that is kept in the registry.
   BOOL Create(CWnd& parent, UINT id, CFont& font);
 
-  // After InitList, when no layout was kept: columns that show all of their texts, the documents
+  // After InitList, when no layout was kept: columns that show their texts, the documents
   // that differ at the top.
   void SetFirstLayout();
 
   // Before InitList, and at any time later.
   void SetDocumentFilter(const DocumentFilter& filter);
-  const DocumentFilter& GetDocumentFilter() const { return m_documentFilter; }
 
   // Whether any document is not the same in both folders.
   bool HasDifferences() const;

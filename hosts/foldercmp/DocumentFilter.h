@@ -22,7 +22,6 @@ struct DocumentFilter {
     const int bit = static_cast<int>(state);
     return bit >= kHideableStates || (states >> bit & 1) != 0;
   }
-  bool ShowsAll() const { return states == kAllStates && text.IsEmpty(); }
   bool operator==(const DocumentFilter& other) const {
     return states == other.states && column == other.column && text == other.text;
   }

@@ -1,6 +1,7 @@
 #include "foldercmp/HostSettings.h"
 
 #include "foldercmp/TypeList.h"
+#include "foldercmp/common/UserNumbers.h"
 #include "settings/RegistryUtil.h"
 
 const char kProductKey[] = "SOFTWARE\\Orvane\\foldercmp";
@@ -18,28 +19,18 @@ MRegistry& registry() { return MRegistry::GetProductRegistry(); }
 
 }  // namespace
 
-int LoadNumber(const char* name, int most, int fromTheStart) {
-  unsigned long value = 0;
-  const bool isThere = registry().GetUserKey(name, value, 0) != 0;
-  return isThere && value <= static_cast<unsigned long>(most) ? static_cast<int>(value)
-                                                              : fromTheStart;
-}
-
-void StoreNumber(const char* name, int value) {
-  registry().SetUserKey(name, static_cast<unsigned long>(value));
-}
-
 DirCmpPrm LoadComparisonOptions() {
   DirCmpPrm prm;
-  prm.m_scanFlags = LoadNumber(kSubFolders, 1, 1) != 0 ? kScanSubFolders : 0;
-  prm.m_ignoreCase = LoadNumber(kIgnoreCase, 1, prm.m_ignoreCase);
-  prm.m_whiteSpaceMode = LoadNumber(kWhiteSpace, kWhiteSpaceIgnored, prm.m_whiteSpaceMode);
-  prm.m_olderOnLeft = LoadNumber(kOlderOnLeft, 1, prm.m_olderOnLeft);
+  prm.m_scanFlags = LoadFlag(kSubFolders, true) ? kScanSubFolders : 0;
+  prm.m_ignoreCase = LoadFlag(kIgnoreCase, prm.m_ignoreCase != 0);
+  prm.m_whiteSpaceMode =
+      LoadNumber(kWhiteSpace, kWhiteSpaceExact, kWhiteSpaceIgnored, prm.m_whiteSpaceMode);
+  prm.m_olderOnLeft = LoadFlag(kOlderOnLeft, prm.m_olderOnLeft != 0);
   CString types;
   registry().GetUserKey(kTypeList, types);
   prm.m_typeList = NormalizedTypeList(types);
   // Without types there is nothing to leave out: all are compared.
-  prm.m_excludeListedTypes = prm.m_typeList.IsEmpty() ? 0 : LoadNumber(kExcludeTypes, 1, 0);
+  prm.m_excludeListedTypes = prm.m_typeList.IsEmpty() ? 0 : LoadFlag(kExcludeTypes, false);
   return prm;
 }
 
@@ -52,14 +43,14 @@ void StoreComparisonOptions(const DirCmpPrm& prm) {
   StoreNumber(kExcludeTypes, prm.m_excludeListedTypes);
 }
 
-bool LoadColourMarking() { return LoadNumber(kColours, 1, 1) != 0; }
+bool LoadColourMarking() { return LoadFlag(kColours, true); }
 void StoreColourMarking(bool isOn) { StoreNumber(kColours, isOn); }
 
 ShownDocuments LoadShownDocuments(const ShownDocuments& fromTheStart, int columns) {
   const int allStates = static_cast<int>(fromTheStart.states);
   ShownDocuments shown;
-  shown.states = static_cast<unsigned>(LoadNumber(kShownStates, allStates, allStates));
-  shown.column = LoadNumber(kFilterColumn, columns - 1, fromTheStart.column);
+  shown.states = static_cast<unsigned>(LoadNumber(kShownStates, 0, allStates, allStates));
+  shown.column = LoadNumber(kFilterColumn, 0, columns - 1, fromTheStart.column);
   return shown;
 }
 

@@ -27,7 +27,3 @@ struct ShownDocuments {
 };
 ShownDocuments LoadShownDocuments(const ShownDocuments& fromTheStart, int columns);
 void StoreShownDocuments(const ShownDocuments& shown);
-
-// A number from 0 to most.
-int LoadNumber(const char* name, int most, int fromTheStart);
-void StoreNumber(const char* name, int value);

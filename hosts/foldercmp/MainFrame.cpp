@@ -6,7 +6,7 @@
 #include "foldercmp/HostSettings.h"
 #include "foldercmp/HostTexts.h"
 #include "foldercmp/MainFrameMessages.h"
-#include "foldercmp/WindowPlace.h"
+#include "foldercmp/common/WindowPlace.h"
 #include "foldercmp/resource.h"
 
 BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
@@ -69,6 +69,8 @@ namespace {
 // In dialog units.
 constexpr int kMargin = 4, kGap = 4, kLeastWidth = 320, kLeastHeight = 160;
 
+constexpr WindowPlace kPlace = {"Window"};
+
 }  // namespace
 
 // --- Beginning and end ---
@@ -107,7 +109,7 @@ BOOL MainFrame::OnCreateClient(LPCREATESTRUCT, CCreateContext*) {
 }
 
 void MainFrame::Show(int cmdShow) {
-  ShowWindow(RestoreWindowPlace(*this, cmdShow));
+  ShowWindow(kPlace.Restore(*this, cmdShow));
   UpdateWindow();
 }
 
@@ -138,7 +140,7 @@ void MainFrame::OnEndSession(BOOL ends) {
 }
 
 void MainFrame::StoreSettings() const {
-  StoreWindowPlace(*this);
+  kPlace.Store(*this);
   const DocumentFilter filter = m_filterBar.Filter();
   StoreShownDocuments({filter.states, static_cast<int>(filter.column)});
 }

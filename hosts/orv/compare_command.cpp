@@ -21,17 +21,15 @@ constexpr char kUsage[] =
     "  --types LIST    only documents of these types: \"*.c;*.h\"\n"
     "  --exclude LIST  all documents but those of these types\n"
     "  --ignore-case   letters are equal regardless of case\n"
-    "  --space MODE    white space: 0 counts, 1 any run of it equals any run, 2 is ignored (from "
-    "the\n"
-    "                  start: 1)\n"
+    "  --space MODE    white space: 0 counts, 1 any run of it equals any run (from the start),\n"
+    "                  2 is ignored\n"
     "  --flat          not the sub-folders\n"
     "  --brief         no lines for documents that are the same\n"
     "  --links FOLDER  writes a report with the differences as pages for a browser; the folder is\n"
     "                  new, empty, or that of an earlier report\n"
     "  --report COMMAND\n"
-    "                  writes a report of the list: \"S:5D R:H O:C:\\out\\report.htm\"; a page "
-    "gets\n"
-    "                  such differences in a folder beside it\n"
+    "                  writes a report of the list: \"S:5D R:H O:C:\\out\\report.htm\";\n"
+    "                  a page gets such differences in a folder beside it\n"
     "  --link-sources  reports link to the documents where they are\n"
     "  --copy          reports get copies of the documents\n"
     "\n"
@@ -175,9 +173,7 @@ bool PrintStates(const FolderComparison& comparison, bool isBrief) {
 }
 
 bool WritePages(const FolderComparison& comparison, const Options& options) {
-  HyperLinkReport report(comparison, "", "", options.pages,
-                         {.ignoreCase = options.prm.m_ignoreCase != 0,
-                          .whiteSpaceMode = options.prm.m_whiteSpaceMode});
+  HyperLinkReport report(comparison, "", "", options.pages, OptionsOf(options.prm));
   report.AddAll();
   const HyperLinkReport::Target target = report.Prepare(options.links);
   if (target != HyperLinkReport::Target::Ready) {

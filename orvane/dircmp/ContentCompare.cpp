@@ -115,8 +115,10 @@ Result ContentCompare::Streams(ByteSource& left, ByteSource& right) {
 }
 
 Result ContentCompare::CompareFiles(const char* left, const char* right) {
-  FileSource leftFile(left), rightFile(right);
-  if (!leftFile.isOpen() || !rightFile.isOpen()) return Result::Unreadable;
+  FileSource leftFile(left);
+  if (!leftFile.isOpen()) return Result::Unreadable;
+  FileSource rightFile(right);
+  if (!rightFile.isOpen()) return Result::Unreadable;
   // Where no white space is passed over, every character stands against one.
   if (m_options.whiteSpaceMode == kWhiteSpaceExact && leftFile.size() != rightFile.size()) {
     return Result::Different;

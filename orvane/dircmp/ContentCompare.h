@@ -24,6 +24,11 @@ struct CompareOptions {
   bool isBinary() const { return !ignoreCase && whiteSpaceMode == kWhiteSpaceExact; }
 };
 
+// How the documents of two folders are compared.
+inline CompareOptions OptionsOf(const DirCmpPrm& prm) {
+  return {.ignoreCase = prm.m_ignoreCase != 0, .whiteSpaceMode = prm.m_whiteSpaceMode};
+}
+
 // For one thread at a time; the object keeps its buffers, so use one for many pairs. White space is
 // blank, tab, line feed, vertical tab, form feed and carriage return.
 class ORVANE_API ContentCompare {
@@ -32,7 +37,8 @@ class ORVANE_API ContentCompare {
     Equal,
     Different,
     Stopped,     // before a difference was found
-    Unreadable,  // one of them can't be opened or read to its end, or there is no memory
+    Unreadable,  // one of them can't be opened or read to its end (GetLastError tells why of
+                 // files), or there is no memory
   };
 
   // Asked before every block that is read (of kBlockSize bytes at most); true: nothing is read any

@@ -61,12 +61,12 @@ std::string HtmlOfLine(const TextLine& line, const ChangedRanges& ranges,
 class Rows {
  public:
   Rows(HtmlFile& file, const DocumentText& left, const DocumentText& right,
-       const CompareOptions& options)
+       const CompareOptions& options, const ContentCompare::StopPoll& stop)
       : m_file(file),
         m_left(left),
         m_right(right),
         m_options(options),
-        m_blocks(DiffLines(left, right, options)) {
+        m_blocks(DiffLines(left, right, options, stop)) {
     for (const LineBlock& block : m_blocks) m_differences += block.isDifferent;
   }
 
@@ -174,15 +174,17 @@ class Rows {
 
 }  // namespace
 
-DWORD WriteDifferencePage(const CString& path, const DifferencePage& page) {
+DWORD WriteDifferencePage(const CString& path, const DifferencePage& page,
+                          const ContentCompare::StopPoll& stop) {
   DocumentText left, right;
   const DocumentText::Kind leftKind = left.Load(page.basePath);
   const DocumentText::Kind rightKind = right.Load(page.revisedPath);
   HtmlFile file(path, page.title, false);
   std::optional<Rows> rows;
   if (leftKind == DocumentText::Kind::Text && rightKind == DocumentText::Kind::Text) {
-    rows.emplace(file, left, right, page.options);
+    rows.emplace(file, left, right, page.options, stop);
   }
+  if (stop && stop()) return ERROR_CANCELLED;
   file << "<h1 class=\"modified\">" << page.title << "</h1>\n<nav>" << page.navigation;
   if (rows && rows->differences() > 0) {
     file << "<a href=\"#d1\">" << TextHtml(IDS_PAGE_FIRST_DIFFERENCE) << "</a>";

@@ -19,6 +19,8 @@ struct DifferencePage {
   CompareOptions options;
 };
 
-// Writes the page: 0, or the system's error. Documents that can't be shown as texts are named with
+// Writes the page: 0, or the system's error; ERROR_CANCELLED: stop, which is asked as by DiffLines,
+// has ended the work and there is no page. Documents that can't be shown as texts are named with
 // the reason.
-DWORD WriteDifferencePage(const CString& file, const DifferencePage& page);
+DWORD WriteDifferencePage(const CString& file, const DifferencePage& page,
+                          const ContentCompare::StopPoll& stop);

@@ -13,10 +13,6 @@ namespace {
 constexpr char kFolderEnd[] = "_files";
 constexpr size_t kPagesWithoutWindow = 20;
 
-CompareOptions optionsOf(const DirCmpPrm& prm) {
-  return {.ignoreCase = prm.m_ignoreCase != 0, .whiteSpaceMode = prm.m_whiteSpaceMode};
-}
-
 // "C:\\out\\r_files" for "C:\\out\\r.htm"
 CString folderBeside(const CString& report) {
   CString folder, name;
@@ -74,7 +70,7 @@ int DirCmpCtrl::WritePages(const HlReportRun& run, CString& note) {
           .includeDeleted = pages.includeDeleted,
           .copyDocuments = copies,
           .linkSourceFiles = !copies && pages.documentLinks != HlReportSettings::kInactive},
-      optionsOf(m_comparison->prm()));
+      OptionsOf(m_comparison->prm()));
   for (const unsigned long id : run.ids) {
     if (!IsDocument(id)) continue;
     const DocumentRecord& record = RecordOf(id);

@@ -13,6 +13,12 @@ namespace {
 std::string FolderOf(const char* path) {
   std::string folder = static_cast<LPCSTR>(WithBackslashes(path));
   if (folder.empty()) return folder;
+  if (folder == "\\" || folder.back() == ':') {
+    // The root of the current drive, or the current folder of a drive, which have to be named.
+    char full[MAX_PATH];
+    const DWORD size = GetFullPathNameA(path, MAX_PATH, full, nullptr);
+    if (size > 0 && size < MAX_PATH) folder = full;
+  }
   // The last byte of a Japanese name may be a backslash, too.
   while (!folder.empty() && *CharPrevA(folder.c_str(), folder.c_str() + folder.size()) == '\\') {
     folder.pop_back();
@@ -54,8 +60,7 @@ FolderComparison::FolderComparison(const char* base, const char* revised, const 
       m_revised(FolderOf(revised)),
       m_prm(prm),
       m_stop(std::move(stop)),
-      m_contents({.ignoreCase = prm.m_ignoreCase != 0, .whiteSpaceMode = prm.m_whiteSpaceMode},
-                 [this] { return IsStopped(); }) {}
+      m_contents(OptionsOf(prm), [this] { return IsStopped(); }) {}
 
 // A stop lasts.
 bool FolderComparison::IsStopped() {

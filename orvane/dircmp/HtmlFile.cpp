@@ -15,7 +15,7 @@ constexpr std::string_view kStyle =
     R"(h1 { margin-bottom: 0.5rem; }
 h2 { margin: 2rem 0 0.5rem; font-size: 1.125rem; font-weight: 600; }
 nav { display: flex; flex-wrap: wrap; gap: 0.25rem 1.25rem; margin: 0.5rem 0 1rem; }
-.time { white-space: nowrap; }
+.time, td.modified, td.new, td.deleted, table:not(.sides) th:last-child { white-space: nowrap; }
 .modified { color: #007a00; }
 .new { color: #0000ff; }
 .deleted { color: #c00000; }

@@ -26,13 +26,10 @@ constexpr char kUp[] = "../../";
 // Some file systems look through a whole folder for each new file.
 constexpr size_t kPagesPerFolder = 500;
 
-// The list of states stands in one text, separated by tabs.
 CString NameOf(FileState state) {
-  MString names;
-  names.LoadString(IDS_FILE_STATES);
-  for (int i = 0; i < static_cast<int>(state); ++i) names = names.Mid(names.Find('\t') + 1);
-  const int end = names.Find('\t');
-  return end < 0 ? names : names.Left(end);
+  CString name;
+  AfxExtractSubString(name, MString::Loaded(IDS_FILE_STATES), static_cast<int>(state), '\t');
+  return name;
 }
 
 const char* ClassOf(FileState state) {
@@ -187,8 +184,7 @@ std::string HyperLinkReport::SectionUrl(FileState state) const {
   return HasSection(state) ? std::string("index.html#") + ClassOf(state) : std::string();
 }
 
-bool HyperLinkReport::WriteDocument(size_t number) {
-  if (m_options.isPreview) return true;
+bool HyperLinkReport::WriteDocument(size_t number, const ContentCompare::StopPoll& stop) {
   Document& document = m_documents[number];
   const DocumentRecord& record = *document.record;
   const size_t problems = m_problems.size();
@@ -198,7 +194,7 @@ bool HyperLinkReport::WriteDocument(size_t number) {
   if (record.state != FileState::Deleted) {
     document.revisedUrl = UrlOfSide(m_comparison.RevisedPath(record), "revised", record);
   }
-  if (HasPage(number)) document.isPageWritten = WritePage(number);
+  if (HasPage(number)) document.isPageWritten = WritePage(number, stop);
   return m_problems.size() == problems;
 }
 
@@ -214,7 +210,7 @@ std::string HyperLinkReport::UrlOfSide(const CString& path, const char* side,
   return m_options.linkSourceFiles ? UrlInPlace(path) : std::string();
 }
 
-bool HyperLinkReport::WritePage(size_t number) {
+bool HyperLinkReport::WritePage(size_t number, const ContentCompare::StopPoll& stop) {
   const Document& document = m_documents[number];
   const DocumentRecord& record = *document.record;
   const auto link = [](const std::string& url, const std::string& html) {
@@ -233,7 +229,8 @@ bool HyperLinkReport::WritePage(size_t number) {
   page.options = m_compare;
   const CString path = m_folder + kPagesFolder + WithBackslashes(PageName(number).c_str());
   try {
-    return Note(path, WriteDifferencePage(path, page));
+    const DWORD error = WriteDifferencePage(path, page, stop);
+    return error != ERROR_CANCELLED && Note(path, error);
   } catch (const std::bad_alloc&) {
     // The other documents may well be smaller.
     return Note(path, ERROR_NOT_ENOUGH_MEMORY);
@@ -270,9 +267,6 @@ bool HyperLinkReport::WriteIndex() {
     if (HasSection(state)) file << Link(std::string("#") + ClassOf(state), HtmlOf(NameOf(state)));
   }
   file << "</nav>\n";
-  if (m_options.isPreview) {
-    file << "<p class=\"note\">" << TextHtml(IDS_REPORT_NO_HYPERLINKS) << "</p>\n";
-  }
   for (const FileState state : kSections) {
     if (HasSection(state)) file << SectionHtml(state);
   }

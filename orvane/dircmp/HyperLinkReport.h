@@ -25,8 +25,6 @@ struct HyperLinkReportOptions {
   bool copyDocuments = false;
   // Documents are linked to where they are; copies go first.
   bool linkSourceFiles = false;
-  // The index only, with a note that no differences were looked for.
-  bool isPreview = false;
 };
 
 class ORVANE_API HyperLinkReport {
@@ -55,9 +53,10 @@ class ORVANE_API HyperLinkReport {
   // pages of differences are deleted: nobody's files are written over.
   Target Prepare(const char* folder);
   // The documents of the report are numbered from 0. One at a time, so that long reports can show
-  // their progress and be stopped; false: something could not be written (problems).
+  // their progress and be stopped; false: something could not be written (problems). stop: as for
+  // DiffLines; the document is left without its page, which is no problem.
   size_t documentCount() const { return m_documents.size(); }
-  bool WriteDocument(size_t number);
+  bool WriteDocument(size_t number, const ContentCompare::StopPoll& stop = {});
   // After the documents, whose links it holds.
   bool WriteIndex();
 
@@ -93,7 +92,7 @@ class ORVANE_API HyperLinkReport {
 
   void Sort();
   std::string UrlOfSide(const CString& path, const char* side, const DocumentRecord& record);
-  bool WritePage(size_t number);
+  bool WritePage(size_t number, const ContentCompare::StopPoll& stop);
   bool HasPage(size_t number) const;
   std::string PageUrl(size_t number) const;
   std::string NavigationOf(size_t number) const;

@@ -18,7 +18,7 @@ HyperLinkReportOp::HyperLinkReportOp(HyperLinkReport& report,
 OperationReturnState HyperLinkReportOp::Operation(unsigned int index) {
   if (index == m_report.documentCount())
     return m_report.WriteIndex() ? OperationDone : OperationFailed;
-  if (!m_report.WriteDocument(index)) ++m_incomplete;
+  if (!m_report.WriteDocument(index, [this] { return m_aborted != 0; })) ++m_incomplete;
   m_progress(index + 1, m_end);
   return OperationDone;
 }

@@ -62,8 +62,10 @@ std::string KeyOfLine(const TextLine& line, bool isFirst, const CompareOptions& 
 struct Side {
   enum Fate : char { kKept, kChanged, kEmpty };
 
-  Side(const DocumentText& text, Numbers& numbers, const CompareOptions& options) {
+  Side(const DocumentText& text, Numbers& numbers, const CompareOptions& options,
+       const ContentCompare::StopPoll& stop) {
     for (const TextLine& line : text.lines()) {
+      if (stop && stop()) return;
       const std::string key = KeyOfLine(line, fates.empty(), options);
       fates.push_back(key.empty() ? kEmpty : kKept);
       if (key.empty()) continue;
@@ -227,10 +229,12 @@ std::vector<ChangedRanges> WholeLines(const DocumentText& text, int first, int c
 }  // namespace
 
 std::vector<LineBlock> DiffLines(const DocumentText& left, const DocumentText& right,
-                                 const CompareOptions& options) {
+                                 const CompareOptions& options,
+                                 const ContentCompare::StopPoll& stop) {
   Numbers numbers;
-  Side leftSide(left, numbers, options), rightSide(right, numbers, options);
-  SequenceDifference difference = DiffSequences(leftSide.sequence, rightSide.sequence);
+  Side leftSide(left, numbers, options, stop), rightSide(right, numbers, options, stop);
+  SequenceDifference difference = DiffSequences(leftSide.sequence, rightSide.sequence, stop);
+  if (stop && stop()) return {};
   leftSide.Settle(difference.left);
   rightSide.Settle(difference.right);
   leftSide.Apply(difference.left);

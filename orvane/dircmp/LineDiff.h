@@ -27,8 +27,12 @@ struct LineBlock {
 // within lines as in the comparison of files; a line break that has moved to another word is a
 // difference always. The work is bounded: in texts with very many differences, more than necessary
 // are found. Lets out the exceptions of failed allocations.
+//
+// stop: asked again and again, some milliseconds apart at most; true, from then on: the work ends
+// and there are no blocks.
 ORVANE_API std::vector<LineBlock> DiffLines(const DocumentText& left, const DocumentText& right,
-                                            const CompareOptions& options);
+                                            const CompareOptions& options,
+                                            const ContentCompare::StopPoll& stop = {});
 
 // Changed characters of a line as ranges of its bytes, from the first up to the one before the
 // second; a range that goes beyond the line's text means its end, too.

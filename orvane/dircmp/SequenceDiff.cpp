@@ -48,10 +48,10 @@ class Differ {
 
   // Calls keep with the places of each pair in common, in any order.
   template <class Keep>
-  void Run(Keep keep) {
+  void Run(Keep keep, const std::function<bool()>& stop) {
     std::vector<Box> boxes = {
         {0, static_cast<int>(m_left.size()), 0, static_cast<int>(m_right.size())}};
-    while (!boxes.empty()) {
+    while (!boxes.empty() && !(stop && stop())) {
       Box box = boxes.back();
       boxes.pop_back();
       while (box.left < box.leftEnd && box.right < box.rightEnd &&
@@ -172,14 +172,16 @@ class Differ {
 
 }  // namespace
 
-SequenceDifference DiffSequences(const std::vector<int>& left, const std::vector<int>& right) {
+SequenceDifference DiffSequences(const std::vector<int>& left, const std::vector<int>& right,
+                                 const std::function<bool()>& stop) {
   SequenceDifference difference = {std::vector<char>(left.size(), 1),
                                    std::vector<char>(right.size(), 1)};
   // What one sequence has alone can't be in common, and would only make the search longer.
   const Common leftCommon = WhatIsIn(left, right), rightCommon = WhatIsIn(right, left);
-  Differ(leftCommon.numbers, rightCommon.numbers).Run([&](int leftPlace, int rightPlace) {
+  const auto keep = [&](int leftPlace, int rightPlace) {
     difference.left[static_cast<size_t>(leftCommon.places[leftPlace])] = 0;
     difference.right[static_cast<size_t>(rightCommon.places[rightPlace])] = 0;
-  });
+  };
+  Differ(leftCommon.numbers, rightCommon.numbers).Run(keep, stop);
   return difference;
 }

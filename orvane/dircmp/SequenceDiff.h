@@ -1,6 +1,7 @@
 // What two sequences of numbers have in common. Inside the library only.
 #pragma once
 
+#include <functional>
 #include <vector>
 
 // For each place of either sequence whether it is left out of what they have in common.
@@ -16,4 +17,7 @@ struct SequenceDifference {
 // The method: E. W. Myers, "An O(ND) Difference Algorithm and Its Variations", Algorithmica 1
 // (1986), in its linear-space form; the search for the middle of a path is given up after a number
 // of steps, and goes on from the furthest place it has reached.
-SequenceDifference DiffSequences(const std::vector<int>& left, const std::vector<int>& right);
+//
+// stop: asked again and again; true: what was not compared until then is left out.
+SequenceDifference DiffSequences(const std::vector<int>& left, const std::vector<int>& right,
+                                 const std::function<bool()>& stop = {});

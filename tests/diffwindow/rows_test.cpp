@@ -13,19 +13,10 @@ TEST(Rows, StandSideBySide) {
     CompareOptions options;
     const char* rows;
   } cases[] = {
-      {"both empty", "", "", {}, ""},
       {"left empty", "", "a\nb\n", {}, "+|1 +|2"},
-      {"right empty", "a\nb\n", "", {}, "-1| -2|"},
-      {"equal", "a\nb\n", "a\nb\n", {}, "=1|1 =2|2"},
       {"changed", "a\nb\nc\n", "a\nx\nc\n", {}, "=1|1 ~2|2 =3|3"},
       {"more on the left", "a\nb\nc\nd\n", "a\nx\nd\n", {}, "=1|1 ~2|2 -3| =4|3"},
       {"more on the right", "a\nb\nd\n", "a\nx\ny\nd\n", {}, "=1|1 ~2|2 +|3 =3|4"},
-      {"no end of line", "a\nb", "a\nb\n", {}, "=1|1 ~2|2"},
-      {"no end of line, which doesn't count", "a\nb", "a\nb\n", {.whiteSpaceMode = 1}, "=1|1 =2|2"},
-      {"white space", "a  b\n", "a b\n", {}, "~1|1"},
-      {"runs of it", "a  b\n", "a b\n", {.whiteSpaceMode = 1}, "=1|1"},
-      {"without it", "ab\n", "a b\n", {.whiteSpaceMode = 2}, "=1|1"},
-      {"case", "AB\n", "ab\n", {.ignoreCase = true}, "=1|1"},
       // A line stands beside what it was before.
       {"inserted above",
        "int total = 0;\n",
@@ -87,10 +78,6 @@ TEST(Rows, HaveEveryLineOnceInItsOrder) {
     ASSERT_EQ(lines[0], document.lineCount(DiffSide::Left));
     ASSERT_EQ(lines[1], document.lineCount(DiffSide::Right));
   }
-}
-
-TEST(Rows, AreNoneOfWhatIsNoText) {
-  EXPECT_EQ(DocumentOf(std::string("a\0b", 3), "a\n").rowCount(), 0);
 }
 
 TEST(Rows, MarkChangedWords) {

@@ -2,24 +2,18 @@
 #include "diffwindow/WindowTest.h"
 #include "entry/Handles.h"
 
-TEST_F(DiffWindowTest, OpensAtTheFirstDifference) {
+TEST_F(DiffWindowTest, GoesFromDifferenceToDifference) {
   Open(Lines(300), Lines(300, {100, 200, 201, 290}));
-  EXPECT_EQ(state().CurrentDifference(), 0);
+  char title[100] = "";
+  ::GetWindowText(m_frame->m_hWnd, title, sizeof title);
+  EXPECT_STREQ(title, "Left title - Right title - Differences");
+  EXPECT_EQ(::GetFocus(), Child(IDC_DIFF_LEFT));
+  // The first one is shown.
   EXPECT_EQ(state().place.caret(), 99);
   EXPECT_LT(state().place.first(), 99);
   EXPECT_GT(state().place.first() + state().place.page(), 99);
   EXPECT_EQ(Status(1), "Line 100 | 100");
   EXPECT_EQ(Status(2), "Difference 1 of 3");
-  char title[100] = "";
-  ::GetWindowText(m_frame->m_hWnd, title, sizeof title);
-  EXPECT_STREQ(title, "Left title - Right title - Differences");
-  ::GetWindowText(Child(IDC_DIFF_RIGHT), title, sizeof title);
-  EXPECT_STREQ(title, "Right title");
-  EXPECT_EQ(::GetFocus(), Child(IDC_DIFF_LEFT));
-}
-
-TEST_F(DiffWindowTest, GoesFromDifferenceToDifference) {
-  Open(Lines(300), Lines(300, {100, 200, 201, 290}));
   const struct {
     UINT key;
     int modifiers;
@@ -296,8 +290,6 @@ TEST_F(DiffWindowTest, ShowsAwkwardTexts) {
     std::string left, right;
     int rows;
   } cases[] = {
-      {"one empty", "", "a\n", 1},
-      {"no end of line", "a\nb", "a\nc", 2},
       {"UTF-16 with surrogates", utf16, "a\n\xF0\x9F\x98\x80\n", 2},
       {"right to left", "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D 1\n",
        "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D 2\n", 1},
@@ -339,15 +331,34 @@ void CALLBACK closeFrame(HWND frame, UINT, UINT_PTR id, DWORD) {
 }  // namespace
 
 TEST_F(DiffWindowTest, ClosesWhileItCompares) {
-  Open("", "");
-  MakeHuge(m_left);
-  MakeHuge(m_right);
-  ::SetTimer(m_window, 1, 50, closeFrame);
-  closedAt = 0;
-  EXPECT_FALSE(Press(VK_F5)) << "the program is to end";
-  ASSERT_NE(closedAt, 0u);
-  EXPECT_LT(::GetTickCount() - closedAt, 500u);
-  EXPECT_FALSE(::IsWindow(m_window));
+  const auto manyLines = [](unsigned seed) {
+    std::string text;
+    for (int i = 0; i < 490'000; ++i)
+      text += std::to_string((seed = seed * 1103515245 + 12345) >> 12) + "\n";
+    return text;
+  };
+  const struct {
+    const char* what;
+    std::function<void()> write;
+    UINT milliseconds;  // from the start of the comparison to the end of the window
+  } cases[] = {{"bytes", [&] { MakeHuge(m_left), MakeHuge(m_right); }, 50},
+               {"lines",
+                [&] {
+                  m_folder.Write("left.txt", manyLines(1));
+                  m_folder.Write("right.txt", manyLines(2));
+                },
+                400}};
+  for (const auto& c : cases) {
+    Open("", "");
+    c.write();
+    ::SetTimer(m_window, 1, c.milliseconds, closeFrame);
+    closedAt = 0;
+    EXPECT_FALSE(Press(VK_F5)) << "the program is to end";
+    ASSERT_NE(closedAt, 0u) << c.what;
+    EXPECT_LT(::GetTickCount() - closedAt, 500u) << c.what;
+    EXPECT_FALSE(::IsWindow(m_window));
+    Close();
+  }
 }
 
 TEST_F(DiffWindowTest, RunsUntilItIsClosed) {

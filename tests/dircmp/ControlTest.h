@@ -67,9 +67,29 @@ class NotingList : public DirCmpCtrl {
   }
 };
 
-// Temporary objects, which live until their thread is idle, end with the test.
-class ControlTest : public testing::Test {
+// Two folders of a test's own.
+class TwoFolders : public testing::Test {
  protected:
+  std::string base() const { return m_folder / "base"; }
+  std::string revised() const { return m_folder / "revised"; }
+  // Days from 2000 on.
+  static FILETIME Day(unsigned day) {
+    const ULONGLONG ticks = 125911584000000000ull + day * 864000000000ull;
+    return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
+  }
+  void SetTime(const std::string& name, unsigned day) const {
+    const unique_file file(CreateFileA((m_folder / name).c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr,
+                                       OPEN_EXISTING, 0, nullptr));
+    const FILETIME time = Day(day);
+    SetFileTime(file.get(), nullptr, nullptr, &time);
+  }
+
+  TempFolder m_folder;
+};
+
+class ControlTest : public TwoFolders {
+ protected:
+  // Temporary objects, which live until their thread is idle, end with the test.
   void TearDown() override {
     CWnd::DeleteTempMap();
     CGdiObject::DeleteTempMap();
@@ -77,12 +97,12 @@ class ControlTest : public testing::Test {
     CMenu::DeleteTempMap();
   }
 
-  static DirCmpPrm Prm(const char* types = "", int exclude = 0) {
+  static DirCmpPrm Prm(const char* types = "") {
     DirCmpPrm prm;
     prm.m_scanFlags = kScanSubFolders;
     prm.m_noGui = 1;
     prm.m_typeList = types;
-    prm.m_excludeListedTypes = exclude;
+    prm.m_excludeListedTypes = 0;
     return prm;
   }
   int Init(DirCmpCtrl& list, const DirCmpPrm& prm = Prm()) {
@@ -97,15 +117,4 @@ class ControlTest : public testing::Test {
     m_folder.Write("base\\gone", "x");
     m_folder.Write("revised\\new & more.txt", "x");
   }
-  std::string base() const { return m_folder / "base"; }
-  std::string revised() const { return m_folder / "revised"; }
-  void SetTime(const std::string& name, unsigned day) const {
-    const unique_file file(CreateFileA((m_folder / name).c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr,
-                                       OPEN_EXISTING, 0, nullptr));
-    const ULONGLONG ticks = 125911584000000000ull + day * 864000000000ull;  // from 2000 on
-    const FILETIME time = {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
-    SetFileTime(file.get(), nullptr, nullptr, &time);
-  }
-
-  TempFolder m_folder;
 };

@@ -4,12 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cstring>
 #include <memory>
 #include <random>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "dircmp/ContentCompare.h"
@@ -55,23 +53,15 @@ TEST(Content, Modes) {
   } kCases[] = {
       {"a  b", "a b", "nyynyy"},
       {"ab", "a b", "nnynny"},
-      {"a\tb", "a b", "nyynyy"},
       {"one\r\ntwo\r\n", "one\ntwo\n", "nyynyy"},
       {"a", "a \t\r\n", "nyynyy"},
       {"", " \n", "nyynyy"},
-      {"", "", "yyyyyy"},
       {" a", "a", "nnynny"},
-      {" a", "\ta", "nyynyy"},
       {"ABC", "abc", "nnnyyy"},
       {"A  B", "a b", "nnnnyy"},
-      {"a b c", "ab  c", "nnynny"},
-      {"ab", "ac", "nnnnnn"},
       {"ab", "abc", "nnnnnn"},
-      {"a b", "a", "nnnnnn"},
-      {"@[`{", "`{@[", "nnnnnn"},  // 32 apart, as the two cases of a letter are
-      {"a\xA0"
-       "b",
-       "a b", "nnnnnn"},  // no white space
+      {"@[`{", "`{@[", "nnnnnn"},    // 32 apart, as the two cases of a letter are
+      {"a\xA0 b", "a b", "nnnnnn"},  // no white space
       {"caf\xC9 \xC4", "caf\xE9 \xE4", "nnnyyy"},
       {"\xD7", "\xF7", "nnnnnn"},  // signs between the letters
       {"a\v\fb", "a b", "nyynyy"},
@@ -162,22 +152,10 @@ TEST(Content, SecondBytesAreNoLetters) {
     bool same;
   } kCases[] = {
       {"\x83\x41", "\x83\x61", false},  // two katakana, 32 apart
-      {"\x83\x41"
-       "A",
-       "\x83\x41"
-       "a",
-       true},
+      {"\x83\x41\x41", "\x83\x41\x61", true},
       {"\x83\x83\x83\x41", "\x83\x83\x83\x61", false},
-      {"\x83\x83"
-       "A",
-       "\x83\x83"
-       "a",
-       true},
-      {"\xB1"
-       "A",
-       "\xB1"
-       "a",
-       true},  // a katakana of one byte
+      {"\x83\x83\x41", "\x83\x83\x61", true},
+      {"\xB1\x41", "\xB1\x61", true},  // a katakana of one byte
   };
   const CompareOptions options = {.ignoreCase = true, .codePage = 932};
   for (const auto& row : kCases) {
@@ -186,23 +164,6 @@ TEST(Content, SecondBytesAreNoLetters) {
       PiecemealSource left(row.left, 1, largest), right(row.right, 2, largest);
       EXPECT_EQ(comparison.Streams(left, right) == Result::Equal, row.same)
           << row.right << " in pieces of " << largest;
-    }
-  }
-}
-
-// One byte off in every place around the border of a block, in files.
-TEST(Content, FindsADifferenceAroundBlockBorders) {
-  const TempFolder folder;
-  std::string bytes(ContentCompare::kBlockSize + 100, 'x');
-  const std::string base = folder.Write("base", bytes);
-  for (const int offset : {-17, -16, -1, 0, 1, 15, 16, 99}) {
-    std::string changed = bytes;
-    changed[ContentCompare::kBlockSize + offset] = 'y';
-    const std::string other = folder.Write("other", changed);
-    for (const int mode : {0, 1, 2}) {
-      ContentCompare comparison({.whiteSpaceMode = mode});
-      EXPECT_EQ(comparison.Files(base.c_str(), other.c_str()), Result::Different) << offset;
-      EXPECT_EQ(comparison.Files(base.c_str(), base.c_str()), Result::Equal);
     }
   }
 }
@@ -216,8 +177,14 @@ TEST(Content, WhatCannotBeReadIsNeitherEqualNorDifferent) {
   ContentCompare comparison({});
   for (const std::string& other :
        {locked, folder / "missing", folder.path(), folder / std::string(300, 'n')}) {
-    EXPECT_EQ(comparison.Files(file.c_str(), other.c_str()), Result::Unreadable) << other;
-    EXPECT_EQ(comparison.Files(other.c_str(), file.c_str()), Result::Unreadable) << other;
+    for (const bool isRight : {true, false}) {
+      SetLastError(0);
+      EXPECT_EQ(comparison.Files(isRight ? file.c_str() : other.c_str(),
+                                 isRight ? other.c_str() : file.c_str()),
+                Result::Unreadable)
+          << other;
+      EXPECT_NE(GetLastError(), 0u) << other;
+    }
   }
   // An error after the first block.
   class FailingSource : public ByteSource {
@@ -252,7 +219,7 @@ TEST(Content, AStopTakesEffectInTheMiddleOfALargeFile) {
   EXPECT_EQ(left.read + right.read, readByThen) << "read on after the stop";
 }
 
-// Files that take no room on the disk.
+// A file that takes no room on the disk.
 std::string WriteSparse(const TempFolder& folder, const std::string& name, int64_t size,
                         char last) {
   const std::string path = folder.Write(name, "");
@@ -266,22 +233,12 @@ std::string WriteSparse(const TempFolder& folder, const std::string& name, int64
   return path;
 }
 
-TEST(Content, FilesOver2GB) {
-  constexpr int64_t kSize = (int64_t{1} << 31) + 1000;
+TEST(Content, LargeFiles) {
+  const int64_t size = (int64_t{1} << (IsLongRun() ? 31 : 26)) + 1000;  // over 2 GB in a long run
   const TempFolder folder;
-  const std::string left = WriteSparse(folder, "left", kSize, 'x');
-  const std::string right = WriteSparse(folder, "right", kSize, 'y');
-  // A stop from outside, while the files are read.
-  std::atomic<bool> stopped = false;
-  std::thread stopper([&] {
-    Sleep(100);
-    stopped = true;
-  });
+  const std::string left = WriteSparse(folder, "left", size, 'x');
+  const std::string right = WriteSparse(folder, "right", size, 'y');
   const CompareOptions text = {.whiteSpaceMode = 1};
-  EXPECT_EQ(ContentCompare(text, [&] { return stopped.load(); }).Files(left.c_str(), right.c_str()),
-            Result::Stopped);
-  stopper.join();
-  if (!IsLongRun()) return;
   EXPECT_EQ(ContentCompare(text).Files(left.c_str(), right.c_str()), Result::Different);
   EXPECT_EQ(ContentCompare({}).Files(left.c_str(), left.c_str()), Result::Equal);
 }

@@ -9,11 +9,11 @@
 #include <string>
 #include <vector>
 
+#include "dircmp/ControlTest.h"
 #include "dircmp/FolderComparison.h"
+#include "entry/SetGetCurrentDir.h"
 #include "support/AssertionLog.h"
 #include "support/CodePage.h"
-#include "support/ImportTable.h"
-#include "support/TempFolder.h"
 
 namespace {
 
@@ -29,12 +29,9 @@ DirCmpPrm AllTypes() {
   return prm;
 }
 
-class Folders : public testing::Test {
+class Folders : public TwoFolders {
  protected:
   void Write(const std::string& name, const std::string& bytes) { m_folder.Write(name, bytes); }
-  std::string base() const { return m_folder / "base"; }
-  std::string revised() const { return m_folder / "revised"; }
-
   // "S a.txt" and so on, in order.
   std::vector<std::string> Rows(const DirCmpPrm& prm = AllTypes()) {
     FolderComparison comparison(base().c_str(), revised().c_str(), prm);
@@ -55,7 +52,6 @@ class Folders : public testing::Test {
     return rows;
   }
 
-  TempFolder m_folder;
   size_t m_problems = 0;
 };
 
@@ -83,81 +79,45 @@ TEST_F(Folders, States) {
   EXPECT_EQ(Rows(prm), (RowList{"M sub\\Changed.C", "N a\\b\\c\\new.x"}));
 }
 
-FILETIME At(unsigned days) {
-  const ULONGLONG ticks = 125911584000000000ull + days * 864000000000ull;  // from 2000 on
-  return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
-}
-
+// Times in days; 0: there is no such file, or it is not told.
 TEST_F(Folders, Times) {
-  const CTime first(At(1)), second(At(2));
-  constexpr struct {
+  const struct {
     const char* name;
-    unsigned base, revised;  // days; 0: no such file
-    const char* contents;    // of the revised file; of the base file: x
-    char state;
-    unsigned shownBase, shownRevised, shownModified;
+    unsigned base, revised;
+    const char* row;  // state, base, revised, modified
   } kCases[] = {
-      {"same", 1, 2, "x", 'S', 2, 2, 2},    {"same-newer-base", 2, 1, "x", 'S', 2, 2, 2},
-      {"changed", 1, 2, "y", 'M', 1, 2, 2}, {"changed-newer-base", 2, 1, "y", 'M', 2, 1, 2},
-      {"new", 0, 2, "y", 'N', 0, 2, 2},     {"deleted", 1, 0, "", 'D', 1, 0, 1},
+      {"same", 1, 2, "S 2 2 2"},         {"same, newer base", 2, 1, "S 2 2 2"},
+      {"changed", 1, 2, "M 1 2 2"},      {"changed, newer base", 2, 1, "M 2 1 2"},
+      {"only revised", 0, 2, "N 0 2 2"}, {"only base", 1, 0, "D 1 0 1"},
   };
-  const auto write = [&](const std::string& name, unsigned day, const std::string& bytes) {
+  const auto write = [&](const std::string& name, unsigned day, const char* bytes) {
     if (day == 0) return;
     Write(name, bytes);
-    const unique_file file(CreateFileA((m_folder / name).c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr,
-                                       OPEN_EXISTING, 0, nullptr));
-    const FILETIME time = At(day);
-    SetFileTime(file.get(), nullptr, nullptr, &time);
+    SetTime(name, day);
   };
   for (const auto& row : kCases) {
     write(std::string("base\\") + row.name, row.base, "x");
-    write(std::string("revised\\") + row.name, row.revised, row.contents);
+    write(std::string("revised\\") + row.name, row.revised, *row.row == 'S' ? "x" : "y");
   }
   FolderComparison comparison(base().c_str(), revised().c_str(), AllTypes());
-  comparison.Scan();
-  comparison.EvaluateAll();
-  std::map<std::string, const DocumentRecord*> records;
+  EXPECT_TRUE(comparison.Scan() && comparison.EvaluateAll());
+  std::map<std::string, std::string> rows;
   for (const DocumentRecord& record : comparison.records()) {
-    records[static_cast<LPCSTR>(record.relativePath)] = &record;
+    std::string& row = rows[str(record.relativePath)] = StateOf(record);
+    for (const CTime& time : {record.baseModified, record.revisedModified, record.modified})
+      row += " " + std::to_string(time == CTime() ? 0 : (time - CTime(Day(0))).GetDays());
   }
-  const auto timeOf = [](unsigned day) { return day == 0 ? CTime() : CTime(At(day)); };
-  for (const auto& row : kCases) {
-    SCOPED_TRACE(row.name);
-    ASSERT_EQ(records.count(row.name), 1u);
-    const DocumentRecord& record = *records[row.name];
-    EXPECT_EQ(StateOf(record), row.state);
-    EXPECT_EQ(record.baseModified.GetTime(), timeOf(row.shownBase).GetTime());
-    EXPECT_EQ(record.revisedModified.GetTime(), timeOf(row.shownRevised).GetTime());
-    EXPECT_EQ(record.modified.GetTime(), timeOf(row.shownModified).GetTime());
-  }
+  for (const auto& row : kCases) EXPECT_EQ(rows[row.name], row.row) << row.name;
 }
 
-// The paths that the library opens.
-std::vector<std::string> g_opened;
-decltype(&CreateFileA) g_createFile = nullptr;
-HANDLE WINAPI NoteCreateFile(LPCSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security,
-                             DWORD creation, DWORD flags, HANDLE pattern) {
-  g_opened.push_back(path);
-  return g_createFile(path, access, share, security, creation, flags, pattern);
-}
-
+// Nobody is kept from working with it, and a tree on a network is not read.
 TEST_F(Folders, ADocumentOfOneFolderIsNotOpened) {
-  Write("base\\deleted", "x");
-  Write("revised\\new", "x");
-  Write("base\\both", "x");
-  Write("revised\\both", "x");
-  void** place = nullptr;
-  ForEachImport(GetModuleHandleA("orvane.dll"), [&](const char* name, void** address) {
-    if (std::string(name) == "CreateFileA") place = address;
-  });
-  ASSERT_NE(place, nullptr);
-  g_opened.clear();
-  g_createFile = reinterpret_cast<decltype(&CreateFileA)>(*place);
-  ReplaceImport(place, reinterpret_cast<void*>(&NoteCreateFile));
-  const RowList rows = Rows();
-  ReplaceImport(place, reinterpret_cast<void*>(g_createFile));
-  EXPECT_EQ(rows, (RowList{"D deleted", "N new", "S both"}));
-  EXPECT_EQ(g_opened, (std::vector<std::string>{base() + "\\both", revised() + "\\both"}));
+  std::vector<unique_file> locks;
+  for (const char* name : {"base\\deleted", "revised\\new"})
+    locks.emplace_back(CreateFileA(m_folder.Write(name, "x").c_str(), GENERIC_READ, 0, nullptr,
+                                   OPEN_EXISTING, 0, nullptr));
+  EXPECT_EQ(Rows(), (RowList{"D deleted", "N new"}));
+  EXPECT_EQ(m_problems, 0u);
 }
 
 // What happens to documents between the scan and the evaluation.
@@ -199,7 +159,9 @@ TEST_F(Folders, ChangesMeanwhile) {
     EXPECT_TRUE(comparison.EvaluateAll());
     locked.reset();
     EXPECT_EQ(RowsOf(comparison), RowList{row.row});
-    EXPECT_EQ(comparison.problems().size(), row.isProblem ? 1u : 0u);
+    ASSERT_EQ(comparison.problems().size(), row.isProblem ? 1u : 0u);
+    for (const FolderComparison::Problem& problem : comparison.problems())
+      EXPECT_NE(problem.error, 0u);
     EXPECT_EQ(!log.Empty(), row.isReported) << log.Text();
   }
 }
@@ -221,19 +183,10 @@ TEST_F(Folders, OddFolders) {
   EXPECT_EQ(rows(base() + "\\", base() + "/sub/../", 0), (RowList{"S a", "S sub\\b"}));
   EXPECT_EQ(rows(base(), "", 1), (RowList{"D a", "D sub\\b"}));
   EXPECT_EQ(rows(base() + "\\a", base(), 1), (RowList{"N a", "N sub\\b"}));
-}
-
-// Files that the caller finds; folders may be given with a backslash.
-TEST_F(Folders, WalkedByTheCaller) {
-  Write("base\\sub\\both", "x");
-  Write("revised\\sub\\both", "x");
-  for (const std::string end : {"", "\\"}) {
-    FolderComparison comparison((base() + end).c_str(), revised().c_str(), AllTypes());
-    comparison.AddBase((base() + end + "\\sub\\both").c_str());
-    comparison.AddRevised((revised() + "\\sub\\both").c_str());
-    EXPECT_TRUE(comparison.EvaluateAll());
-    EXPECT_EQ(RowsOf(comparison), RowList{"S sub\\both"});
-  }
+  const SetGetCurrentDir current(base().c_str());
+  const std::string drive = base().substr(0, 2);
+  EXPECT_EQ(rows(".", drive, 0), (RowList{"S a", "S sub\\b"}));
+  EXPECT_EQ(str(FolderComparison("\\", "", AllTypes()).baseFolder()), drive);
 }
 
 // Paths that the system's limit cuts off are told, and nothing else is lost.
@@ -275,12 +228,31 @@ TEST_F(Folders, AStopLeavesTheRestUnknown) {
   }
 }
 
+TEST(DirCmpPrm, TypeFilter) {
+  constexpr struct {
+    const char* list;
+    const char *only, *allBut;  // what passes of c, h, p.p and none, which is "-"
+  } kCases[] = {
+      {"*.c;*.h", "ch", "p-"}, {"*.C;*.H", "ch", "p-"}, {"", "chp-", ""},
+      {"*.*", "chp-", ""},     {"*.", "-", "chp"},      {"*.p.p;", "p", "ch-"},
+      {"*.*;*.c", "c", "hp-"}, {"c;h", "", "chp-"},
+  };
+  for (const auto& row : kCases) {
+    for (const int excludes : {0, 1}) {
+      DirCmpPrm prm;
+      prm.m_typeList = row.list;
+      prm.m_excludeListedTypes = excludes;
+      std::string passing;
+      for (const char* extension : {"c", "h", "p.p", ""})
+        if (prm.PassesTypeFilter(extension)) passing += *extension != 0 ? *extension : '-';
+      EXPECT_EQ(passing, excludes ? row.allBut : row.only) << row.list << excludes;
+    }
+  }
+}
+
 TEST(DocumentName, Parts) {
   constexpr struct {
-    const char* path;
-    const char* folder;
-    const char* name;
-    const char* extension;
+    const char *path, *folder, *name, *extension;
   } kCases[] = {
       {"a.TXT", "", "a", "txt"},     {"sub\\x\\a.b.c", "sub\\x", "a.b", "c"},
       {"none", "", "none", ""},      {"d.ir\\none", "d.ir", "none", ""},

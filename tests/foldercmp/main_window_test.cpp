@@ -365,25 +365,23 @@ class LongComparison : public MainWindow {
   }
 };
 
+// Of many documents, and of one.
 TEST_F(LongComparison, CanBeStopped) {
-  const HostProgram host(Both());
-  const HWND progress = host.Dialog();
-  ASSERT_NE(progress, nullptr);
-  EXPECT_FALSE(IsWindowEnabled(host.Main()));
-  PostMessageA(progress, WM_COMMAND, IDCANCEL, 0);
-  WaitForRows(host, 7);
-  EXPECT_NE(host.StatusText(0).find("Stopped"), std::string::npos);
-  EXPECT_EQ(host.States()["huge2."], "Unknown");
-}
-
-// Of two files only.
-TEST_F(LongComparison, OfOneDocumentCanBeStopped) {
-  const HostProgram host("\"" + Base() + "\\one\" \"" + Revised() + "\\one\"");
-  const HWND progress = host.Dialog();
-  ASSERT_NE(progress, nullptr);
-  PostMessageA(progress, WM_COMMAND, IDCANCEL, 0);
-  WaitForRows(host, 1);
-  EXPECT_EQ(host.States()["huge."], "Unknown");
+  const struct {
+    const char* folder;
+    int rows;
+    const char* unknown;
+  } cases[] = {{"", 7, "huge2."}, {"\\one", 1, "huge."}};
+  for (const auto& c : cases) {
+    const HostProgram host("\"" + Base() + c.folder + "\" \"" + Revised() + c.folder + "\"");
+    const HWND progress = host.Dialog();
+    ASSERT_NE(progress, nullptr);
+    EXPECT_FALSE(IsWindowEnabled(host.Main()));
+    PostMessageA(progress, WM_COMMAND, IDCANCEL, 0);
+    WaitForRows(host, c.rows);
+    EXPECT_NE(host.StatusText(0).find("Stopped"), std::string::npos);
+    EXPECT_EQ(host.States()[c.unknown], "Unknown");
+  }
 }
 
 TEST_F(LongComparison, EndsWithTheWindow) {

@@ -21,11 +21,13 @@ bool IsBlank(std::string_view text) { return text.find_first_not_of(" \t\v\f") =
 
 DiffDocument::DiffDocument() : m_texts(std::make_shared<DiffTexts>()) {}
 
-DiffDocument::DiffDocument(std::shared_ptr<const DiffTexts> texts, const CompareOptions& options)
+DiffDocument::DiffDocument(std::shared_ptr<const DiffTexts> texts, const CompareOptions& options,
+                           const ContentCompare::StopPoll& stop)
     : m_texts(std::move(texts)), m_options(options) {
   if (!m_texts->AreTexts()) return;
   SimilarLines similar;
-  for (const LineBlock& block : DiffLines(m_texts->left, m_texts->right, options)) {
+  for (const LineBlock& block : DiffLines(m_texts->left, m_texts->right, options, stop)) {
+    if (stop && stop()) return;
     if (block.isDifferent) {
       AddTrimmed(block, similar);
     } else {

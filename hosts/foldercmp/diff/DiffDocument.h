@@ -59,9 +59,10 @@ class DiffDocument {
  public:
   // Nothing: no rows.
   DiffDocument();
-  // Compares the texts; there are no rows when one of the files is no text. Lets out the exceptions
-  // of failed allocations.
-  DiffDocument(std::shared_ptr<const DiffTexts> texts, const CompareOptions& options);
+  // Compares the texts; there are no rows when one of the files is no text. stop: as for DiffLines;
+  // some rows only. Lets out the exceptions of failed allocations.
+  DiffDocument(std::shared_ptr<const DiffTexts> texts, const CompareOptions& options,
+               const ContentCompare::StopPoll& stop = {});
 
   const std::shared_ptr<const DiffTexts>& texts() const { return m_texts; }
   const CompareOptions& options() const { return m_options; }

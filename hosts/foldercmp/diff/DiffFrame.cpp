@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "foldercmp/common/WindowPlace.h"
 #include "foldercmp/diff/BufferedPaint.h"
 #include "foldercmp/diff/DiffOperation.h"
 #include "foldercmp/diff/diff_ids.h"
@@ -18,6 +19,9 @@ constexpr int kTools[] = {ID_DIFF_NEXT,   ID_DIFF_PREVIOUS, 0, ID_DIFF_FIND,    
                           ID_DIFF_RELOAD, ID_DIFF_SWAP,     0, ID_DIFF_IGNORE_CASE};
 constexpr int kImageSize = 16;
 constexpr COLORREF kImageGround = RGB(255, 0, 255);
+
+constexpr int kLeastBars = 10;  // the window's least height, in those of the find bar
+constexpr WindowPlace kPlace = {"Diff"};
 
 CString TitleOf(const CString& title, const CString& path) {
   return title.IsEmpty() ? path : title;
@@ -48,20 +52,12 @@ BOOL DiffFrame::Create() {
 }
 
 void DiffFrame::Show() {
-  WINDOWPLACEMENT placement = {};
-  placement.length = sizeof placement;
-  GetWindowPlacement(&placement);
-  if (!m_settings.place.IsRectEmpty()) {
-    placement.rcNormalPosition = m_settings.place;
-  } else {
-    // Two texts side by side want most of the screen.
-    CRect work;
-    SystemParametersInfo(SPI_GETWORKAREA, 0, work, 0);
-    work.DeflateRect(work.Width() / 20, work.Height() / 20);
-    placement.rcNormalPosition = work;
-  }
-  placement.showCmd = m_settings.isMaximised ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL;
-  SetWindowPlacement(&placement);
+  // Two texts side by side want most of the screen.
+  CRect work;
+  SystemParametersInfo(SPI_GETWORKAREA, 0, work, 0);
+  work.DeflateRect(work.Width() / 20, work.Height() / 20);
+  MoveWindow(work, FALSE);
+  ShowWindow(kPlace.Restore(*this, SW_SHOWNORMAL));
   m_view.Activate(DiffSide::Left);
   UpdateWindow();
 }
@@ -141,10 +137,18 @@ void DiffFrame::RecalcLayout(BOOL) {
   std::optional<Selected<CFont>> font;
   if (CFont* const own = m_status.GetFont()) font.emplace(dc, *own);
   const int unit = dc.GetTextExtent("0", 1).cx;
-  const int right = client.right;
-  const std::array<int, kParts> ends = {std::max(0, right - 94 * unit), right - 70 * unit,
-                                        right - 44 * unit, -1};
+  // In a narrow window the options give way: what was not found is told in the first part.
+  const int rest = std::max(24 * unit, static_cast<int>(client.right) - 94 * unit);
+  const std::array<int, kParts> ends = {rest, rest + 24 * unit, rest + 50 * unit, -1};
   m_status.SendMessage(SB_SETPARTS, kParts, reinterpret_cast<LPARAM>(ends.data()));
+}
+
+// All of the find bar, and some lines.
+void DiffFrame::OnGetMinMaxInfo(MINMAXINFO* info) {
+  CFrameWnd::OnGetMinMaxInfo(info);
+  if (m_findBar.m_hWnd == nullptr) return;
+  info->ptMinTrackSize = CPoint(m_findBar.LeastWidth() + 2 * GetSystemMetrics(SM_CXSIZEFRAME),
+                                kLeastBars * m_findBar.Height());
 }
 
 // While a comparison runs its window's messages are served; what would change what is shown has to
@@ -165,13 +169,14 @@ void DiffFrame::OnClose() {
   CFrameWnd::OnClose();
 }
 
+// The system ends the program without closing its window.
+void DiffFrame::OnEndSession(BOOL ends) {
+  if (ends) SaveSettings();
+  CFrameWnd::OnEndSession(ends);
+}
+
 void DiffFrame::SaveSettings() {
-  WINDOWPLACEMENT placement = {};
-  placement.length = sizeof placement;
-  GetWindowPlacement(&placement);
-  m_settings.place = placement.rcNormalPosition;
-  m_settings.isMaximised =
-      placement.showCmd == SW_SHOWMAXIMIZED || (placement.flags & WPF_RESTORETOMAXIMIZED) != 0;
+  kPlace.Store(*this);
   m_settings.splitter = m_view.splitter();
   m_settings.matchCase = m_findBar.matchCase();
   m_settings.findOnBothSides = m_findBar.bothSides();

@@ -36,7 +36,9 @@ class DiffFrame : public CFrameWnd {
   BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
 
   afx_msg void OnClose();
+  afx_msg void OnEndSession(BOOL ends);
   afx_msg BOOL OnEraseBkgnd(CDC* dc);
+  afx_msg void OnGetMinMaxInfo(MINMAXINFO* info);
   afx_msg void OnToolTip(UINT id, NMHDR* header, LRESULT* result);
 
   afx_msg void OnReload();

@@ -23,6 +23,7 @@ DiffOperation::DiffOperation(const CString& left, const CString& right,
 }
 
 OperationReturnState DiffOperation::Operation(unsigned step) {
+  const auto isStopped = [this] { return m_aborted != 0; };
   switch (step) {
     case kReadLeft:
       m_reading->leftKind = m_reading->left.Load(m_left);
@@ -31,13 +32,15 @@ OperationReturnState DiffOperation::Operation(unsigned step) {
       m_reading->rightKind = m_reading->right.Load(m_right);
       break;
     case kCompareBytes: {
-      ContentCompare comparison({}, [this] { return m_aborted != 0; });
+      ContentCompare comparison({}, isStopped);
       m_reading->bytes = comparison.Files(m_left, m_right);
       m_texts = std::move(m_reading);
       break;
     }
-    default:
-      m_document = std::make_shared<const DiffDocument>(m_texts, m_options);
+    default: {
+      auto document = std::make_shared<const DiffDocument>(m_texts, m_options, isStopped);
+      if (!isStopped()) m_document = std::move(document);
+    }
   }
   return OperationDone;
 }

@@ -6,7 +6,7 @@
 #include "dircmp/ContentCompare.h"
 
 struct DiffSettings {
-  // What was saved, or the defaults: values that make no sense, or no product registry.
+  // What was saved; the defaults where nothing, or nothing that makes sense.
   static DiffSettings Load();
   void Save() const;
 
@@ -16,10 +16,6 @@ struct DiffSettings {
   int splitter = 500;      // thousandths of the width that the left pane takes
   bool matchCase = false;  // of the find bar
   bool findOnBothSides = true;
-  // Of the window as it is when it is not maximised, on the screen's work area; empty: the system
-  // chooses.
-  CRect place = CRect(0, 0, 0, 0);
-  bool isMaximised = false;
 
   CompareOptions Options() const {
     return {.ignoreCase = ignoreCase, .whiteSpaceMode = whiteSpaceMode};

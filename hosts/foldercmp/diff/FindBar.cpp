@@ -33,6 +33,8 @@ BOOL FindBar::OnInitDialog() {
   CRect bar, place;
   GetWindowRect(bar);
   m_height = bar.Height();
+  GetDlgItem(IDC_DIFF_FIND_RESULT)->GetWindowRect(place);
+  m_leastWidth = place.left - bar.left;
   GetDlgItem(IDC_DIFF_FIND_PLACE)->GetWindowRect(place);
   ScreenToClient(place);
   m_text = ::CreateWindowExW(

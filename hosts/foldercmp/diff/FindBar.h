@@ -14,6 +14,8 @@ class FindBar : public CDialog {
   // Hidden at first.
   BOOL Create(CWnd* parent, bool matchCase, bool bothSides);
   int Height() const { return m_height; }  // pixels
+  // The width that all controls need, in pixels; a search's result is beyond it.
+  int LeastWidth() const { return m_leastWidth; }
   // Shows what came of the last search.
   void ShowResult(const CString& result);
   // Puts the focus into the bar, with the text selected.
@@ -38,4 +40,5 @@ class FindBar : public CDialog {
   std::function<void()> m_onClose;
   HWND m_text = nullptr;  // the edit, a child of the bar
   int m_height = 0;
+  int m_leastWidth = 0;
 };
