@@ -26,6 +26,11 @@ void COXOptionTreeCtrl::PreSubclassWindow() {
   Prepare();
 }
 
+void COXOptionTreeCtrl::Prepare() {
+  m_boxes.clear();  // those of a window before this one
+  ModifyStyle(0, TVS_CHECKBOXES);
+}
+
 int COXOptionTreeCtrl::AddCheckBox(UINT id, const char* text, int checked) {
   const HTREEITEM item = InsertItem(text);
   if (item == nullptr) return 0;
@@ -61,7 +66,9 @@ LRESULT COXOptionTreeCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam
 }
 
 LRESULT COXOptionTreeCtrl::OnCompare(WPARAM, LPARAM) {
-  for (Box& box : m_boxes) {
+  // The parent may add boxes or close the window when it is told.
+  for (size_t i = 0; m_hWnd != nullptr && i < m_boxes.size(); ++i) {
+    Box& box = m_boxes[i];
     const int checked = GetCheck(box.item) != 0;
     if (checked == box.checked) continue;
     box.checked = checked;

@@ -8,7 +8,8 @@
 #include "entry/export.h"
 
 // Each box has an id. When the user changes one, the parent gets WM_COMMAND with that id and
-// BN_CLICKED, as from a check box. The boxes stand below each other; there are no branches.
+// BN_CLICKED, as from a check box. The boxes stand below each other; there are no branches. They
+// end with the window.
 class ORVANE_API COXOptionTreeCtrl : public CTreeCtrl {
  public:
   // 1, or 0: the tree refused.
@@ -32,7 +33,7 @@ class ORVANE_API COXOptionTreeCtrl : public CTreeCtrl {
     int checked;  // as the parent knows it
   };
 
-  void Prepare() { ModifyStyle(0, TVS_CHECKBOXES); }
+  void Prepare();
   const Box* Find(UINT id) const;
 
   std::vector<Box> m_boxes;

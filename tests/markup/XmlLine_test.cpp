@@ -7,7 +7,9 @@
 
 #include "markup/OXParser.h"
 #include "settings/RegistryUtil.h"
+#include "support/Allocations.h"
 #include "support/AssertionLog.h"
+#include "tree_text.h"
 
 namespace {
 
@@ -27,12 +29,6 @@ class Line : public testing::Test {
   COXParser m_parser;
   TempFolder m_folder;
 };
-
-std::string Children(const COXParserElement& element) {
-  std::string names;
-  for (int i = 0; i < element.NumObjects(); ++i) names += element.GetElement(i)->GetName();
-  return names;
-}
 
 }  // namespace
 
@@ -76,14 +72,14 @@ TEST_F(Line, WithNothingInItHasNoFirst) {
 TEST_F(Line, RemovingKeepsTheCursorAtItsObject) {
   COXParserElement& element = Parse("<item><a/><b/><c/><d/></item>");
   XmlLine line(element, 2);
-  EXPECT_TRUE(line.RemoveObject(3));
-  EXPECT_STREQ(line.GetChild()->GetName(), "c");
-  EXPECT_TRUE(line.RemoveObject(0));
-  EXPECT_STREQ(line.GetChild()->GetName(), "c");
+  for (const int index : {3, 0}) {
+    EXPECT_TRUE(line.RemoveObject(index));
+    EXPECT_STREQ(line.GetChild()->GetName(), "c");
+  }
   line.SetObject(0);
   EXPECT_TRUE(line.RemoveObject(0));
   EXPECT_STREQ(line.GetChild()->GetName(), "c");
-  EXPECT_EQ(Children(element), "c");
+  EXPECT_EQ(Describe(element), "item{c}");
   EXPECT_TRUE(line.RemoveObject(0));
   EXPECT_FALSE(line.IsObjectValid());
 }
@@ -118,22 +114,27 @@ TEST_F(Line, ChildValues) {
   EXPECT_TRUE(line.ChangeChildVal("deep\\b", 8, FALSE));
   EXPECT_TRUE(line.ChangeChildVal("new", 9, TRUE));
   EXPECT_TRUE(line.ChangeChildVal("deep\\c\\d", 10, TRUE));
-  EXPECT_TRUE(line.ChangeChildVal("a", 11, TRUE, "count"));
-  EXPECT_EQ(Children(element), "aDeepnew");
-  const struct {
-    const char *path, *attribute, *value;
-  } cases[] = {{"a", "val", "-7"},
-               {"deep\\b", "val", "8"},
-               {"new", "val", "9"},
-               {"deep\\c\\d", "val", "10"},
-               {"a", "count", "11"}};
-  for (const auto& c : cases) {
-    EXPECT_STREQ(line.GetChild(c.path)->FindAttribute(c.attribute, true)->GetStringValue(), c.value)
-        << c.path;
-  }
   EXPECT_TRUE(line.ChangeChildVal("deep\\c\\d", 12, TRUE));
-  EXPECT_EQ(Children(*line.GetChild("deep")), "bc");
+  EXPECT_TRUE(line.ChangeChildVal("a", 11, TRUE, "count"));
+  EXPECT_EQ(Describe(element),
+            "item{a[val='-7' count='11'] Deep{b[other='1' val='8'] c{d[val='12']}} new[val='9']}");
   EXPECT_EQ(Trace(), "");
+}
+
+// Without memory a path is added whole or not at all.
+TEST_F(Line, ChildValuesWithoutMemory) {
+  COXParserElement& element = Parse("<item><a/></item>");
+  bool failed = true;
+  for (unsigned n = 1; failed; ++n) {
+    XmlLine line(element, 0);
+    BOOL changed;
+    {
+      const allocations::FailNth fail(n);
+      changed = line.ChangeChildVal("a\\b\\c", 1, TRUE);
+      failed = fail.Happened();
+    }
+    EXPECT_EQ(Describe(element), changed ? "item{a{b{c[val='1']}}}" : "item{a}") << n;
+  }
 }
 
 TEST_F(Line, MisuseIsReportedTwiceAndChangesNothing) {
@@ -141,40 +142,34 @@ TEST_F(Line, MisuseIsReportedTwiceAndChangesNothing) {
   COXParserElement nameless;
   COXParserElement& empty = *element.GetElement(1);
   const struct {
-    const char *title, *text;
+    const char* event;
     std::function<bool(XmlLine&)> fails;  // with its cursor at the text
   } cases[] = {
-      {"XMLGetChild Error", "NULL Pointer1", [](XmlLine& l) { return !l.GetChild(); }},
-      {"XMLGetChild Error", "NULL Pointer2", [](XmlLine& l) { return !l.GetChild("b"); }},
-      {"XMLGetChild Error", "NULL Pointer2", [](XmlLine& l) { return !l.GetChild(nullptr); }},
-      {"XMLGetObject Error", "NULL Pointer", [](XmlLine& l) { return !l.SetObject(2); }},
-      {"XMLGetObject Error", "NULL Pointer", [](XmlLine& l) { return !l.SetObject(-1); }},
-      {"XMLGetObject Error", "NULL Pointer",
-       [](XmlLine& l) { return l.GetObjectData().IsEmpty(); }},
-      {"XMLGetObject Error", "NULL Pointer", [](XmlLine& l) { return l.GetData().IsEmpty(); }},
-      {"XMLGetObject Error", "NULL Pointer", [](XmlLine& l) { return !l.RemoveObject(2); }},
-      {"XMLGetAtt Error", "NULL Pointer", [](XmlLine& l) { return !l.SetCurrentAttribute(1); }},
-      {"XMLGetAttData Error", "NULL Pointer",
-       [](XmlLine& l) { return l.GetAttributeData().IsEmpty(); }},
-      {"XMLGetAttData Error", "NULL Pointer",
-       [](XmlLine& l) { return l.GetAttributeData(1).IsEmpty(); }},
-      {"XMLChangeTag Error", "NULL Pointer",
+      {"XMLGetChild Error: NULL Pointer1", [](XmlLine& l) { return !l.GetChild(); }},
+      {"XMLGetChild Error: NULL Pointer2", [](XmlLine& l) { return !l.GetChild("b"); }},
+      {"XMLGetChild Error: NULL Pointer2", [](XmlLine& l) { return !l.GetChild(nullptr); }},
+      {"XMLGetObject Error: ", [](XmlLine& l) { return !l.SetObject(2) && !l.SetObject(-1); }},
+      {"XMLGetObject Error: ", [](XmlLine& l) { return l.GetObjectData().IsEmpty(); }},
+      {"XMLGetObject Error: ", [](XmlLine& l) { return l.GetData().IsEmpty(); }},
+      {"XMLGetObject Error: ", [](XmlLine& l) { return !l.RemoveObject(2); }},
+      {"XMLGetAtt Error: ", [](XmlLine& l) { return !l.SetCurrentAttribute(1); }},
+      {"XMLGetAttData Error: ", [](XmlLine& l) { return l.GetAttributeData().IsEmpty(); }},
+      {"XMLGetAttData Error: ", [](XmlLine& l) { return l.GetAttributeData(1).IsEmpty(); }},
+      {"XMLChangeTag Error: NULL Pointer",
        [](XmlLine& l) { return !l.ChangeChildVal("b", 1, FALSE); }},
-      {"XMLChangeTag Error", "NULL Pointer",
+      {"XMLChangeTag Error: NULL Pointer",
        [](XmlLine& l) { return !l.ChangeChildVal("", 1, TRUE); }},
-      {"XMLLine Error", "NULL Child", [&](XmlLine&) { return !XmlLine(element, 2).IsLineValid(); }},
-      {"XMLLine Error", "NULL Child", [&](XmlLine&) { return !XmlLine(empty, 1).IsLineValid(); }},
-      {"XMLLine Error", "Invalid Line",
+      {"XMLLine Error: NULL Child", [&](XmlLine&) { return !XmlLine(empty, 1).IsLineValid(); }},
+      {"XMLLine Error: Invalid Line",
        [&](XmlLine&) { return !XmlLine(nameless, 0).IsLineValid(); }},
   };
   for (const auto& c : cases) {
     DeleteFileA((m_folder / "trace.log").c_str());
     XmlLine line(element, 0);
     const AssertionLog log;
-    EXPECT_TRUE(c.fails(line)) << c.title;
-    EXPECT_TRUE(log.Names("XmlLine")) << c.title;
-    const std::string event = std::string("     ") + c.title + ": " + c.text;
-    EXPECT_NE(Trace().find(event), std::string::npos) << c.title << Trace();
+    EXPECT_TRUE(c.fails(line)) << c.event;
+    EXPECT_TRUE(log.Names("XmlLine")) << c.event;
+    EXPECT_NE(Trace().find(std::string("     ") + c.event), std::string::npos) << c.event;
     EXPECT_TRUE(line.IsObjectValid());
     EXPECT_EQ(element.NumObjects(), 2);
   }
