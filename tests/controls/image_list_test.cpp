@@ -9,25 +9,15 @@ namespace {
 
 using ImageLists = ControlTest;
 
-// Two pictures beside each other, in the colours given; the upper half in a third one.
-void makeStrip(CBitmap& bitmap, COLORREF first, COLORREF second, COLORREF upper) {
-  CClientDC screen(nullptr);
-  CDC memory;
-  memory.CreateCompatibleDC(&screen);
-  bitmap.CreateCompatibleBitmap(&screen, 32, 16);
-  CBitmap* const before = memory.SelectObject(&bitmap);
-  memory.FillSolidRect(0, 0, 16, 16, first);
-  memory.FillSolidRect(16, 0, 16, 16, second);
-  memory.FillSolidRect(0, 0, 32, 8, upper);
-  memory.SelectObject(before);
-}
-
 TEST_F(ImageLists, PicturesAreDrawnWithTheirMask) {
-  CBitmap strip;
-  makeStrip(strip, kRed, kBlue, kGreen);
+  // Two pictures beside each other, whose upper halves are to be transparent.
+  Canvas strip(32, 16);
+  strip.FillSolidRect(0, 0, 32, 8, kGreen);
+  strip.FillSolidRect(0, 8, 16, 8, kRed);
+  strip.FillSolidRect(16, 8, 16, 8, kBlue);
   CImageList list;
   ASSERT_TRUE(list.Create(16, 16, ILC_COLOR24 | ILC_MASK, 0, 4));
-  EXPECT_EQ(list.Add(&strip, kGreen), 0);
+  EXPECT_EQ(list.Add(&strip.Picture(), kGreen), 0);
   EXPECT_EQ(list.GetImageCount(), 2);
 
   Canvas canvas;
