@@ -105,12 +105,6 @@ TEST_F(Gdi, ShapesCoverTheirPixels) {
     CRect expected;
   } const shapes[] = {
       {"FillSolidRect", [](Canvas& c) { c.FillSolidRect(5, 6, 7, 8, kRed); }, {5, 6, 12, 14}},
-      {"FrameRect",
-       [](Canvas& c) {
-         CBrush brush(kRed);
-         c.FrameRect(CRect(1, 2, 30, 40), &brush);
-       },
-       {1, 2, 30, 40}},
       {"Draw3dRect",
        [](Canvas& c) { c.Draw3dRect(CRect(3, 3, 13, 13), kRed, kBlue); },
        {3, 3, 12, 12}},
@@ -123,17 +117,6 @@ TEST_F(Gdi, ShapesCoverTheirPixels) {
          c.SelectObject(before);
        },
        {2, 2, 10, 3}},
-      {"a clipped rectangle",
-       [](Canvas& c) {
-         const int saved = c.SaveDC();
-         CRgn clip;
-         clip.CreateRectRgn(0, 0, 20, 20);
-         c.SelectClipRgn(&clip);
-         c.ExcludeClipRect(0, 0, 5, 20);
-         c.FillSolidRect(0, 0, 64, 64, kRed);
-         c.RestoreDC(saved);
-       },
-       {5, 0, 20, 20}},
       {"a blit",
        [](Canvas& c) {
          Canvas source(8, 8);
@@ -142,38 +125,12 @@ TEST_F(Gdi, ShapesCoverTheirPixels) {
          c.StretchBlt(20, 20, 16, 16, &source, 0, 0, 8, 8, SRCCOPY);
        },
        {10, 10, 36, 36}},
-      {"pixels moved by the window's origin",
-       [](Canvas& c) {
-         EXPECT_EQ(c.SetWindowOrg(-10, -10), CPoint(0, 0));
-         c.SetPixel(1, 1, kRed);
-         EXPECT_EQ(c.SetWindowOrg(0, 0), CPoint(-10, -10));
-       },
-       {11, 11, 12, 12}},
   };
   for (const auto& shape : shapes) {
     Canvas canvas;
     shape.draw(canvas);
     EXPECT_EQ(canvas.Find(kRed), shape.expected) << shape.name;
   }
-}
-
-TEST_F(Gdi, CoordinatesGoBothWays) {
-  Canvas canvas;
-  canvas.SetMapMode(MM_ANISOTROPIC);
-  canvas.SetWindowExt(100, 100);
-  canvas.SetViewportExt(50, -200);
-  EXPECT_EQ(canvas.GetViewportExt(), CSize(50, -200));
-  CPoint point(10, 10);
-  canvas.LPtoDP(&point);
-  EXPECT_EQ(point, CPoint(5, -20));
-  CRect rect(0, 0, 10, 20);
-  canvas.LPtoDP(&rect);
-  EXPECT_EQ(rect, CRect(0, 0, 5, -40));
-  CSize size(10, 20);
-  canvas.LPtoDP(&size);
-  EXPECT_EQ(size, CSize(5, 40)) << "a size has no sign";
-  canvas.DPtoLP(&size);
-  EXPECT_EQ(size, CSize(10, 20));
 }
 
 TEST_F(Gdi, TextsAreMeasuredAndDrawn) {
@@ -202,23 +159,6 @@ TEST_F(Gdi, TextsAreMeasuredAndDrawn) {
   CRect narrow(0, 0, 60, 40);
   canvas.DrawText(path, &narrow, DT_PATH_ELLIPSIS | DT_MODIFYSTRING | DT_SINGLELINE);
   EXPECT_EQ(text(copy), "c:\\a folder\\with a rather long name\\file.txt");
-}
-
-TEST_F(Gdi, StateGoesToBothContexts) {
-  Canvas output, attributes;
-  CDC context;
-  context.SetOutputDC(output);
-  context.SetAttribDC(attributes);
-  attributes.SetTextColor(kGreen);
-  EXPECT_EQ(context.SetTextColor(kRed), kGreen) << "asked of the context for attributes";
-  EXPECT_EQ(output.GetTextColor(), kRed);
-  EXPECT_EQ(attributes.GetTextColor(), kRed);
-  context.MoveTo(3, 3);
-  context.LineTo(9, 3);
-  EXPECT_EQ(context.GetCurrentPosition(), CPoint(9, 3));
-  EXPECT_EQ(attributes.Find(kBlack), CRect(0, 0, 0, 0)) << "drawn to the output alone";
-  context.ReleaseOutputDC();
-  context.ReleaseAttribDC();
 }
 
 // A window that paints itself, and counts how often.

@@ -139,19 +139,4 @@ TEST_F(Menus, OwnerDrawnItemsAreMeasuredDrawnAndChosen) {
   EXPECT_EQ(menu.colour, kGreen);
 }
 
-TEST_F(Menus, TheWindowsMenuIsItsObject) {
-  CWnd window;
-  ASSERT_TRUE(window.CreateEx(0, AfxRegisterWndClass(0), "Menu", WS_OVERLAPPEDWINDOW, 0, 0, 200,
-                              100, nullptr, nullptr));
-  CMenu menu;
-  menu.CreateMenu();
-  menu.AppendMenu(MF_STRING, kOpen, "Open");
-  EXPECT_TRUE(window.SetMenu(&menu));
-  EXPECT_EQ(window.GetMenu(), &menu);
-  EXPECT_TRUE(window.SetMenu(nullptr));
-  EXPECT_EQ(window.GetMenu(), nullptr);
-  EXPECT_EQ(window.GetSystemMenu(FALSE)->GetMenuState(SC_CLOSE, MF_BYCOMMAND) & MF_GRAYED, 0u);
-  window.DestroyWindow();
-}
-
 }  // namespace

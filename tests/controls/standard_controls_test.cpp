@@ -40,46 +40,6 @@ TEST_F(Controls, TextsOfAnyLengthComeBackWhole) {
   EXPECT_TRUE(none.IsEmpty());
 }
 
-TEST_F(Controls, EditsHaveLinesAndASelection) {
-  CEdit edit;
-  ASSERT_TRUE(Make(edit, ES_MULTILINE));
-  edit.SetWindowText("first\r\nsecond line\r\n");
-  EXPECT_EQ(edit.GetLineCount(), 3);
-  char line[20] = "...................";
-  EXPECT_EQ(edit.GetLine(1, line, 10), 10) << "a line is cut to the buffer, without a null";
-  EXPECT_EQ(std::string(line, 11), "second lin.");
-  EXPECT_EQ(edit.LineFromChar(edit.LineIndex(1)), 1);
-  edit.SetSel(0, 5);
-  edit.SetModify(FALSE);
-  edit.ReplaceSel("1st", TRUE);
-  EXPECT_TRUE(edit.GetModify());
-  EXPECT_TRUE(edit.Undo());
-  EXPECT_EQ(edit.GetWindowTextLength(), 20);
-}
-
-TEST_F(Controls, ListBoxesSelectRangesAndSingleItems) {
-  CListBox list;
-  ASSERT_TRUE(Make(list, LBS_EXTENDEDSEL));
-  for (const char* item : {"zero", "one", "two", "three"}) list.AddString(item);
-  EXPECT_EQ(list.FindStringExact(-1, "TWO"), 2);
-  EXPECT_EQ(list.FindString(-1, "t"), 2);
-  list.SelItemRange(TRUE, 0, 3);
-  EXPECT_EQ(list.GetSelCount(), 4);
-  list.SelItemRange(FALSE, 1, 2);
-  list.SelItemRange(FALSE, 3, 3);
-  int selected[4];
-  EXPECT_EQ(list.GetSelItems(4, selected), 1);
-  EXPECT_EQ(selected[0], 0);
-  list.SelItemRange(TRUE, 2, 2);
-  EXPECT_EQ(list.GetSelCount(), 2);
-
-  CRect second;
-  list.GetItemRect(1, &second);
-  BOOL outside = TRUE;
-  EXPECT_EQ(list.ItemFromPoint(second.CenterPoint(), outside), 1u);
-  EXPECT_FALSE(outside);
-}
-
 TEST_F(Controls, ScrollBarsHaveLargeRanges) {
   CScrollBar bar;
   ASSERT_TRUE(Make(bar, SBS_VERT));
@@ -131,26 +91,6 @@ TEST_F(Controls, OwnerDrawnListsAnswerForThemselves) {
   EXPECT_EQ(list.deleted, 1);
   list.ResetContent();
   EXPECT_EQ(list.deleted, 3);
-}
-
-class ColouredButton : public CButton {
- public:
-  void DrawItem(LPDRAWITEMSTRUCT item) override {
-    CDC::FromHandle(item->hDC)->FillSolidRect(&item->rcItem,
-                                              item->itemState & ODS_DISABLED ? kRed : kGreen);
-  }
-};
-
-TEST_F(Controls, OwnerDrawnButtonsDrawThemselves) {
-  ColouredButton button;
-  ASSERT_TRUE(
-      button.Create("", WS_CHILD | WS_VISIBLE | BS_OWNERDRAW, m_place, &m_parent, kControl));
-  for (const bool enabled : {true, false}) {
-    button.EnableWindow(enabled);
-    button.RedrawWindow();
-    CClientDC dc(&button);
-    EXPECT_EQ(dc.GetPixel(5, 5), enabled ? kGreen : kRed);
-  }
 }
 
 TEST_F(Controls, CombosDropAndChoose) {

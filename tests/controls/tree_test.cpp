@@ -52,22 +52,6 @@ TEST_F(Tree, IsWalkedInOrder) {
   EXPECT_EQ(Walk(m_tree.GetRootItem()), "plants (alga)");
 }
 
-TEST_F(Tree, ExpandsSelectsAndHits) {
-  EXPECT_TRUE(m_tree.Expand(m_animals, TVE_EXPAND));
-  EXPECT_TRUE(m_tree.GetItemState(m_animals, TVIS_EXPANDED));
-  EXPECT_EQ(m_tree.GetNextVisibleItem(m_animals), m_cat);
-  EXPECT_TRUE(m_tree.SelectItem(m_ant));
-  EXPECT_EQ(m_tree.GetSelectedItem(), m_ant);
-  CRect place;
-  EXPECT_TRUE(m_tree.GetItemRect(m_ant, &place, TRUE));
-  UINT flags = 0;
-  EXPECT_EQ(m_tree.HitTest(place.CenterPoint(), &flags), m_ant);
-  EXPECT_TRUE(flags & TVHT_ONITEMLABEL);
-  EXPECT_TRUE(m_tree.Expand(m_animals, TVE_COLLAPSE));
-  EXPECT_FALSE(m_tree.GetItemRect(m_ant, &place, TRUE)) << "it is not shown";
-  EXPECT_EQ(m_tree.GetSelectedItem(), m_animals);
-}
-
 TEST_F(Tree, ItemsKeepTextsDataAndChecks) {
   for (const size_t length : {0, 253, 254, 255, 256, 5000}) {
     const std::string expected(length, 'z');
