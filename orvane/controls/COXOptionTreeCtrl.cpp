@@ -14,16 +14,17 @@ ON_WM_CREATE()
 ON_MESSAGE(kCompareMessage, OnCompare)
 END_MESSAGE_MAP()
 
-// The style takes effect only when it is set after the window was created.
 int COXOptionTreeCtrl::OnCreate(LPCREATESTRUCT create) {
   if (CTreeCtrl::OnCreate(create) == -1) return -1;
   Prepare();
   return 0;
 }
 
+// A window that is subclassed gets no WM_CREATE any more. In one that is being created the tree is
+// not there yet: with the style from its beginning it would clear all boxes when it is first drawn.
 void COXOptionTreeCtrl::PreSubclassWindow() {
   CTreeCtrl::PreSubclassWindow();
-  Prepare();
+  if (SendMessage(TVM_GETITEMHEIGHT) != 0) Prepare();
 }
 
 void COXOptionTreeCtrl::Prepare() {
