@@ -124,7 +124,7 @@ class Generator {
 
 TEST(Writer, GeneratedTreesReadBackTheSame) {
   const TempFolder folder;
-  const unsigned count = IsLongRun() ? 20'000 : 300;
+  const unsigned count = IsLongRun() ? 20'000 : 150;
   for (unsigned seed = 0; seed < count; ++seed) {
     SCOPED_TRACE(seed);
     COXParser parser;
