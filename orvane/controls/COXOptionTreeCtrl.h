@@ -14,7 +14,7 @@ class ORVANE_API COXOptionTreeCtrl : public CTreeCtrl {
  public:
   // 1, or 0: the tree refused.
   int AddCheckBox(UINT id, const char* text, int checked);
-  // -1: no box has the id.
+  // 1: checked, 0: not, -1: no box has the id.
   int GetBox(UINT id) const;
   // 1, or 0: no box has the id. The parent is not told.
   int SetBox(UINT id, int checked);
