@@ -27,11 +27,6 @@ void COXOptionTreeCtrl::PreSubclassWindow() {
   if (SendMessage(TVM_GETITEMHEIGHT) != 0) Prepare();
 }
 
-void COXOptionTreeCtrl::Prepare() {
-  m_boxes.clear();  // those of a window before this one
-  ModifyStyle(0, TVS_CHECKBOXES);
-}
-
 int COXOptionTreeCtrl::AddCheckBox(UINT id, const char* text, int checked) {
   const HTREEITEM item = InsertItem(text);
   if (item == nullptr) return 0;

@@ -33,7 +33,10 @@ class ORVANE_API COXOptionTreeCtrl : public CTreeCtrl {
     int checked;  // as the parent knows it
   };
 
-  void Prepare();
+  void Prepare() {
+    m_boxes.clear();  // those of a window before this one
+    ModifyStyle(0, TVS_CHECKBOXES);
+  }
   const Box* Find(UINT id) const;
 
   std::vector<Box> m_boxes;

@@ -44,6 +44,7 @@ TEST(ParseFileEx, SaysHowFarItCame) {
       {folder / "none.xml", FALSE, Parser::kFileMissing},
       {"none.xml", FALSE, Parser::kFileMissing},
       {folder / "no folder\\none.xml", FALSE, Parser::kFolderMissing},
+      {folder / "no folder\\", FALSE, Parser::kFolderMissing},
       {folder.Write("empty.xml", ""), FALSE, Parser::kParseFailed},
       {folder.Write("bad.xml", "<a>"), FALSE, Parser::kParseFailed},
       {folder.Write("other.xml", "<a/>"), FALSE, Parser::kParsed},
