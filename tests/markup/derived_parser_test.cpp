@@ -127,6 +127,9 @@ TEST(DerivedParser, ReadsTokensAndTheirContents) {
   EXPECT_EQ(errors,
             "102 2:2 Unexpected end of buffer while parsing string.; "
             "102 2:2 Unexpected end of buffer.");
+  Reader idle;
+  COXQuickString name;
+  EXPECT_FALSE(idle.GetNameToken(name) || idle.RemoveWhiteSpace());
 }
 
 TEST(DerivedParser, AnExceptionOfTheHostEndsTheParse) {
