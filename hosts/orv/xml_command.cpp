@@ -6,9 +6,8 @@
 #include <cstdio>
 #include <cstring>
 #include <fstream>
-#include <iterator>
 #include <memory>
-#include <string>
+#include <vector>
 
 #include "commands.h"
 #include "markup/OXParser.h"
@@ -92,8 +91,12 @@ const char* WhyNotLoaded(COXParser::ParseError status) {
 // The parser reads a text up to its first zero byte: what stands behind it would be lost unnoticed.
 bool HoldsZeroByte(const char* path) {
   std::ifstream file(path, std::ios::binary);
-  const std::istreambuf_iterator<char> end;
-  return std::find(std::istreambuf_iterator<char>(file), end, '\0') != end;
+  std::vector<char> piece(64 * 1024);
+  do {
+    file.read(piece.data(), static_cast<std::streamsize>(piece.size()));
+    if (memchr(piece.data(), 0, static_cast<size_t>(file.gcount())) != nullptr) return true;
+  } while (file);
+  return false;
 }
 
 }  // namespace

@@ -14,16 +14,17 @@ ON_WM_CREATE()
 ON_MESSAGE(kCompareMessage, OnCompare)
 END_MESSAGE_MAP()
 
-// The style takes effect only when it is set after the window was created.
 int COXOptionTreeCtrl::OnCreate(LPCREATESTRUCT create) {
   if (CTreeCtrl::OnCreate(create) == -1) return -1;
   Prepare();
   return 0;
 }
 
+// A window that is subclassed gets no WM_CREATE any more. In one that is being created the tree is
+// not there yet: with the style from its beginning it would clear all boxes when it is first drawn.
 void COXOptionTreeCtrl::PreSubclassWindow() {
   CTreeCtrl::PreSubclassWindow();
-  Prepare();
+  if (SendMessage(TVM_GETITEMHEIGHT) != 0) Prepare();
 }
 
 int COXOptionTreeCtrl::AddCheckBox(UINT id, const char* text, int checked) {
@@ -61,7 +62,9 @@ LRESULT COXOptionTreeCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam
 }
 
 LRESULT COXOptionTreeCtrl::OnCompare(WPARAM, LPARAM) {
-  for (Box& box : m_boxes) {
+  // The parent may add boxes or close the window when it is told.
+  for (size_t i = 0; m_hWnd != nullptr && i < m_boxes.size(); ++i) {
+    Box& box = m_boxes[i];
     const int checked = GetCheck(box.item) != 0;
     if (checked == box.checked) continue;
     box.checked = checked;

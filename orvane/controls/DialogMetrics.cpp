@@ -38,7 +38,7 @@ DialogMetrics::DialogMetrics() {
 DialogMetrics::~DialogMetrics() { m_dc.SelectObject(m_oldFont); }
 
 CSize DialogMetrics::TextSize(const char* text, UINT format, int width) {
-  if (*text == 0) return CSize(0, 0);
+  if (text == nullptr || *text == 0) return CSize(0, 0);
   if (width > 0) format |= DT_WORDBREAK | DT_EDITCONTROL;
   CRect place(0, 0, width, 0);
   m_dc.DrawText(text, -1, &place, DT_CALCRECT | DT_EXPANDTABS | format);

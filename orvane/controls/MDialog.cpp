@@ -36,6 +36,7 @@ void MDialog::SetDialog(int x, int y, int width, int height, const char* caption
 
 void MDialog::RemoveControls() {
   ASSERT(m_hWnd == nullptr);
+  if (m_hWnd != nullptr) return;
   m_controls.clear();
   m_nextId = kFirstId;
 }
@@ -160,7 +161,8 @@ DialogTemplate MDialog::Template() const {
 }
 
 int MDialog::DoModal() {
-  if (AssertVerifyTrace::BlockGui()) return -1;
+  ASSERT(m_hWnd == nullptr);
+  if (m_hWnd != nullptr || AssertVerifyTrace::BlockGui()) return -1;
   const DialogTemplate contents = Template();
   InitModalIndirect(contents.Get(), m_pParentWnd);
   m_modal = true;
@@ -171,7 +173,8 @@ int MDialog::DoModal() {
 }
 
 BOOL MDialog::Create(CWnd* owner) {
-  if (AssertVerifyTrace::BlockGui()) return FALSE;
+  ASSERT(m_hWnd == nullptr);
+  if (m_hWnd != nullptr || AssertVerifyTrace::BlockGui()) return FALSE;
   return CreateIndirect(Template().Get(), owner != nullptr ? owner : m_pParentWnd);
 }
 

@@ -40,12 +40,12 @@ class ORVANE_API MDialog : public CDialog {
                  int inDialogUnits = 0);
   void SetUnits(MDialogUnits units) { m_units = units; }
   MDialogUnits GetUnits() const { return m_units; }
-  // Removes all controls; what was returned for them ends.
+  // Removes all controls; what was returned for them ends. Not while the dialog is open.
   void RemoveControls();
 
   // The size that a control of a kind needs to show a text whole, at the screen's resolution.
   // width: the text may be broken into lines so that the control is no wider than this; 0: it is
-  // broken only at line breaks. (0, 0) for a text box with an empty text.
+  // broken only at line breaks. (0, 0) for a text box with an empty text or null.
   CSize GetTextSize(const char* text, MControlKind kind = MControlKind::TextBox,
                     int width = 0) const;
   // The size of the client area of a dialog that fills the work area of its screen.
@@ -80,7 +80,7 @@ class ORVANE_API MDialog : public CDialog {
   // --- Life ---
 
   // Shows the dialog until it is ended: IDOK, IDCANCEL, or what OnPushButton gave. -1: it could not
-  // be shown, or no dialog may be shown (AssertVerifyTrace::BlockGui).
+  // be shown, it is open already, or no dialog may be shown (AssertVerifyTrace::BlockGui).
   int DoModal() override;
   // Opens it modeless, still hidden; it is destroyed by OK and Cancel. FALSE in the cases above.
   BOOL Create(CWnd* owner = nullptr);

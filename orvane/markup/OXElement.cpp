@@ -5,14 +5,9 @@
 #include <memory>
 
 #include "diag/trace.h"
+#include "markup/ElementPath.h"
 
 namespace {
-
-// The end of the first name in a path. The second byte of a double-byte character may be a "\".
-const char* NameEnd(const char* path) {
-  while (*path != 0 && *path != '\\') path += IsDBCSLeadByte(*path) && path[1] != 0 ? 2 : 1;
-  return path;
-}
 
 // A new attribute with its name and value, or null.
 template <class Value>
@@ -273,7 +268,7 @@ COXParserElement* COXParserElement::FindElement(const char* path, int caseSensit
   COXParserElement* found = nullptr;
   const COXParserElement* at = this;
   while (path != nullptr && *path != 0 && *path != '\\') {
-    const char* const end = NameEnd(path);
+    const char* const end = FirstNameEnd(path);
     found = at->FindChild(path, end - path, caseSensitive);
     if (found != nullptr) at = found;
     path = *end == 0 ? end : end + 1;

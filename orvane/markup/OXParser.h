@@ -38,10 +38,10 @@ class ORVANE_API COXParser {
     kIllegalCharacter,
     kUnexpectedToken,
     kMissingEndTag,
-    kBadEntity,
-    kBadInteger,
+    kBadEntity,   // the parse goes on: the reference is kept as it stands
+    kBadInteger,  // for derived classes
     kMissingBracket,
-    kUnexpectedEndTag = 201
+    kUnexpectedEndTag = 201  // the parse goes on
   };
 
   // How far ParseFileEx came.

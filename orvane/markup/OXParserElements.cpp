@@ -14,7 +14,8 @@ struct COXAttributeGroup {
   COXAttributeGroup() = default;
   COXAttributeGroup(const COXAttributeGroup&) = delete;
   COXAttributeGroup& operator=(const COXAttributeGroup&) = delete;
-  ~COXAttributeGroup() {
+  ~COXAttributeGroup() { Delete(); }
+  void Delete() {
     while (m_count > 0) delete m_attributes[--m_count];
   }
 
@@ -203,6 +204,7 @@ bool COXParser::AddAttributes(COXParserElement* element, COXAttributeGroup& grou
   if (!element->m_attributes.Append(group.m_attributes, group.m_count, &m_pool)) {
     ReportError(kOutOfMemory, "Unable to create new attribute (element %.511s)",
                 element->GetName());
+    group.Delete();  // or it would be tried, and reported, again
     return false;
   }
   group.m_count = 0;

@@ -62,10 +62,11 @@ COXParser::ParseError LoadSomehow(const char* path, Contents& contents) {
 
 // Whether the folder of a path can be made the current directory.
 int FolderExists(const char* path) {
+  const CString whole = WithBackslashes(path);
   CString folder;
   CString name;
-  SplitAtLastBackslash(WithBackslashes(path), folder, name);
-  if (name.IsEmpty()) return 1;  // a name alone: the current directory
+  SplitAtLastBackslash(whole, folder, name);
+  if (folder == whole) return 1;  // a name alone: the current directory
   char previous[MAX_PATH + 1];
   const DWORD length = GetCurrentDirectoryA(sizeof previous, previous);
   const int exists = SetCurrentDirectoryA(folder + "\\");

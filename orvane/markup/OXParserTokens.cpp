@@ -33,13 +33,14 @@ void COXParser::UngetChar(int count) {
 }
 
 int COXParser::RemoveWhiteSpace() {
+  if (m_position == nullptr) return 0;
   while (IsSpace(*m_position)) ++m_position;
   return m_position != m_end;
 }
 
 int COXParser::GetToken(COXToken& token, int reportEnd) {
   token.Clear();
-  if (m_position == nullptr || !RemoveWhiteSpace()) {
+  if (!RemoveWhiteSpace()) {
     GetNextChar(1, reportEnd);
     return 0;
   }
@@ -97,9 +98,11 @@ bool COXParser::ReadStringInPieces(char quote, bool decode, Text& text) {
   return true;
 }
 
+// Outside of a parse there is no text, which GetNextChar reports.
+
 int COXParser::GetNameToken(COXQuickString& name) {
   Text text;
-  if (!ReadName(text)) {
+  if (m_position == nullptr ? GetNextChar() == kEndOfText : !ReadName(text)) {
     name.Empty();
     return 0;
   }
@@ -108,10 +111,13 @@ int COXParser::GetNameToken(COXQuickString& name) {
   return 0;
 }
 
-int COXParser::GetNumberToken(int& number) { return ReadNumber(number); }
+int COXParser::GetNumberToken(int& number) {
+  return m_position == nullptr ? GetNextChar() : ReadNumber(number);
+}
 
 int COXParser::GetStringToken(COXQuickString& text, char quote, int decode) {
   text.Empty();
+  if (m_position == nullptr) return GetNextChar();
   Text read;
   if (!ReadString(quote, decode != 0, read)) return 0;
   if (text.SetString(read.data(), static_cast<int>(read.size()))) return 1;

@@ -1,7 +1,5 @@
 #include "markup/XmlLine.h"
 
-#include <mbstring.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -9,6 +7,7 @@
 #include <source_location>
 
 #include "diag/trace.h"
+#include "markup/ElementPath.h"
 #include "markup/XmlTag.h"
 #include "settings/RegistryUtil.h"
 
@@ -34,20 +33,6 @@ bool HasSection(const COXParserElement& element) {
     if (IsSection(element, i)) return true;
   }
   return false;
-}
-
-// Takes the first name off a path of names separated by "\"; empty at its end.
-CString TakeName(const char*& path) {
-  const auto* const bytes = reinterpret_cast<const unsigned char*>(path);
-  const auto* const end = reinterpret_cast<const char*>(_mbschr(bytes, '\\'));
-  if (end == nullptr) {
-    const CString name(path);
-    path += name.GetLength();
-    return name;
-  }
-  const CString name(path, static_cast<int>(end - path));
-  path = end + 1;
-  return name;
 }
 
 }  // namespace
@@ -203,10 +188,17 @@ BOOL XmlLine::RemoveObject(int index) {
 COXParserElement* XmlLine::CreateChild(const char* path, const char* attribute, const char* value) {
   COXParserElement* at = &m_element;
   COXParserElement* firstNew = nullptr;
-  for (CString name = TakeName(path); at != nullptr && !name.IsEmpty(); name = TakeName(path)) {
+  while (at != nullptr && *path != 0 && *path != '\\') {
+    const char* const end = FirstNameEnd(path);
+    COXQuickString name;
+    if (!name.SetString(path, static_cast<int>(end - path))) {
+      at = nullptr;
+      break;
+    }
     COXParserElement* const there = firstNew == nullptr ? at->FindElement(name, FALSE) : nullptr;
     at = there != nullptr ? there : at->AddElement(name);
     if (there == nullptr && firstNew == nullptr) firstNew = at;
+    path = *end == 0 ? end : end + 1;
   }
   if (at != nullptr && at->AddAttribute(attribute, value) != nullptr) return at;
   if (firstNew != nullptr) firstNew->GetParent()->DelObject(firstNew);

@@ -28,6 +28,12 @@ class ControlTest : public testing::Test {
     CImageList::DeleteTempMap();
   }
 
+  // Makes the window of a control, visible.
+  template <class Control>
+  bool Make(Control& control, DWORD style = 0, UINT id = kControl) {
+    return control.Create(WS_CHILD | WS_VISIBLE | style, m_place, &m_parent, id);
+  }
+
   CWnd m_parent;
   const CRect m_place{10, 10, 310, 210};
 
@@ -38,6 +44,11 @@ class ControlTest : public testing::Test {
 // So that messages of GoogleTest show the text.
 inline std::string text(const CString& string) {
   return std::string(string, static_cast<size_t>(string.GetLength()));
+}
+inline std::string text(const CWnd& window) {
+  CString shown;
+  window.GetWindowText(shown);
+  return text(shown);
 }
 
 // Takes and dispatches what waits in the queue.

@@ -21,6 +21,12 @@ class Canvas : public CDC {
   }
   ~Canvas() override { SelectObject(m_before); }
 
+  // The bitmap, which is no longer drawn into.
+  CBitmap& Picture() {
+    SelectObject(m_before);
+    return m_bitmap;
+  }
+
   // The smallest rectangle around all pixels that have a colour.
   CRect Find(COLORREF colour) const {
     BITMAP size;

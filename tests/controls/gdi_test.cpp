@@ -24,17 +24,13 @@ using Gdi = ControlTest;
 // Makes and ends an object of every kind.
 void useObjects(CWnd& window, HFONT stranger) {
   CPen pen(PS_SOLID, 2, kRed);
-  CBrush brush(kGreen);
-  CBrush hatched(HS_CROSS, kGreen);
   CFont font, again;
   EXPECT_TRUE(font.CreatePointFont(120, "Arial"));
   EXPECT_TRUE(again.Attach(stranger));
   EXPECT_EQ(again.Detach(), stranger);
   CBitmap bitmap;
   EXPECT_TRUE(bitmap.CreateBitmap(8, 8, 1, 1, nullptr));
-  CBrush pattern(&bitmap);
-  CRgn region;
-  EXPECT_TRUE(region.CreateEllipticRgn(0, 0, 10, 10));
+  CBrush brush(kGreen), hatched(HS_CROSS, kGreen), pattern(&bitmap);
   {
     Canvas canvas;
     CPen* const penBefore = canvas.SelectObject(&pen);
@@ -88,9 +84,10 @@ TEST_F(Gdi, FromHandleFindsTheObjectOfTheThread) {
 }
 
 TEST_F(Gdi, ConstructorsThrowWhenNothingIsMade) {
+  CWnd* const none = CWnd::FromHandle(reinterpret_cast<HWND>(0x7FFE));
   bool thrown = false;
   try {
-    CClientDC context(CWnd::FromHandle(reinterpret_cast<HWND>(0x7FFE)));
+    CClientDC context(none);
   } catch (CResourceException* e) {
     e->Delete();
     thrown = true;
@@ -108,20 +105,7 @@ TEST_F(Gdi, ShapesCoverTheirPixels) {
     CRect expected;
   } const shapes[] = {
       {"FillSolidRect", [](Canvas& c) { c.FillSolidRect(5, 6, 7, 8, kRed); }, {5, 6, 12, 14}},
-      {"FillRect",
-       [](Canvas& c) {
-         CBrush brush(kRed);
-         c.FillRect(CRect(1, 2, 3, 4), &brush);
-       },
-       {1, 2, 3, 4}},
-      {"FrameRect",
-       [](Canvas& c) {
-         CBrush brush(kRed);
-         c.FrameRect(CRect(1, 2, 30, 40), &brush);
-       },
-       {1, 2, 30, 40}},
-      {"Draw3dRect", [](Canvas& c) { c.Draw3dRect(3, 3, 10, 10, kRed, kRed); }, {3, 3, 13, 13}},
-      {"Draw3dRect, top left",
+      {"Draw3dRect",
        [](Canvas& c) { c.Draw3dRect(CRect(3, 3, 13, 13), kRed, kBlue); },
        {3, 3, 12, 12}},
       {"LineTo",
@@ -131,20 +115,8 @@ TEST_F(Gdi, ShapesCoverTheirPixels) {
          c.MoveTo(2, 2);
          c.LineTo(10, 2);
          c.SelectObject(before);
-         EXPECT_EQ(c.GetCurrentPosition(), CPoint(10, 2));
        },
        {2, 2, 10, 3}},
-      {"a clipped rectangle",
-       [](Canvas& c) {
-         const int saved = c.SaveDC();
-         CRgn clip;
-         clip.CreateRectRgn(0, 0, 20, 20);
-         c.SelectClipRgn(&clip);
-         c.ExcludeClipRect(0, 0, 5, 20);
-         c.FillSolidRect(0, 0, 64, 64, kRed);
-         c.RestoreDC(saved);
-       },
-       {5, 0, 20, 20}},
       {"a blit",
        [](Canvas& c) {
          Canvas source(8, 8);
@@ -153,53 +125,12 @@ TEST_F(Gdi, ShapesCoverTheirPixels) {
          c.StretchBlt(20, 20, 16, 16, &source, 0, 0, 8, 8, SRCCOPY);
        },
        {10, 10, 36, 36}},
-      {"pixels moved by the window's origin",
-       [](Canvas& c) {
-         EXPECT_EQ(c.SetWindowOrg(-10, -10), CPoint(0, 0));
-         c.SetPixel(1, 1, kRed);
-         EXPECT_EQ(c.SetWindowOrg(0, 0), CPoint(-10, -10));
-       },
-       {11, 11, 12, 12}},
   };
   for (const auto& shape : shapes) {
     Canvas canvas;
     shape.draw(canvas);
     EXPECT_EQ(canvas.Find(kRed), shape.expected) << shape.name;
   }
-}
-
-TEST_F(Gdi, FillSolidRectLeavesTheBackgroundColour) {
-  Canvas canvas;
-  canvas.SetBkColor(kBlue);
-  canvas.FillSolidRect(0, 0, 5, 5, kRed);
-  EXPECT_EQ(canvas.GetBkColor(), kBlue);
-}
-
-TEST_F(Gdi, CoordinatesGoBothWays) {
-  Canvas canvas;
-  canvas.SetMapMode(MM_ANISOTROPIC);
-  canvas.SetWindowExt(100, 100);
-  canvas.SetViewportExt(50, -200);
-  EXPECT_EQ(canvas.GetViewportExt(), CSize(50, -200));
-  CPoint point(10, 10);
-  canvas.LPtoDP(&point);
-  EXPECT_EQ(point, CPoint(5, -20));
-  CRect rect(0, 0, 10, 20);
-  canvas.LPtoDP(&rect);
-  EXPECT_EQ(rect, CRect(0, 0, 5, -40));
-  CSize size(10, 20);
-  canvas.LPtoDP(&size);
-  EXPECT_EQ(size, CSize(5, 40)) << "a size has no sign";
-  canvas.DPtoLP(&size);
-  EXPECT_EQ(size, CSize(10, 20));
-
-  canvas.SetMapMode(MM_TEXT);
-  const int perInch = canvas.GetDeviceCaps(LOGPIXELSX);
-  CSize inch(perInch, canvas.GetDeviceCaps(LOGPIXELSY));
-  canvas.LPtoHIMETRIC(&inch);
-  EXPECT_EQ(inch, CSize(2540, 2540));
-  canvas.HIMETRICtoLP(&inch);
-  EXPECT_EQ(inch.cx, perInch);
 }
 
 TEST_F(Gdi, TextsAreMeasuredAndDrawn) {
@@ -209,10 +140,6 @@ TEST_F(Gdi, TextsAreMeasuredAndDrawn) {
   CFont* const before = canvas.SelectObject(&font);
   TEXTMETRIC metrics;
   EXPECT_TRUE(canvas.GetTextMetrics(&metrics));
-  LOGFONT description;
-  EXPECT_NE(font.GetLogFont(&description), 0);
-  EXPECT_EQ(description.lfHeight, -MulDiv(12, canvas.GetDeviceCaps(LOGPIXELSY), 72));
-
   const CString word("Words");
   const CSize size = canvas.GetTextExtent(word);
   EXPECT_EQ(size.cy, metrics.tmHeight);
@@ -220,10 +147,6 @@ TEST_F(Gdi, TextsAreMeasuredAndDrawn) {
   CRect needed(0, 0, 0, 0);
   EXPECT_EQ(canvas.DrawText(word, &needed, DT_CALCRECT | DT_SINGLELINE), size.cy);
   EXPECT_EQ(needed.Size(), size);
-  CString face;
-  EXPECT_GT(canvas.GetTextFace(face), 0);
-  EXPECT_FALSE(face.IsEmpty());
-
   canvas.SetBkMode(OPAQUE);
   canvas.SetBkColor(kRed);
   canvas.TextOut(3, 4, word);
@@ -238,54 +161,18 @@ TEST_F(Gdi, TextsAreMeasuredAndDrawn) {
   EXPECT_EQ(text(copy), "c:\\a folder\\with a rather long name\\file.txt");
 }
 
-TEST_F(Gdi, StateGoesToBothContexts) {
-  Canvas output, attributes;
-  CDC context;
-  context.SetOutputDC(output);
-  context.SetAttribDC(attributes);
-  attributes.SetTextColor(kGreen);
-  EXPECT_EQ(context.SetTextColor(kRed), kGreen) << "asked of the context for attributes";
-  EXPECT_EQ(output.GetTextColor(), kRed);
-  EXPECT_EQ(attributes.GetTextColor(), kRed);
-  context.MoveTo(3, 3);
-  context.LineTo(9, 3);
-  EXPECT_EQ(context.GetCurrentPosition(), CPoint(9, 3));
-  EXPECT_EQ(attributes.Find(kBlack), CRect(0, 0, 0, 0)) << "drawn to the output alone";
-  context.ReleaseOutputDC();
-  context.ReleaseAttribDC();
-}
-
-TEST_F(Gdi, RegionsCombine) {
-  CRgn left, right, both;
-  left.CreateRectRgn(0, 0, 10, 10);
-  right.CreateRectRgn(5, 0, 20, 10);
-  both.CreateRectRgn(0, 0, 0, 0);
-  EXPECT_EQ(both.CombineRgn(&left, &right, RGN_AND), SIMPLEREGION);
-  CRect box;
-  both.GetRgnBox(&box);
-  EXPECT_EQ(box, CRect(5, 0, 10, 10));
-  EXPECT_TRUE(both.PtInRegion(CPoint(5, 5)));
-  EXPECT_FALSE(both.PtInRegion(4, 5));
-  EXPECT_EQ(both.CombineRgn(&left, &right, RGN_DIFF), SIMPLEREGION);
-  both.OffsetRgn(CPoint(100, 0));
-  both.GetRgnBox(&box);
-  EXPECT_EQ(box, CRect(100, 0, 105, 10));
-}
-
 // A window that paints itself, and counts how often.
 class Painted : public CWnd {
  public:
-  int paintings = 0;
-  CRect painted;
+  std::vector<CRect> painted;
 
  protected:
   afx_msg void OnPaint() {
     CPaintDC dc(this);
-    ++paintings;
-    painted = dc.m_ps.rcPaint;
+    painted.push_back(dc.m_ps.rcPaint);
     EXPECT_EQ(CDC::FromHandle(dc), &dc);
     EXPECT_EQ(dc.GetWindow(), this);
-    dc.FillSolidRect(painted, kBlue);
+    dc.FillSolidRect(painted.back(), kBlue);
   }
   DECLARE_MESSAGE_MAP()
 };
@@ -298,11 +185,10 @@ TEST_F(Gdi, PaintingValidates) {
   Painted window;
   ASSERT_TRUE(window.Create(nullptr, "", WS_CHILD | WS_VISIBLE, m_place, &m_parent, kControl));
   window.UpdateWindow();
-  window.paintings = 0;
+  window.painted.clear();
   window.InvalidateRect(CRect(2, 3, 9, 8));
   window.UpdateWindow();
-  EXPECT_EQ(window.paintings, 1);
-  EXPECT_EQ(window.painted, CRect(2, 3, 9, 8));
+  EXPECT_EQ(window.painted, std::vector<CRect>{CRect(2, 3, 9, 8)});
   EXPECT_FALSE(window.GetUpdateRect(nullptr));
   CClientDC dc(&window);
   EXPECT_EQ(dc.GetPixel(4, 4), kBlue);

@@ -92,9 +92,13 @@ TEST(Dialog, ChangesWhileOpenShowAtOnce) {
                    EXPECT_FALSE(::IsWindowEnabled(::GetDlgItem(window, kCheck)));
                    EXPECT_FALSE(::IsDlgButtonChecked(window, kFirstRadio));
                    EXPECT_TRUE(::IsDlgButtonChecked(window, kFirstRadio + 1));
+                   // It is open already.
+                   EXPECT_EQ(sample.dialog.DoModal(), -1);
+                   EXPECT_FALSE(sample.dialog.Create());
+                   sample.dialog.RemoveControls();
                  },
                  Driver::Click(IDOK)});
-  sample.dialog.DoModal();
+  EXPECT_EQ(sample.dialog.DoModal(), IDOK);
   EXPECT_FALSE(sample.check->IsEnabled());
 }
 
@@ -209,6 +213,7 @@ TEST(Dialog, MeasuredTextsFit) {
 TEST(Dialog, TextSizeBreaksLinesAtAWidth) {
   MDialog dialog;
   EXPECT_EQ(dialog.GetTextSize(""), CSize(0, 0));
+  EXPECT_EQ(dialog.GetTextSize(nullptr), CSize(0, 0));
   const CSize line = dialog.GetTextSize("XX");
   EXPECT_NEAR(dialog.GetTextSize("XX\nXX").cy, 2 * line.cy, 1);
   const char* const texts[] = {"some words that need a number of lines",

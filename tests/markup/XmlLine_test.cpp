@@ -7,7 +7,9 @@
 
 #include "markup/OXParser.h"
 #include "settings/RegistryUtil.h"
+#include "support/Allocations.h"
 #include "support/AssertionLog.h"
+#include "tree_text.h"
 
 namespace {
 
@@ -28,64 +30,43 @@ class Line : public testing::Test {
   TempFolder m_folder;
 };
 
-std::string Children(const COXParserElement& element) {
-  std::string names;
-  for (int i = 0; i < element.NumObjects(); ++i) names += element.GetElement(i)->GetName();
-  return names;
-}
-
 }  // namespace
 
 TEST_F(Line, CursorsGoOverObjectsAndAttributes) {
-  XmlLine line(Parse("<item a=1 b='two'><x/><y/>text</item>"), 0);
-  EXPECT_TRUE(line.IsLineValid());
-  EXPECT_STREQ(line.GetName(), "item");
-  EXPECT_TRUE(line.IsSameLine("ITEM"));
-  EXPECT_FALSE(line.IsSameLine("items"));
+  COXParserElement& element = Parse("<item a=1 b='two'><x/><y/>text</item>");
+  XmlLine line(element, 0);
+  EXPECT_TRUE(line.IsLineValid() && line.IsSameLine("ITEM") && !line.IsSameLine("items"));
   int count = 0;
   for (int i = 0; line.HasMoreObjects(i); ++i, ++count) EXPECT_TRUE(line.SetObject(i));
   EXPECT_EQ(count, 3);
-  line.SetObject(1);
-  EXPECT_STREQ(line.GetChild()->GetName(), "y");
-
-  EXPECT_FALSE(line.IsAttributeValid());
-  EXPECT_FALSE(line.HasMoreAttributes(0));
+  EXPECT_FALSE(line.IsAttributeValid() || line.HasMoreAttributes(0));
   EXPECT_STREQ(line.GetAttributeData(1), "two");
   EXPECT_FALSE(line.IsAttributeValid());
   EXPECT_TRUE(line.SetCurrentAttribute(0));
-  EXPECT_TRUE(line.HasMoreAttributes(1));
-  EXPECT_FALSE(line.HasMoreAttributes(2));
+  EXPECT_TRUE(line.HasMoreAttributes(1) && !line.HasMoreAttributes(2));
   EXPECT_STREQ(line.GetAttributeData(), "1");
+
+  // Removing keeps a cursor at its object, or at the one that follows it.
+  line.SetObject(1);
+  EXPECT_TRUE(line.RemoveObject(2) && line.RemoveObject(0));
+  EXPECT_STREQ(line.GetChild()->GetName(), "y");
+  element.AddElement("z");
+  EXPECT_TRUE(line.RemoveObject(0));
+  EXPECT_STREQ(line.GetChild()->GetName(), "z");
+  EXPECT_TRUE(line.RemoveObject(0));
+  EXPECT_FALSE(line.IsObjectValid());
   EXPECT_EQ(Trace(), "");
 }
 
 TEST_F(Line, WithNothingInItHasNoFirst) {
   XmlLine line(Parse("<item/>"), 0);
   EXPECT_TRUE(line.IsLineValid());
-  EXPECT_FALSE(line.IsObjectValid());
-  EXPECT_FALSE(line.SetObject(0));
-  EXPECT_FALSE(line.SetCurrentAttribute(0));
-  EXPECT_FALSE(line.HasMoreObjects(0));
-  EXPECT_EQ(Trace(), "");
+  EXPECT_FALSE(line.IsObjectValid() || line.SetObject(0) || line.SetCurrentAttribute(0) ||
+               line.HasMoreObjects(0));
   const XmlLine unset(Parse("<item><a/></item>"), -1);
   EXPECT_TRUE(unset.IsLineValid());
-  EXPECT_FALSE(unset.IsObjectValid());
-  EXPECT_FALSE(unset.HasMoreObjects(0));
-}
-
-TEST_F(Line, RemovingKeepsTheCursorAtItsObject) {
-  COXParserElement& element = Parse("<item><a/><b/><c/><d/></item>");
-  XmlLine line(element, 2);
-  EXPECT_TRUE(line.RemoveObject(3));
-  EXPECT_STREQ(line.GetChild()->GetName(), "c");
-  EXPECT_TRUE(line.RemoveObject(0));
-  EXPECT_STREQ(line.GetChild()->GetName(), "c");
-  line.SetObject(0);
-  EXPECT_TRUE(line.RemoveObject(0));
-  EXPECT_STREQ(line.GetChild()->GetName(), "c");
-  EXPECT_EQ(Children(element), "c");
-  EXPECT_TRUE(line.RemoveObject(0));
-  EXPECT_FALSE(line.IsObjectValid());
+  EXPECT_FALSE(unset.IsObjectValid() || unset.HasMoreObjects(0));
+  EXPECT_EQ(Trace(), "");
 }
 
 TEST_F(Line, DataAreUnscrambledAsTheElementSays) {
@@ -118,22 +99,27 @@ TEST_F(Line, ChildValues) {
   EXPECT_TRUE(line.ChangeChildVal("deep\\b", 8, FALSE));
   EXPECT_TRUE(line.ChangeChildVal("new", 9, TRUE));
   EXPECT_TRUE(line.ChangeChildVal("deep\\c\\d", 10, TRUE));
-  EXPECT_TRUE(line.ChangeChildVal("a", 11, TRUE, "count"));
-  EXPECT_EQ(Children(element), "aDeepnew");
-  const struct {
-    const char *path, *attribute, *value;
-  } cases[] = {{"a", "val", "-7"},
-               {"deep\\b", "val", "8"},
-               {"new", "val", "9"},
-               {"deep\\c\\d", "val", "10"},
-               {"a", "count", "11"}};
-  for (const auto& c : cases) {
-    EXPECT_STREQ(line.GetChild(c.path)->FindAttribute(c.attribute, true)->GetStringValue(), c.value)
-        << c.path;
-  }
   EXPECT_TRUE(line.ChangeChildVal("deep\\c\\d", 12, TRUE));
-  EXPECT_EQ(Children(*line.GetChild("deep")), "bc");
+  EXPECT_TRUE(line.ChangeChildVal("a", 11, TRUE, "count"));
+  EXPECT_EQ(Describe(element),
+            "item{a[val='-7' count='11'] Deep{b[other='1' val='8'] c{d[val='12']}} new[val='9']}");
   EXPECT_EQ(Trace(), "");
+}
+
+// Without memory a path is added whole or not at all.
+TEST_F(Line, ChildValuesWithoutMemory) {
+  COXParserElement& element = Parse("<item><a/></item>");
+  bool failed = true;
+  for (unsigned n = 1; failed; ++n) {
+    XmlLine line(element, 0);
+    BOOL changed;
+    {
+      const allocations::FailNth fail(n);
+      changed = line.ChangeChildVal("a\\b\\c", 1, TRUE);
+      failed = fail.Happened();
+    }
+    EXPECT_EQ(Describe(element), changed ? "item{a{b{c[val='1']}}}" : "item{a}") << n;
+  }
 }
 
 TEST_F(Line, MisuseIsReportedTwiceAndChangesNothing) {
@@ -141,40 +127,34 @@ TEST_F(Line, MisuseIsReportedTwiceAndChangesNothing) {
   COXParserElement nameless;
   COXParserElement& empty = *element.GetElement(1);
   const struct {
-    const char *title, *text;
+    const char* event;
     std::function<bool(XmlLine&)> fails;  // with its cursor at the text
   } cases[] = {
-      {"XMLGetChild Error", "NULL Pointer1", [](XmlLine& l) { return !l.GetChild(); }},
-      {"XMLGetChild Error", "NULL Pointer2", [](XmlLine& l) { return !l.GetChild("b"); }},
-      {"XMLGetChild Error", "NULL Pointer2", [](XmlLine& l) { return !l.GetChild(nullptr); }},
-      {"XMLGetObject Error", "NULL Pointer", [](XmlLine& l) { return !l.SetObject(2); }},
-      {"XMLGetObject Error", "NULL Pointer", [](XmlLine& l) { return !l.SetObject(-1); }},
-      {"XMLGetObject Error", "NULL Pointer",
-       [](XmlLine& l) { return l.GetObjectData().IsEmpty(); }},
-      {"XMLGetObject Error", "NULL Pointer", [](XmlLine& l) { return l.GetData().IsEmpty(); }},
-      {"XMLGetObject Error", "NULL Pointer", [](XmlLine& l) { return !l.RemoveObject(2); }},
-      {"XMLGetAtt Error", "NULL Pointer", [](XmlLine& l) { return !l.SetCurrentAttribute(1); }},
-      {"XMLGetAttData Error", "NULL Pointer",
-       [](XmlLine& l) { return l.GetAttributeData().IsEmpty(); }},
-      {"XMLGetAttData Error", "NULL Pointer",
-       [](XmlLine& l) { return l.GetAttributeData(1).IsEmpty(); }},
-      {"XMLChangeTag Error", "NULL Pointer",
+      {"XMLGetChild Error: NULL Pointer1", [](XmlLine& l) { return !l.GetChild(); }},
+      {"XMLGetChild Error: NULL Pointer2", [](XmlLine& l) { return !l.GetChild("b"); }},
+      {"XMLGetChild Error: NULL Pointer2", [](XmlLine& l) { return !l.GetChild(nullptr); }},
+      {"XMLGetObject Error: ", [](XmlLine& l) { return !l.SetObject(2) && !l.SetObject(-1); }},
+      {"XMLGetObject Error: ", [](XmlLine& l) { return l.GetObjectData().IsEmpty(); }},
+      {"XMLGetObject Error: ", [](XmlLine& l) { return l.GetData().IsEmpty(); }},
+      {"XMLGetObject Error: ", [](XmlLine& l) { return !l.RemoveObject(2); }},
+      {"XMLGetAtt Error: ", [](XmlLine& l) { return !l.SetCurrentAttribute(1); }},
+      {"XMLGetAttData Error: ", [](XmlLine& l) { return l.GetAttributeData().IsEmpty(); }},
+      {"XMLGetAttData Error: ", [](XmlLine& l) { return l.GetAttributeData(1).IsEmpty(); }},
+      {"XMLChangeTag Error: NULL Pointer",
        [](XmlLine& l) { return !l.ChangeChildVal("b", 1, FALSE); }},
-      {"XMLChangeTag Error", "NULL Pointer",
+      {"XMLChangeTag Error: NULL Pointer",
        [](XmlLine& l) { return !l.ChangeChildVal("", 1, TRUE); }},
-      {"XMLLine Error", "NULL Child", [&](XmlLine&) { return !XmlLine(element, 2).IsLineValid(); }},
-      {"XMLLine Error", "NULL Child", [&](XmlLine&) { return !XmlLine(empty, 1).IsLineValid(); }},
-      {"XMLLine Error", "Invalid Line",
+      {"XMLLine Error: NULL Child", [&](XmlLine&) { return !XmlLine(empty, 1).IsLineValid(); }},
+      {"XMLLine Error: Invalid Line",
        [&](XmlLine&) { return !XmlLine(nameless, 0).IsLineValid(); }},
   };
   for (const auto& c : cases) {
     DeleteFileA((m_folder / "trace.log").c_str());
     XmlLine line(element, 0);
     const AssertionLog log;
-    EXPECT_TRUE(c.fails(line)) << c.title;
-    EXPECT_TRUE(log.Names("XmlLine")) << c.title;
-    const std::string event = std::string("     ") + c.title + ": " + c.text;
-    EXPECT_NE(Trace().find(event), std::string::npos) << c.title << Trace();
+    EXPECT_TRUE(c.fails(line)) << c.event;
+    EXPECT_TRUE(log.Names("XmlLine")) << c.event;
+    EXPECT_NE(Trace().find(std::string("     ") + c.event), std::string::npos) << c.event;
     EXPECT_TRUE(line.IsObjectValid());
     EXPECT_EQ(element.NumObjects(), 2);
   }
@@ -184,13 +164,10 @@ TEST_F(Line, OfALineThatIsNotValidNothingCanBeRead) {
   COXParserElement& element = Parse("<item enc=1><a/></item>");
   XmlLine line(element, 0);
   EXPECT_NE(Trace().find("XMLLine Error: CData"), std::string::npos);
-  EXPECT_FALSE(line.IsLineValid());
+  EXPECT_FALSE(line.IsLineValid() || line.IsSameLine("item") || line.SetObject(0) ||
+               line.SetCurrentAttribute(0) || line.HasMoreObjects(0) || line.GetChild("a") ||
+               line.RemoveObject(0) || line.ChangeChildVal("a", 1, TRUE));
   EXPECT_STREQ(line.GetName(), "");
-  EXPECT_FALSE(line.IsSameLine("item"));
-  EXPECT_FALSE(line.SetObject(0) || line.SetCurrentAttribute(0) || line.HasMoreObjects(0));
-  EXPECT_EQ(line.GetChild("a"), nullptr);
   EXPECT_STREQ(line.GetAttributeData(0), "");
-  EXPECT_FALSE(line.RemoveObject(0));
-  EXPECT_FALSE(line.ChangeChildVal("a", 1, TRUE));
-  EXPECT_EQ(element.NumObjects(), 1);
+  EXPECT_EQ(Describe(element), "item[enc=1]{a}");
 }

@@ -4,62 +4,21 @@
 #include <functional>
 #include <stdexcept>
 
+#include "page_parser.h"
 #include "tree_text.h"
 
 namespace {
-
-bool IsOneOf(const char* name, std::initializer_list<const char*> names) {
-  for (const char* each : names) {
-    if (_stricmp(name, each) == 0) return true;
-  }
-  return false;
-}
-
-// A small part of HTML.
-class PageParser : public COXParser {
- public:
-  explicit PageParser(bool strict = true) { m_strictEndTags = strict; }
-
- protected:
-  int IsEndTagMissing(const char* element, const char* tag, int isEndTag) override {
-    if (IsOneOf(element, {"br", "img"})) return TRUE;
-    if (!IsOneOf(element, {"p", "li"})) return FALSE;
-    return isEndTag || IsOneOf(tag, {"p", "li", "ul"});
-  }
-  int IgnoreStartTag(COXParserElement* element, int) override {
-    return element->IsName("font", FALSE);
-  }
-  int IgnoreEndTag(const char* name) override { return IsOneOf(name, {"font", "br"}); }
-  int AddObjectToElement(COXParserElement* element, COXParserObject* object) override {
-    if (object->GetType() == COXParserObject::COMMENT) {
-      delete object;
-      return 1;
-    }
-    return COXParser::AddObjectToElement(element, object);
-  }
-  const char* GetLiteralString(const char* name) override {
-    return strcmp(name, "nbsp") == 0 ? "\xA0" : COXParser::GetLiteralString(name);
-  }
-  COXParserElement* ParseStartTag(COXParserElement* parent, int& empty) override {
-    COXParserElement* const element = COXParser::ParseStartTag(parent, empty);
-    if (element != nullptr && IsOneOf(element->GetName(), {"br", "img"})) empty = 1;
-    return element;
-  }
-};
 
 TEST(DerivedParser, ClosesIgnoresAndReplaces) {
   struct {
     const char* document;
     const char* tree;
-    const char* errors = "";
   } const cases[] = {
       {"<ul><li>a<LI>b</ul>c", "ul{li{\"a\"} LI{\"b\"}} \"c\""},
       {"<p>a<p>b<br>c</p><p>", "p{\"a\"} p{\"b\" br \"c\"} p"},
       {"<p>a<ul><li><p>b</ul>", "p{\"a\"} ul{li p{\"b\"}}"},
       {"<p><font size=3>a</font><!-- gone --></p>", "p{\"a\"}"},
-      {"<p>a&nbsp;b",
-       "p{\"a\xA0"
-       "b\"}"},
+      {"<p>a&nbsp;-", "p{\"a\xA0-\"}"},
       {"</font>a</br>", "\"a\""},
   };
   for (const auto& each : cases) {
@@ -68,12 +27,12 @@ TEST(DerivedParser, ClosesIgnoresAndReplaces) {
     const Errors errors(parser);
     EXPECT_TRUE(parser.Parse(each.document));
     EXPECT_EQ(Describe(parser.Root()), std::string("[Root]{") + each.tree + "}");
-    EXPECT_EQ(errors.Text(), each.errors);
+    EXPECT_EQ(errors.Text(), "");
   }
 }
 
 TEST(DerivedParser, WrongEndTagsMayBePassedOver) {
-  PageParser parser(false);
+  PageParser parser;
   const Errors errors(parser);
   EXPECT_TRUE(parser.Parse("<a>\n<b></x></b>t</a>"));
   EXPECT_EQ(Describe(parser.Root()), "[Root]{a{b \"t\"}}");
@@ -119,14 +78,6 @@ TEST(DerivedParser, ReadsCharacters) {
     reader.ReportError(0, "%s", "");
   };
   Reader reader;
-  EXPECT_EQ(reader.Read("a\r\nb\rc",
-                        [&](Reader& r) {
-                          for (int i = 0; i < 6; ++i) next(r);
-                        }),
-            "0 1:2 ; 0 2:0 ; 0 2:1 ; 0 2:2 ; 0 2:3 ; 0 2:3 ");
-  EXPECT_EQ(read, std::string("a\nb\rc\0", 6));
-
-  read.clear();
   EXPECT_EQ(reader.Read("ab\r\ncd",
                         [&](Reader& r) {
                           next(r, 3, FALSE);  // the carriage return alone
@@ -143,55 +94,14 @@ TEST(DerivedParser, ReadsCharacters) {
                         }),
             "0 1:4 ; 0 2:0 ; 0 2:2 ; 0 1:3 ; 0 1:1 ; 0 2:0 ; 102 2:2 Unexpected end of buffer.");
   EXPECT_EQ(read, std::string("\r\nd\0\0\0", 6));
-
-  reader.Read("  \r\n x ", [](Reader& r) {
-    EXPECT_TRUE(r.RemoveWhiteSpace());
-    EXPECT_EQ(r.GetNextChar(), 'x');
-    EXPECT_FALSE(r.RemoveWhiteSpace());
-  });
 }
 
-TEST(DerivedParser, ReadsTokens) {
-  struct {
-    const char* text;
-    int type;
-    char next;
-  } const cases[] = {
-      {"< a", COXToken::TAG_START, ' '},
-      {" >a", COXToken::TAG_CLOSE, 'a'},
-      {"/>a", COXToken::EMPTY_TAG_CLOSE, 'a'},
-      {"<!--a", COXToken::COMMENT_START, 'a'},
-      {"<!-a", COXToken::MARKUP_START, '-'},
-      {"-->a", COXToken::COMMENT_END, 'a'},
-      {"\n=a", COXToken::EQUALS, 'a'},
-      {"/a", COXToken::TEXT, '/'},
-      {"--a", COXToken::TEXT, '-'},
-      {"->a", COXToken::TEXT, '-'},
-      {"!a", COXToken::TEXT, '!'},
-  };
+TEST(DerivedParser, ReadsTokensAndTheirContents) {
   Reader reader;
-  for (const auto& each : cases) {
-    const std::string errors = reader.Read(each.text, [&each](Reader& r) {
-      COXToken token;
-      EXPECT_TRUE(r.GetToken(token, TRUE)) << each.text;
-      EXPECT_EQ(token.GetType(), each.type) << each.text;
-      EXPECT_EQ(r.GetNextChar(), each.next) << each.text;
-    });
-    EXPECT_EQ(errors, "");
-  }
-  EXPECT_EQ(reader.Read(" \n",
-                        [](Reader& r) {
-                          COXToken token;
-                          EXPECT_FALSE(r.GetToken(token, FALSE));
-                          EXPECT_FALSE(r.GetToken(token, TRUE));
-                          EXPECT_EQ(token.GetType(), COXToken::NONE);
-                        }),
-            "102 2:0 Unexpected end of buffer.");
-}
-
-TEST(DerivedParser, ReadsContentsOfTokens) {
-  Reader reader;
-  const std::string errors = reader.Read("na-me 12 x|y&lt;| 'a&lt;\r\nb'", [](Reader& r) {
+  const std::string errors = reader.Read(" na-me 12 x|y&lt;| 'a&lt;\r\nb'", [](Reader& r) {
+    COXToken token;
+    EXPECT_TRUE(r.GetToken(token, TRUE));
+    EXPECT_EQ(token.GetType(), COXToken::TEXT);
     COXQuickString text("before");
     EXPECT_TRUE(r.GetNameToken(text));
     EXPECT_STREQ(text, "na-me");
@@ -211,23 +121,15 @@ TEST(DerivedParser, ReadsContentsOfTokens) {
     EXPECT_STREQ(text, "a<\nb");
     EXPECT_FALSE(r.GetStringToken(text, '\'', TRUE));
     EXPECT_TRUE(text.IsEmpty());
+    EXPECT_FALSE(r.GetToken(token, TRUE));
+    EXPECT_EQ(token.GetType(), COXToken::NONE);
   });
-  EXPECT_EQ(errors, "102 2:2 Unexpected end of buffer while parsing string.");
-}
-
-TEST(DerivedParser, HandlesErrorsItself) {
-  class Handler : public COXParser {
-   public:
-    int m_code = 0;
-
-   protected:
-    int DefErrorHandler(int code, const char*, int, int, unsigned long) override {
-      return m_code = code;
-    }
-  };
-  Handler parser;
-  EXPECT_FALSE(parser.Parse("<a>"));
-  EXPECT_EQ(parser.m_code, 107);
+  EXPECT_EQ(errors,
+            "102 2:2 Unexpected end of buffer while parsing string.; "
+            "102 2:2 Unexpected end of buffer.");
+  Reader idle;
+  COXQuickString name;
+  EXPECT_FALSE(idle.GetNameToken(name) || idle.RemoveWhiteSpace());
 }
 
 TEST(DerivedParser, AnExceptionOfTheHostEndsTheParse) {

@@ -1,6 +1,7 @@
 // Loading from files, and files that are missing, in use or not what was expected.
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <thread>
 
 #include "entry/Handles.h"
@@ -14,12 +15,6 @@ using Parser = COXParser;
 unique_file Open(const std::string& path, DWORD share) {
   return unique_file(CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, share, nullptr,
                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-}
-
-std::string CurrentFolder() {
-  char folder[MAX_PATH] = "";
-  GetCurrentDirectoryA(sizeof folder, folder);
-  return folder;
 }
 
 TEST(ParseFile, LoadsWholeFiles) {
@@ -39,7 +34,7 @@ TEST(ParseFile, LoadsWholeFiles) {
 
 TEST(ParseFileEx, SaysHowFarItCame) {
   const TempFolder folder;
-  const std::string before = CurrentFolder();
+  const auto before = std::filesystem::current_path();
   const std::string good = folder.Write("good.xml", "<XML a=1/>");
   struct {
     std::string path;
@@ -49,6 +44,7 @@ TEST(ParseFileEx, SaysHowFarItCame) {
       {folder / "none.xml", FALSE, Parser::kFileMissing},
       {"none.xml", FALSE, Parser::kFileMissing},
       {folder / "no folder\\none.xml", FALSE, Parser::kFolderMissing},
+      {folder / "no folder\\", FALSE, Parser::kFolderMissing},
       {folder.Write("empty.xml", ""), FALSE, Parser::kParseFailed},
       {folder.Write("bad.xml", "<a>"), FALSE, Parser::kParseFailed},
       {folder.Write("other.xml", "<a/>"), FALSE, Parser::kParsed},
@@ -69,8 +65,22 @@ TEST(ParseFileEx, SaysHowFarItCame) {
     const bool permanent = status == 0 || status == 6 || status == 7;
     EXPECT_EQ(Parser::IsPermanentError(status) != 0, permanent);
   }
-  EXPECT_EQ(CurrentFolder(), before);
+  EXPECT_EQ(std::filesystem::current_path(), before);
   EXPECT_TRUE(Parser().ParseFileEx(good.c_str()));
+}
+
+// Somebody uses the file: all the time, and then for a third of the second that is waited.
+void ExpectPatience(const std::string& path, DWORD share, const std::function<bool()>& act) {
+  unique_file user = Open(path, share);
+  const DWORD start = GetTickCount();
+  EXPECT_FALSE(act());
+  EXPECT_GE(GetTickCount() - start, 990u);
+  std::thread closing([&user] {
+    Sleep(300);
+    user.reset();
+  });
+  EXPECT_TRUE(act());
+  closing.join();
 }
 
 TEST(ParseFileEx, TriesAgainAfterASecond) {
@@ -78,20 +88,11 @@ TEST(ParseFileEx, TriesAgainAfterASecond) {
   const std::string path = folder.Write("a.xml", "<a/>");
   Parser parser;
   Parser::ParseError status;
-
-  unique_file user = Open(path, 0);
-  DWORD start = GetTickCount();
-  EXPECT_FALSE(parser.ParseFileEx(path.c_str(), FALSE, status));
-  EXPECT_GE(GetTickCount() - start, 990u);
-  EXPECT_EQ(status, Parser::kFileNotOpened);
-
-  std::thread closing([&user] {
-    Sleep(300);
-    user.reset();
+  ExpectPatience(path, 0, [&] {
+    const bool parsed = parser.ParseFileEx(path.c_str(), FALSE, status) != 0;
+    EXPECT_EQ(status, parsed ? Parser::kParsed : Parser::kFileNotOpened);
+    return parsed;
   });
-  EXPECT_TRUE(parser.ParseFileEx(path.c_str(), FALSE, status));
-  EXPECT_EQ(status, Parser::kParsed);
-  closing.join();
 }
 
 TEST(WriteFile, TriesAgainAfterASecond) {
@@ -99,18 +100,7 @@ TEST(WriteFile, TriesAgainAfterASecond) {
   const std::string path = folder.Write("a.xml", "old");
   Parser parser;
   parser.Root().AddElement("a");
-
-  unique_file user = Open(path, FILE_SHARE_READ);
-  const DWORD start = GetTickCount();
-  EXPECT_FALSE(parser.WriteFile(path.c_str()));
-  EXPECT_GE(GetTickCount() - start, 990u);
-
-  std::thread closing([&user] {
-    Sleep(300);
-    user.reset();
-  });
-  EXPECT_TRUE(parser.WriteFile(path.c_str()));
-  closing.join();
+  ExpectPatience(path, FILE_SHARE_READ, [&] { return parser.WriteFile(path.c_str()) != 0; });
   EXPECT_EQ(folder.Read("a.xml"), "<a/>\r\n");
 }
 

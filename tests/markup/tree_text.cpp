@@ -1,22 +1,6 @@
 #include "tree_text.h"
 
-#include <cctype>
-
 namespace {
-
-std::string Unwrap(const std::string& text) {
-  std::string words;
-  for (const char c : text) {
-    const bool space = isspace(static_cast<unsigned char>(c)) != 0;
-    if (!space) {
-      words += c;
-    } else if (!words.empty() && words.back() != ' ') {
-      words += ' ';
-    }
-  }
-  if (!words.empty() && words.back() == ' ') words.pop_back();
-  return words;
-}
 
 std::string DescribeAttribute(const COXAttribute& attribute) {
   std::string text = attribute.GetName();
@@ -25,57 +9,39 @@ std::string DescribeAttribute(const COXAttribute& attribute) {
   return text;
 }
 
-std::string DescribeElement(const COXParserElement& element, bool unwrapped);
-
-std::string DescribeObject(const COXParserElement& parent, int index, bool unwrapped) {
-  const COXParserObject& object = *parent.GetObject(index);
-  const std::string text = object.GetText();
-  switch (object.GetType()) {
-    case COXParserObject::CDATA:
-      return "cdata\"" + text + "\"";
-    case COXParserObject::COMMENT:
-      return "comment\"" + text + "\"";
-    case COXParserObject::ELEMENT:
-      return DescribeElement(*parent.GetElement(index), unwrapped);
-    case COXParserObject::MARKUP:
-      return "markup\"" + text + "\"";
-    case COXParserObject::PLAINTEXT:
-      return "\"" + (unwrapped ? Unwrap(text) : text) + "\"";
-    case COXParserObject::PROCINSTR:
-      return "pi\"" + text + "\"";
-    default:
-      return "type " + std::to_string(object.GetType());
-  }
+std::string DescribeObject(const COXParserObject& object, bool unwrapped) {
+  static const char* const kNames[] = {"", "cdata", "comment", "", "markup", "", "pi"};
+  COXQuickString text(object.GetText());
+  const int type = object.GetType();
+  if (type == COXParserObject::PLAINTEXT && unwrapped) text.Strip();
+  return std::string(kNames[type]) + "\"" + text.GetString() + "\"";
 }
 
-std::string DescribeElement(const COXParserElement& element, bool unwrapped) {
+}  // namespace
+
+std::string Describe(const COXParserElement& element, bool unwrapped) {
   std::string text = element.GetName();
   for (int i = 0; i < element.NumAttributes(); ++i) {
     text += (i == 0 ? "[" : " ") + DescribeAttribute(*element.Attribute(i));
   }
   if (element.NumAttributes() > 0) text += "]";
   for (int i = 0; i < element.NumObjects(); ++i) {
-    text += (i == 0 ? "{" : " ") + DescribeObject(element, i, unwrapped);
+    const COXParserObject& object = *element.GetObject(i);
+    text += (i == 0 ? "{" : " ");
+    text += object.GetType() == COXParserObject::ELEMENT
+                ? Describe(*element.GetElement(i), unwrapped)
+                : DescribeObject(object, unwrapped);
   }
   if (element.NumObjects() > 0) text += "}";
   return text;
 }
 
-int Keep(int code, const char* message, int line, int column, unsigned long userData) {
-  reinterpret_cast<std::vector<Reported>*>(userData)->push_back({code, line, column, message});
-  return 0;
-}
-
-}  // namespace
-
-std::string Describe(const COXParserElement& element) { return DescribeElement(element, false); }
-
-std::string DescribeUnwrapped(const COXParserElement& element) {
-  return DescribeElement(element, true);
-}
-
 Errors::Errors(COXParser& parser) {
-  parser.SetErrorRptFunction(Keep, reinterpret_cast<unsigned long>(&m_all));
+  const auto keep = [](int code, const char* message, int line, int column, unsigned long errors) {
+    reinterpret_cast<Errors*>(errors)->m_all.push_back({code, line, column, message});
+    return 0;
+  };
+  parser.SetErrorRptFunction(keep, reinterpret_cast<unsigned long>(this));
 }
 
 std::string Errors::Text() const {
