@@ -89,6 +89,7 @@ class ORVANE_API InternetDownload : public MMultiOperation {
   CString m_destination;
 
  private:
+  void TryAttempts();
   int DownloadUrl();
   int InitUrl();
   int OpenUrl(const char* url, unsigned long start);
