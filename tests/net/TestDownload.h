@@ -40,11 +40,6 @@ inline LoopbackServer::Serve Answer(
 
 inline void GoSilent(LoopbackConnection& client) { client.StaySilent(); }
 
-inline void Reset(LoopbackConnection& client) {
-  Sleep(50);  // what was sent is to arrive
-  client.Reset();
-}
-
 // The trace log of a scope.
 class TraceLog {
  public:
