@@ -56,14 +56,14 @@ TEST(AspCommand, StatusReplyAndTraceOfAnAnswer) {
       {"closed session beside a result",
        page("<span id=result>x</span><span id=SessionClosed></span>"),
        AspCommand::StatusSessionClosed, "-", "Error: Session Timeout!"},
-      {"cut in the head", "HTTP/1.1 200 OK\r\nCo", AspCommand::StatusFormatError, "-",
-       "Error: FormatError"},
+      {"cut in the head", "HTTP/1.1 200 OK\r\nCo", AspCommand::StatusInternetError, "-",
+       "Error: InternetError", ERROR_INTERNET_CONNECTION_ABORTED},
+      {"cut before the result", HeadOf(100) + "<span id=", AspCommand::StatusInternetError, "-",
+       "Error: InternetError", ERROR_INTERNET_CONNECTION_ABORTED},
       {"data cut", HeadOf(data.size() + 10) + data, AspCommand::StatusInternetError, "DATA",
        "Error: ClientFileSize", ERROR_INTERNET_CONNECTION_ABORTED},
       {"data that stop", HeadOf(data.size() + 10) + data, AspCommand::StatusInternetError, "DATA",
        "Error: ReadError", ERROR_INTERNET_TIMEOUT},
-      {"a page that stops", HeadOf(100) + "<span id=", AspCommand::StatusInternetError, "-",
-       "Error: InternetError", ERROR_INTERNET_TIMEOUT},
   };
   for (const auto& each : kCases) {
     SCOPED_TRACE(each.name);
