@@ -1,7 +1,6 @@
 """Transfers by orv from and to nginx, and a page behind it."""
 
 import contextlib
-import filecmp
 import os
 import pathlib
 import random
@@ -16,7 +15,6 @@ from web import serving
 
 BYTES = random.Random(1).randbytes(3_000_000)
 IS_LONG = bool(os.environ.get("ORVANE_LONG"))
-LARGE_MEGABYTES = 300 if IS_LONG else 30
 KILLS = 100 if IS_LONG else 4
 
 KEY = ("-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1", "-nodes")
@@ -70,15 +68,6 @@ def answers(orv, folder):
         check(unix_path(made).read_bytes() == BYTES, "other bytes arrived in the temporary file")
         unix_path(made).unlink()
     check_equal(sorted(each.name for each in folder.iterdir()), ["file", "web"], "what is left")
-
-
-def a_large_file(orv, folder):
-    with serving(folder) as web:
-        with open(web.site / "large", "wb") as large:
-            for _ in range(LARGE_MEGABYTES):
-                large.write(BYTES[:1_000_000])
-        run(orv, "get", web.url("large"), folder / "large").expect()
-        check(filecmp.cmp(web.site / "large", folder / "large", False), "other bytes arrived")
 
 
 def killed_at_any_moment(orv, folder):
@@ -228,7 +217,6 @@ if __name__ == "__main__":
     interop.main(
         [
             answers,
-            a_large_file,
             killed_at_any_moment,
             an_uploaded_form,
             commands_to_a_page,
