@@ -1,10 +1,12 @@
 #include <afxwin.h>
 
+#include <chrono>
+#include <condition_variable>
 #include <cstdio>
+#include <mutex>
 #include <thread>
 
 #include "commands.h"
-#include "entry/Handles.h"
 #include "entry/strutils.h"
 #include "net/InternetDownload.h"
 #include "net/InternetUpload.h"
@@ -13,7 +15,7 @@
 
 namespace {
 
-constexpr DWORD kLookMilliseconds = 100;
+constexpr std::chrono::milliseconds kLook(100);
 
 // "line\r\n" and the like would take the message's last line apart.
 int reportFailure(const char* what, CString why) {
@@ -29,14 +31,14 @@ class Fetch : public InternetDownload {
 
  protected:
   void DoLoopOperation() override {
-    const unique_kernel_handle end(CreateEventA(nullptr, TRUE, FALSE, nullptr));
-    std::thread line([&] {
-      while (WaitForSingleObject(end.get(), kLookMilliseconds) == WAIT_TIMEOUT)
+    const std::jthread line([this](const std::stop_token& end) {
+      std::mutex mutex;
+      std::condition_variable_any wake;
+      std::unique_lock lock(mutex);
+      while (!wake.wait_for(lock, end, kLook, [&] { return end.stop_requested(); }))
         ShowProgress("get", m_current, m_end);
     });
     InternetDownload::DoLoopOperation();
-    SetEvent(end.get());
-    line.join();
   }
 };
 

@@ -85,7 +85,12 @@ int AspCommand::ReadAnswer() {
   const bool isData = result == kData;
   if (read.substr(0, isData ? place.end : read.npos).find(kSessionClosed) != read.npos)
     return Finish(StatusSessionClosed, "Error", "Session Timeout!");
-  if (!hasResult) return Finish(StatusFormatError, "Error", "FormatError");
+  if (!hasResult) {
+    // What has broken off may have been on its way to a result.
+    if (isWhole && CheckEnd(read.size()) == 0)
+      return Finish(StatusInternetError, "Error", "InternetError");
+    return Finish(StatusFormatError, "Error", "FormatError");
+  }
   m_reply = CString(result.data(), static_cast<int>(result.size()));
   if (isData) {
     const size_t start = std::min(place.end + kToData, read.size());

@@ -13,6 +13,7 @@ constexpr char kBoundary[] = "--AaB03x";
 // A name that cannot end its place in the header, as browsers write it.
 std::string quoted(const char* name) {
   std::string text;
+  if (name == nullptr) return text;
   for (; *name != 0; ++name) {
     switch (*name) {
       case '"':

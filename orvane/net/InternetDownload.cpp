@@ -87,6 +87,18 @@ void InternetDownload::DoLoopOperation() {
   m_failed = 1;  // until an attempt succeeds
   m_madeDestination = false;
   if (m_stopEvent == nullptr) m_stopEvent = CreateEventA(nullptr, FALSE, FALSE, nullptr);
+  try {
+    TryAttempts();
+  } catch (...) {  // no memory, or what a derived class throws: the caller reports it
+    Fail(ERROR_NOT_ENOUGH_MEMORY);
+    m_transfer.reset();
+    GiveUpMadeDestination();
+    throw;
+  }
+  if (m_readOk == 0) GiveUpMadeDestination();
+}
+
+void InternetDownload::TryAttempts() {
   DWORD pause = kFirstPause;
   for (int attempt = 1;; ++attempt) {
     m_readOk = DownloadUrl();
@@ -102,7 +114,6 @@ void InternetDownload::DoLoopOperation() {
     }
     pause = std::min(2 * pause, kLongestPause);
   }
-  if (m_readOk == 0) GiveUpMadeDestination();
 }
 
 int InternetDownload::DownloadUrl() {

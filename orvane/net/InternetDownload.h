@@ -89,6 +89,7 @@ class ORVANE_API InternetDownload : public MMultiOperation {
   CString m_destination;
 
  private:
+  void TryAttempts();
   int DownloadUrl();
   int InitUrl();
   int OpenUrl(const char* url, unsigned long start);
@@ -112,7 +113,8 @@ class ORVANE_API InternetDownload : public MMultiOperation {
 class ORVANE_API AspCommand : public InternetDownload {
  public:
   enum Status {
-    StatusInternetError = 0,    // the request or a read has failed, or the data could not be kept
+    // The request or a read has failed, the answer has broken off, or the data could not be kept.
+    StatusInternetError = 0,
     StatusFormatError = 1,      // there is no result in the answer
     StatusServerReplyFail = 2,  // the result is empty
     StatusReply = 3,            // the result is a text

@@ -20,6 +20,12 @@ const SysDllDescriptor kLibraries[] = {
 
 constexpr char kArchive[] = "/ftp/mslibs.zip";  // on the download server
 
+// What sizes a version record can have. A broken file claims others: Wine would write before a
+// block that is smaller, and the larger one may be more than there is memory for.
+constexpr DWORD kSmallestRecord = sizeof(VS_FIXEDFILEINFO), kLargestRecord = 1 << 20;
+// How far the record's own lengths, 16-bit numbers that nobody checks, can lead beyond its end.
+constexpr DWORD kBehindRecord = 0x10000;
+
 unsigned long pack(unsigned short high, unsigned short low) {
   return static_cast<unsigned long>(MAKELONG(low, high));
 }
@@ -57,8 +63,8 @@ int SysDllDescriptor::GetVersionInfo(const char* path, unsigned long& ms, unsign
   ms = ls = 0;
   DWORD ignored = 0;
   const DWORD size = GetFileVersionInfoSizeA(path, &ignored);
-  if (size == 0) return 0;
-  std::vector<char> record(size);
+  if (size < kSmallestRecord || size > kLargestRecord) return 0;
+  std::vector<char> record(size + kBehindRecord);
   if (!GetFileVersionInfoA(path, 0, size, record.data())) return 0;
   void* root = nullptr;
   UINT rootSize = 0;

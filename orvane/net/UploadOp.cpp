@@ -22,9 +22,11 @@ OperationReturnState UploadOp::ProcessZipFile(const char* archivePath) {
     TraceFunction::TraceEvent("Upload Fail", m_zipPath);
     return OperationFailed;
   }
-  const OperationReturnState state = ProcessZip(m_zipPath);
-  ForceDeleteFile(m_zipPath);
-  return state;
+  const struct Sent {  // also when a derived class throws
+    ~Sent() { ForceDeleteFile(path); }
+    const CString& path;
+  } sent{m_zipPath};
+  return ProcessZip(sent.path);
 }
 
 OperationReturnState UploadOp::ProcessZip(const char* zip) {

@@ -1,6 +1,7 @@
 """Runs orv and the outside tools for the interop tests, and sums up what was found."""
 
 import contextlib
+import html.parser
 import os
 import pathlib
 import shutil
@@ -100,14 +101,53 @@ class Orv:
         return run(*self.command(*arguments), **options)
 
 
-def press_ctrl_c(text):
-    """Presses Ctrl+C for the processes of orv with a text in their arguments."""
-    for entry in pathlib.Path("/proc").iterdir():
-        if entry.name.isdigit():
-            with contextlib.suppress(OSError):
-                command = (entry / "cmdline").read_bytes()
-                if b"orv.exe\0" in command.split(b"tools/run")[-1] and text.encode() in command:
-                    os.kill(int(entry.name), signal.SIGINT)
+def stopped(orv, folder, started, status, *arguments):
+    """Runs a command on something in a folder and presses Ctrl+C as soon as started() holds; gives
+    stdout and stderr."""
+    with open(folder / "output", "wb") as output, open(folder / "messages", "wb") as messages:
+        running = subprocess.Popen(orv.command(*arguments), stdout=output, stderr=messages)
+    deadline = time.monotonic() + 60
+    while not started():
+        check(running.poll() is None and time.monotonic() < deadline, "the run is over too early")
+        time.sleep(0.005)
+    for entry in pathlib.Path("/proc").glob("[0-9]*"):
+        with contextlib.suppress(OSError):
+            command = (entry / "cmdline").read_bytes()
+            if b"orv.exe\0" in command.split(b"tools/run")[-1] and folder.name.encode() in command:
+                os.kill(int(entry.name), signal.SIGINT)
+    check_equal(running.wait(60), status, "exit status of the stopped run")
+    return (folder / "output").read_text(), (folder / "messages").read_text()
+
+
+class Page(html.parser.HTMLParser):
+    """A page whose elements are closed in their order, and which needs nothing from elsewhere."""
+
+    VOID = {"meta", "col", "br"}
+
+    def __init__(self, text, unwanted=("link", "script")):
+        super().__init__()
+        self._unwanted, self._open = unwanted, []
+        self.links, self.anchors, self.text = [], set(), ""
+        self.feed(text)
+        self.close()
+        check_equal(self._open, [], "elements left open")
+
+    def handle_starttag(self, tag, attributes):
+        if tag not in self.VOID:
+            self._open.append(tag)
+        values = dict(attributes)
+        is_wanted = not {"src", "onclick"} & set(values) and tag not in self._unwanted
+        check(is_wanted, f"not self-contained: {tag} {attributes}")
+        if "href" in values:
+            self.links.append(values["href"])
+        if "id" in values:
+            self.anchors.add(values["id"])
+
+    def handle_endtag(self, tag):
+        check_equal(self._open.pop() if self._open else None, tag, "closed element")
+
+    def handle_data(self, data):
+        self.text += data
 
 
 class Folder:
@@ -130,6 +170,7 @@ def main(tests, summary):
     start = time.monotonic()
     for test in tests:
         name = test.__name__
+        begin = time.monotonic()
         try:
             with Folder() as folder:
                 test(orv, folder)
@@ -139,6 +180,7 @@ def main(tests, summary):
         except Exception:
             print(f"FAILED {name}:\n{traceback.format_exc()}")
             failed += 1
+        print(f"{name}: {time.monotonic() - begin:.1f} s")
     seconds = time.monotonic() - start
     print(f"{summary}: {len(tests) - failed} of {len(tests)} passed ({seconds:.1f} s)")
     sys.exit(1 if failed else 0)

@@ -3,14 +3,11 @@ packages install, with edits of every kind; and the pages of the report."""
 
 import collections
 import contextlib
-import html.parser
 import os
 import pathlib
 import random
 import re
 import shutil
-import subprocess
-import time
 import urllib.parse
 
 import interop
@@ -19,7 +16,6 @@ from interop import ANSI, WORDS, check, check_equal
 IS_LONG = "ORVANE_LONG" in os.environ
 SOURCES = ["/usr/share/mingw-w64/include", "/usr/include", "/usr/share"]
 FILES = 20_000 if IS_LONG else 1_200
-LARGEST = 1_000_000
 
 SPACE = b" \t\n\v\f\r"
 STATES = ["Same", "Modified", "New", "Deleted"]
@@ -37,7 +33,7 @@ def is_windows_name(relative):
     )
 
 
-def copy_installed(target, count):
+def copy_installed(target, count, largest=1_000_000):
     """Copies that many installed files, names told apart without regard to case."""
     seen = set()
     for source in map(pathlib.Path, SOURCES):
@@ -46,7 +42,7 @@ def copy_installed(target, count):
             for name in sorted(names):
                 path = pathlib.Path(folder) / name
                 relative = f"{source.name}/{path.relative_to(source)}"
-                if path.is_symlink() or not path.is_file() or path.stat().st_size > LARGEST:
+                if path.is_symlink() or not path.is_file() or path.stat().st_size > largest:
                     continue
                 if not is_windows_name(relative) or relative.lower() in seen:
                     continue
@@ -136,8 +132,10 @@ def expected_states(base, revised, space, ignore_case):
         elif key not in left:
             states[key] = "New"
         else:
-            contents = [normalised(side[key].read_bytes(), space, ignore_case) for side in (left, right)]
-            states[key] = "Same" if contents[0] == contents[1] else "Modified"
+            one, other = left[key].read_bytes(), right[key].read_bytes()
+            normal = lambda data: normalised(data, space, ignore_case)
+            is_same = one == other or normal(one) == normal(other)
+            states[key] = "Same" if is_same else "Modified"
     return states
 
 
@@ -249,99 +247,72 @@ def options_and_exit_status(orv, folder):
     check_equal((base / "a.c").read_text(), "x", "a document after all that")
 
 
-class Page(html.parser.HTMLParser):
-    """A page's links and texts; every element is closed in its order."""
+class Page(interop.Page):
+    def __init__(self, path, **options):
+        self.path = path
+        super().__init__(path.read_text(encoding="utf-8"), **options)
 
-    VOID = {"meta", "col", "br"}
-
-    def __init__(self, path, tags_not_wanted=("link", "script")):
-        super().__init__()
-        self._tags_not_wanted = tags_not_wanted
-        self.path, self.links, self.anchors, self.text = path, [], set(), ""
-        self._open = []
-        self.feed(path.read_text(encoding="utf-8"))
-        self.close()
-        check_equal(self._open, [], f"{path}: elements left open")
-
-    def handle_starttag(self, tag, attributes):
-        if tag not in self.VOID:
-            self._open.append(tag)
-        values = dict(attributes)
-        is_wanted = "src" not in values and tag not in self._tags_not_wanted
-        check(is_wanted, f"{self.path}: not self-contained: {tag}")
-        if "href" in values:
-            self.links.append(values["href"])
-        if "id" in values:
-            self.anchors.add(values["id"])
-
-    def handle_endtag(self, tag):
-        check_equal(self._open.pop() if self._open else None, tag, f"{self.path}: closed element")
-
-    def handle_data(self, data):
-        self.text += data
-
-
-def check_pages(report):
-    """All pages below a report; every link leads to a file or a place that is there."""
-    paths = [report / "index.html", *(report / "differences").rglob("*.html")]
-    pages = {path: Page(path) for path in paths}
-    for page in pages.values():
-        for link in page.links:
+    def check_links(self):
+        """Each leads to a file or a place that is there."""
+        for link in self.links:
             address, _, anchor = link.partition("#")
+            if address.startswith("http:"):
+                continue
             if address.startswith("file:///"):
                 target = pathlib.Path(urllib.parse.unquote(address[len("file:///Z:") :]))
             else:
-                target = page.path.parent / urllib.parse.unquote(address) if address else page.path
-            check(target.resolve().is_file(), f"{page.path.name}: {link} leads nowhere")
+                target = self.path.parent / urllib.parse.unquote(address) if address else self.path
+            check(target.resolve().is_file(), f"{self.path.name}: {link} leads nowhere")
             if anchor and not address:
-                check(anchor in page.anchors, f"{page.path.name}: there is no {link}")
-    return pages
+                check(anchor in self.anchors, f"{self.path.name}: there is no {link}")
+
+
+def check_pages(report, states):
+    """All pages below a report, and their links. Gives the first."""
+    pages = [Page(report / "index.html"), *map(Page, (report / "differences").rglob("*.html"))]
+    for page in pages:
+        page.check_links()
+    check_equal(len(pages), list(states.values()).count("Modified") + 1, "pages")
+    return pages[0]
+
+
+def edited_trees(folder, count):
+    base, revised = folder / "base", folder / "revised"
+    copy_installed(base, count, largest=50_000)
+    shutil.copytree(base, revised)
+    edit_tree(revised, seed=count)
+    return base, revised
 
 
 def report_pages(orv, folder):
-    base, revised, report = folder / "base", folder / "revised", folder / "report & more"
-    copy_installed(base, 300)
-    shutil.copytree(base, revised)
-    edit_tree(revised, seed=2)
+    base, revised = edited_trees(folder, 300)
+    report = folder / "report & more"
     for tree, text in ((base, b"a"), (revised, b"b")):
         (tree / f"100% #1 & co '{WORDS[0]}'.txt").write_bytes(b"<script>alert('%s')</script>\0\n" % text)
         (tree / "plain &amp;.txt").write_bytes(b"</td><script>%s\x01\x1b</script>\r\n" % text)
     states = compare(orv, base, revised, "--links", report, "--copy")
-    pages = check_pages(report)
-    counts = collections.Counter(states.values())
-    check_equal(len(pages), counts["Modified"] + 1, "pages")
-    index = pages[report / "index.html"]
+    index = check_pages(report, states)
     for state in ("Modified", "New", "Deleted"):
-        check(f"{state} ({counts[state]})" in index.text, f"no section of {counts[state]} {state}")
+        count = list(states.values()).count(state)
+        check(f"{state} ({count})" in index.text, f"no section of {count} {state}")
     # With links to the documents where they are, over the same report.
-    compare(orv, base, revised, "--links", report, "--link-sources", "--space", "0")
-    check_pages(report)
+    states = compare(orv, base, revised, "--links", report, "--link-sources", "--space", "0")
+    check_pages(report, states)
 
 
 def list_reports(orv, folder):
     """A report of the list, with its pages beside it; in the other formats it has none."""
-    base, revised = folder / "base", folder / "revised"
-    copy_installed(base, 100)
-    shutil.copytree(base, revised)
-    edit_tree(revised, seed=3)
+    base, revised = edited_trees(folder, 100)
     for options in ([], ["--copy"], ["--link-sources"]):
         report = folder / f"out{len(options)}" / "my report.htm"
         command = f"C:0215 S:5D O:{interop.windows_path(report)}"
         states = compare(orv, base, revised, "--report", command, *options)
-        counts = collections.Counter(states.values())
-        page = Page(report, ("link",))
-        for link in page.links:
-            if not link.startswith("http:"):
-                address = link.partition("#")[0]
-                target = report.parent / urllib.parse.unquote(address)
-                if address.startswith("file:///"):
-                    target = pathlib.Path(urllib.parse.unquote(address[len("file:///Z:") :]))
-                check(target.is_file(), f"{options}: {link} leads nowhere")
-        differing = sum(counts[state] for state in STATES[1:])
+        page = Page(report, unwanted=("link",))
+        page.check_links()
+        differing = sum(state != "Same" for state in states.values())
         documents = len(states) if options else 0
         check_equal(len(page.links), differing + documents + 1, f"{options}: links")
-        pages = check_pages(report.parent / "my report_files")
-        check_equal(len(pages), counts["Modified"] + 1, f"{options}: pages")
+        check_pages(report.parent / "my report_files", states)
         shutil.rmtree(report.parent)
     table = folder / "table.tsv"
     compare(orv, base, revised, "--report", f"R:T O:{interop.windows_path(table)}")
@@ -368,19 +339,10 @@ def stopped_comparison(orv, folder):
         write(tree, a="x")
         with open(tree / "huge", "wb") as file:
             file.truncate(1 << 36)
-    output = open(folder / "output", "wb")
-    run = subprocess.Popen(orv.command("compare", base, revised, "--space", "0"), stdout=output)
-    deadline = time.monotonic() + 60
-    while not is_open(revised / "huge"):
-        check(run.poll() is None and time.monotonic() < deadline, "the run is over too early")
-        time.sleep(0.02)
-    interop.press_ctrl_c(folder.name)
-    start = time.monotonic()
-    check_equal(run.wait(60), 2, "exit status of the stopped run")
-    print(f"stopped after {1000 * (time.monotonic() - start):.0f} ms")
-    lines = (folder / "output").read_text().splitlines()
+    started = lambda: is_open(revised / "huge")
+    output, _ = interop.stopped(orv, folder, started, 2, "compare", base, revised, "--space", "0")
     expected = ["Same      a", "Unknown   huge", "1 same, 0 modified, 0 new, 0 deleted, 1 unknown"]
-    check_equal(lines, expected, "what it has found")
+    check_equal(output.splitlines(), expected, "what it has found")
 
 
 def many_modified_documents(orv, folder):
@@ -392,14 +354,12 @@ def many_modified_documents(orv, folder):
             path = tree / str(number % 100) / f"document {number}.txt"
             path.parent.mkdir(parents=True, exist_ok=True)
             path.write_text(f"a first line\nthe {word} word of {number}\n")
-    compare(orv, base, revised, "--links", report)
-    pages = check_pages(report)
-    check_equal(len(pages), count + 1, "pages")
+    check_pages(report, compare(orv, base, revised, "--links", report))
     size = (report / "index.html").stat().st_size
     check(size < 500 * count + 10_000, f"the index has {size} bytes")
     print(f"{count} modified documents: an index of {size} bytes")
-    compare(orv, base, revised, "--report", f"O:{interop.windows_path(folder / 'r.htm')}")
-    check_equal(len(check_pages(folder / "r_files")), count + 1, "pages of the list's report")
+    command = f"O:{interop.windows_path(folder / 'r.htm')}"
+    check_pages(folder / "r_files", compare(orv, base, revised, "--report", command))
 
 
 interop.main(

@@ -150,41 +150,23 @@ def cause(table, text, what):
     raise interop.Failure(f"{what}: {text[:300]}")
 
 
-class Causes:
-    """Differences by their cause."""
-
-    def __init__(self):
-        self._files = collections.defaultdict(list)
-
-    def add(self, name, path):
-        self._files[name].append(path.name)
-
-    def print(self, what):
-        print(what)
-        for name, files in sorted(self._files.items()):
-            print(f"  {name}: {len(files)} ({', '.join(sorted(set(files))[:5])})")
-
-    def __len__(self):
-        return sum(len(files) for files in self._files.values())
-
-
 def check_xml(orv, folder, path, data, causes):
+    """Counts a difference by its cause."""
     written = folder / "written.xml"
     written.unlink(missing_ok=True)
     expected = Tree.of_xml(data)
     if expected.unknown is not None:
-        causes.add(expected.unknown, path)
+        causes[expected.unknown] += 1
         return
     result = orv.run("xml", path, "-o", written)
     check(result.status in (0, 1), f"{path}: exit status {result.status}\n{result.stderr}")
     if result.status != 0:
         if expected.error is None:
-            why = cause(ORV_IS_STRICTER, result.stderr, f"{path}: only orv refuses it")
-            causes.add(why, path)
+            causes[cause(ORV_IS_STRICTER, result.stderr, f"{path}: only orv refuses it")] += 1
         return
     if expected.error is not None:
         text = expected.error + "\n" + data.decode("latin-1")
-        causes.add(cause(ORV_IS_MILDER, text, f"{path}: only orv takes it"), path)
+        causes[cause(ORV_IS_MILDER, text, f"{path}: only orv takes it")] += 1
         return
     found = summary(result.stdout)
     check_equal(found["elements"], len(expected.elements), f"{path}: elements")
@@ -198,26 +180,26 @@ def check_xml(orv, folder, path, data, causes):
     if (tree.error, tree.elements, tree.text) != (None, expected.elements, expected.text):
         known = [name for pattern, name in TREE_DIFFERS if re.search(pattern, data)]
         check(known, f"{path}: the written tree differs: {tree.error or ''}")
-        causes.add(known[0], path)
+        causes[known[0]] += 1
 
 
 def installed_xml(orv, folder):
-    causes = Causes()
+    causes = collections.Counter()
     count = 0
     for path, data in documents(XML):
         check_xml(orv, folder, path, data, causes)
         count += 1
     check(count >= FEWEST, f"only {count} XML files were found")
-    causes.print(f"{count} XML files; differences by cause:")
+    print(f"{count} XML files; differences: {dict(causes)}")
 
 
 def broken_xml(orv, folder):
     """The same with one mistake each."""
-    causes = Causes()
+    causes = collections.Counter()
     count = 0
     path = folder / "broken.xml"
     for number, (_, data) in enumerate(documents(XML)):
-        if number % 8 != 0 or b"</" not in data:
+        if number % 12 != 0 or b"</" not in data:
             continue
         tags = [match.span() for match in re.finditer(rb"</[^>]*>", data)]
         start, end = tags[len(tags) // 2]
@@ -232,27 +214,26 @@ def broken_xml(orv, folder):
             path.write_bytes(broken)
             check_xml(orv, folder, path, broken, causes)
             count += 1
-    causes.print(f"{count} XML files with a mistake; differences by cause:")
+    print(f"{count} XML files with a mistake; differences: {dict(causes)}")
 
 
 def installed_html(orv, folder):
     count = 0
-    causes = Causes()
+    causes = collections.Counter()
     for path, data in documents(HTML):
         result = orv.run("xml", "--html", path, "-o", folder / "written.html")
         count += 1
         if result.status != 0:
-            causes.add(cause(HTML_IS_REFUSED, result.stderr, f"{path}: orv refuses it"), path)
+            causes[cause(HTML_IS_REFUSED, result.stderr, f"{path}: orv refuses it")] += 1
             continue
         tags = TagCounter(data)
         found = summary(result.stdout)
         check_equal(found["elements"], tags.elements, f"{path}: elements")
         check_equal(found["attributes"], tags.attributes, f"{path}: attributes")
-        again = orv.run("xml", "--html", folder / "written.html")
-        again.expect()
-        check_equal(summary(again.stdout)["elements"], tags.elements, f"{path}: written elements")
-    causes.print(f"{count} HTML files; differences by cause:")
-    check(len(causes) * 3 <= count, "more than a third of the HTML files are refused")
+        written = TagCounter((folder / "written.html").read_bytes())
+        check_equal(written.elements, tags.elements, f"{path}: written elements")
+    print(f"{count} HTML files; differences: {dict(causes)}")
+    check(causes.total() * 3 <= count, "more than a third of the HTML files are refused")
 
 
 def html_page(orv, folder):
@@ -304,7 +285,6 @@ def command_line(orv, folder):
     blank.write_bytes(b" \n")
     for arguments, message in (
         ([folder / "none.xml"], "there is no such file"),
-        ([folder / "none" / "none.xml"], "there is no such folder"),
         ([folder], "can't be opened"),
         ([empty], "is empty"),
         ([wide], "is no 8-bit text"),
@@ -315,7 +295,7 @@ def command_line(orv, folder):
         check(message in result.stderr, f"{result.stderr} instead of {message}")
     left = {path.name for path in folder.iterdir()}
     check_equal(left, {"bad.xml", "blank.xml", "empty.xml", "good.xml", "new", "wide.xml"}, "files left")
-    for arguments in ([], ["--html"], [good, good], [good, "-o"], [good, "--what"]):
+    for arguments in (["--html"], [good, good], [good, "-o"], [good, "--what"]):
         check("usage" in orv.run("xml", *arguments).expect(2).stderr, f"usage: {arguments}")
 
 

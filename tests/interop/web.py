@@ -34,7 +34,7 @@ http {{
   server {{
     listen 127.0.0.1:{port};
     root {folder}/site;
-    location /slow/ {{ alias {folder}/site/; limit_rate 2m; }}
+    location /slow/ {{ alias {folder}/site/; limit_rate 5m; }}
     location /redirect/ {{ rewrite ^/redirect(/.*)$ $1 redirect; }}
     location /moved/ {{ rewrite ^/moved(/.*)$ $1 permanent; }}
     location /unchanged {{ return 304; }}

@@ -7,10 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include "diag/trace.h"
 #include "net/TestDownload.h"
-#include "support/LoopbackServer.h"
-#include "support/TempFolder.h"
 
 namespace {
 
@@ -24,27 +21,19 @@ struct Command : AspCommand {
   }
 };
 
-// The trace log of a scope.
-class TraceLog {
- public:
-  TraceLog() { TraceFunction::logFileName = (m_folder / "trace.log").c_str(); }
-  ~TraceLog() { TraceFunction::logFileName.Empty(); }
-  std::string Text() const { return m_folder.Read("trace.log"); }
-
- private:
-  TempFolder m_folder;
-};
-
 }  // namespace
 
 TEST(AspCommand, StatusReplyAndTraceOfAnAnswer) {
   const std::string lead(49990, '.');  // the marker lies across two reads
+  const std::string longText(60000, 'x');
+  const std::string data = "<span id=result>DATA</span>\r\n" + BytesOf(60000);
   const struct {
     const char* name;
     std::string answer;
     AspCommand::Status status;
     std::string reply;  // "-": left alone
     const char* trace;
+    int error = 0;
   } kCases[] = {
       {"text", page("<html><span id=result>a reply</span></html>"), AspCommand::StatusReply,
        "a reply", "Reply: a reply"},
@@ -52,16 +41,13 @@ TEST(AspCommand, StatusReplyAndTraceOfAnAnswer) {
        "data", "Reply: data"},
       {"across two reads", page(lead + "<span id=result>far</span>"), AspCommand::StatusReply,
        "far", "Reply: far"},
-      {"a text that ends in the second read",
-       page("<span id=result>" + std::string(60000, 'x') + "</span>"), AspCommand::StatusReply,
-       std::string(60000, 'x'), "Reply: x"},
+      {"a text that ends in the second read", page("<span id=result>" + longText + "</span>"),
+       AspCommand::StatusReply, longText, "Reply: x"},
       {"status of an error page",
        "HTTP/1.1 500 Sorry\r\nConnection: close\r\n\r\n<span id=result>no</span>",
        AspCommand::StatusReply, "no", "Reply: no"},
       {"empty result", page("<span id=result></span>"), AspCommand::StatusServerReplyFail, "",
        "Error: SrvReplyFail"},
-      {"no marker", page("<span id=other>x</span>"), AspCommand::StatusFormatError, "-",
-       "Error: FormatError"},
       {"no end", page("</span><span id=result>x"), AspCommand::StatusFormatError, "-",
        "Error: FormatError"},
       {"empty answer", page(""), AspCommand::StatusFormatError, "-", "Error: FormatError"},
@@ -70,20 +56,27 @@ TEST(AspCommand, StatusReplyAndTraceOfAnAnswer) {
       {"closed session beside a result",
        page("<span id=result>x</span><span id=SessionClosed></span>"),
        AspCommand::StatusSessionClosed, "-", "Error: Session Timeout!"},
-      {"cut in the head", "HTTP/1.1 200 OK\r\nCo", AspCommand::StatusFormatError, "-",
-       "Error: FormatError"},
+      {"cut in the head", "HTTP/1.1 200 OK\r\nCo", AspCommand::StatusInternetError, "-",
+       "Error: InternetError", ERROR_INTERNET_CONNECTION_ABORTED},
+      {"cut before the result", HeadOf(100) + "<span id=", AspCommand::StatusInternetError, "-",
+       "Error: InternetError", ERROR_INTERNET_CONNECTION_ABORTED},
+      {"data cut", HeadOf(data.size() + 10) + data, AspCommand::StatusInternetError, "DATA",
+       "Error: ClientFileSize", ERROR_INTERNET_CONNECTION_ABORTED},
+      {"data that stop", HeadOf(data.size() + 10) + data, AspCommand::StatusInternetError, "DATA",
+       "Error: ReadError", ERROR_INTERNET_TIMEOUT},
   };
   for (const auto& each : kCases) {
     SCOPED_TRACE(each.name);
     const TraceLog trace;
-    LoopbackServer server([&](LoopbackConnection& client) {
-      if (client.ReadRequest()) client.Send(each.answer);
-    });
+    const bool stops = each.error == ERROR_INTERNET_TIMEOUT;
+    LoopbackServer server(stops ? Answer(each.answer, GoSilent) : Answer(each.answer));
     CString reply("-");
     Command command(server.Url("page.asp?command=1"), reply);
+    if (stops) command.SetTimeOut(1, 1);
     EXPECT_EQ(each.status, command.Execute());
     EXPECT_TRUE(each.reply == std::string(reply)) << reply.Left(100);
-    EXPECT_NE(std::string::npos, trace.Text().find(each.trace)) << trace.Text();
+    EXPECT_TRUE(trace.Has(each.trace)) << trace.Text();
+    EXPECT_EQ(each.error, command.GetError());
     EXPECT_STREQ("", command.GetDestination());
     EXPECT_EQ(1, server.Connections());
   }
@@ -100,60 +93,22 @@ TEST(AspCommand, DataGoToAFreshFileByteForByte) {
   for (const std::string& file : files) {
     SCOPED_TRACE(file.size());
     for (const bool withLength : {true, false}) {
-      LoopbackServer server([&](LoopbackConnection& client) {
-        if (!client.ReadRequest()) return;
-        client.Send((withLength ? HeadOf(lead.size() + file.size()) : "HTTP/1.0 200 OK\r\n\r\n") +
-                    lead + file);
-      });
+      const std::string head =
+          withLength ? HeadOf(lead.size() + file.size()) : "HTTP/1.0 200 OK\r\n\r\n";
+      LoopbackServer server(Answer(head + lead + file));
       CString reply;
       Command command(server.Url("page.asp"), reply);
-      std::string before;
-      for (int times = 0; times < 2; ++times) {
+      std::string paths[2];
+      for (std::string& path : paths) {
         ASSERT_EQ(AspCommand::StatusData, command.Execute());
         EXPECT_STREQ("DATA", reply);
-        const std::string path(command.GetDestination());
-        EXPECT_NE(before, path);
-        std::ifstream stream(path, std::ios::binary);
-        EXPECT_TRUE(file == std::string(std::istreambuf_iterator<char>(stream), {}));
-        stream.close();
-        EXPECT_TRUE(DeleteFileA(path.c_str()));
-        before = path;
-        std::ofstream(path) << "taken";
+        path = command.GetDestination();
       }
-      DeleteFileA(before.c_str());
+      EXPECT_NE(paths[0], paths[1]);
+      for (const std::string& path : paths) {
+        EXPECT_TRUE(file == TempFolder::ReadFile(path));
+        EXPECT_TRUE(DeleteFileA(path.c_str()));
+      }
     }
-  }
-}
-
-TEST(AspCommand, IncompleteDataAreAnErrorAndLeaveNoFile) {
-  const std::string data = "<span id=result>DATA</span>\r\n" + BytesOf(60000);
-  const struct {
-    const char* name;
-    std::string answer;
-    bool goesSilent;
-    int error;
-    const char* trace;
-  } kCases[] = {
-      {"too short", HeadOf(data.size() + 10) + data, false, ERROR_INTERNET_CONNECTION_ABORTED,
-       "Error: ClientFileSize"},
-      {"stops", HeadOf(data.size() + 10) + data, true, ERROR_INTERNET_TIMEOUT, "Error: ReadError"},
-      {"stops before the result", HeadOf(100) + "<span id=", true, ERROR_INTERNET_TIMEOUT,
-       "Error: InternetError"},
-  };
-  for (const auto& each : kCases) {
-    SCOPED_TRACE(each.name);
-    const TraceLog trace;
-    LoopbackServer server([&](LoopbackConnection& client) {
-      if (!client.ReadRequest()) return;
-      client.Send(each.answer);
-      if (each.goesSilent) client.StaySilent();
-    });
-    CString reply;
-    Command command(server.Url("page.asp"), reply);
-    if (each.goesSilent) command.SetTimeOut(1, 1);
-    EXPECT_EQ(AspCommand::StatusInternetError, command.Execute());
-    EXPECT_EQ(each.error, command.GetError());
-    EXPECT_STREQ("", command.GetDestination());
-    EXPECT_NE(std::string::npos, trace.Text().find(each.trace)) << trace.Text();
   }
 }

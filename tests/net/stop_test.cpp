@@ -13,8 +13,6 @@
 #include <gtest/gtest.h>
 
 #include "net/TestDownload.h"
-#include "support/LoopbackServer.h"
-#include "support/TempFolder.h"
 #include "support/Watchdog.h"
 #include "windows/Steps.h"
 
@@ -28,22 +26,23 @@ class FullPort {
   FullPort() {
     WSADATA data;
     WSAStartup(MAKEWORD(2, 2), &data);
-    m_sockets.push_back(socket(AF_INET, SOCK_STREAM, IPPROTO_TCP));
     sockaddr_in address = {};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     int size = sizeof address;
-    bind(m_sockets[0], reinterpret_cast<sockaddr*>(&address), size);
-    listen(m_sockets[0], 0);
-    getsockname(m_sockets[0], reinterpret_cast<sockaddr*>(&address), &size);
-    m_port = ntohs(address.sin_port);
-    for (int i = 0; i < 8; ++i) {
-      const SOCKET filler = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
-      u_long nonBlocking = 1;
-      ioctlsocket(filler, FIONBIO, &nonBlocking);
-      connect(filler, reinterpret_cast<sockaddr*>(&address), size);
-      m_sockets.push_back(filler);
+    for (SOCKET& each : m_sockets) {
+      each = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
+      if (&each == m_sockets) {
+        bind(each, reinterpret_cast<sockaddr*>(&address), size);
+        listen(each, 0);
+        getsockname(each, reinterpret_cast<sockaddr*>(&address), &size);
+      } else {
+        u_long nonBlocking = 1;
+        ioctlsocket(each, FIONBIO, &nonBlocking);
+        connect(each, reinterpret_cast<sockaddr*>(&address), size);
+      }
     }
+    m_port = ntohs(address.sin_port);
     Sleep(50);
   }
   ~FullPort() {
@@ -53,7 +52,7 @@ class FullPort {
   std::string Url() const { return "http://127.0.0.1:" + std::to_string(m_port) + "/file"; }
 
  private:
-  std::vector<SOCKET> m_sockets;
+  SOCKET m_sockets[9];  // the one that listens, and those that wait for it
   int m_port = 0;
 };
 
@@ -61,7 +60,6 @@ class FullPort {
 struct Stoppable : TestDownload {
   Stoppable(const std::string& url, const std::string& destination, int async = 1)
       : TestDownload(url, destination) {
-    SetTimeOut(20, 20);
     SetAsyncMode(async);
     SetRetryNum(5);
   }
@@ -112,12 +110,12 @@ TEST_P(StopMode, EndsEveryWaitAtOnce) {
   LoopbackServer server(serveSlowly);
   const struct {
     const char* object;
-    DWORD after;
     int attempts;  // at most
     int error;     // 0: none either, where the moment decides
+    DWORD after = 200;
   } kCases[] = {
-      {"connecting", 300, 0, 12017}, {"waiting", 300, 1, 12017}, {"reading", 300, 1, 12017},
-      {"endless", 300, 1, 0},        {"pausing", 900, 3, 12017},
+      {"connecting", 0, 12017}, {"waiting", 1, 12017},      {"reading", 1, 12017},
+      {"endless", 1, 0},        {"pausing", 3, 12017, 500},
   };
   for (const auto& each : kCases) {
     ExpectStopAtOnce(server, each.object, [&](const std::string& url, const std::string& path) {
@@ -132,9 +130,7 @@ TEST_P(StopMode, EndsEveryWaitAtOnce) {
       EXPECT_STREQ("", download.GetFile());
       stopper.join();
       EXPECT_TRUE(download.wasAborted());
-      if (each.error != 0) {
-        EXPECT_EQ(each.error, download.GetError());
-      }
+      EXPECT_TRUE(each.error == 0 || each.error == download.GetError()) << download.GetError();
       EXPECT_LE(server.Connections(), before + each.attempts) << "a further attempt";
       return download.ended - stopped;
     });
@@ -146,38 +142,30 @@ INSTANTIATE_TEST_SUITE_P(Asynchronous, StopMode, testing::Values(1));
 // A user who presses the button in the real window.
 TEST(Stop, PressedInTheProgressWindow) {
   LoopbackServer server(serveSlowly);
-  for (const std::string object : {"connecting", "waiting", "reading"}) {
-    const std::string expected =
-        object == "reading" ? "5% Completed - Progress" : "0% Completed - Progress";
-    ExpectStopAtOnce(server, object, [&](const std::string& url, const std::string& path) {
-      const watchdog::ExpectWindows windows;
-      Stoppable download(url, path);
-      download.SetNoGui(0);
-      download.SetShowProgress(1);
-      DWORD pressed = 0;
-      std::string caption;
-      std::thread user([&] {
-        HWND window = nullptr;
-        for (int i = 0; i < 100 && window == nullptr; ++i) {
-          Sleep(50);
-          window = FindWindowA("#32770", nullptr);
-        }
-        for (int i = 0; i < 100 && caption != expected; ++i) {
-          Sleep(50);
-          char text[100] = "";
-          GetWindowTextA(window, text, sizeof text);
-          caption = text;
-        }
-        Sleep(300);
-        pressed = GetTickCount();
-        PostMessageA(window, WM_COMMAND, IDCANCEL, 0);
-      });
-      EXPECT_STREQ("", download.GetFile());
-      user.join();
-      EXPECT_EQ(expected, caption);
-      EXPECT_EQ(12017, download.GetError());
-      DeleteTemporaryObjects();
-      return download.ended - pressed;
+  ExpectStopAtOnce(server, "reading", [&](const std::string& url, const std::string& path) {
+    const watchdog::ExpectWindows windows;
+    Stoppable download(url, path);
+    download.SetNoGui(0);
+    download.SetShowProgress(1);
+    DWORD pressed = 0;
+    std::string caption;
+    std::thread user([&] {
+      HWND window = nullptr;
+      for (int i = 0; i < 200 && caption != "5% Completed - Progress"; ++i) {
+        Sleep(25);
+        if (window == nullptr) window = FindWindowA("#32770", nullptr);
+        char text[100] = "";
+        GetWindowTextA(window, text, sizeof text);
+        caption = text;
+      }
+      pressed = GetTickCount();
+      PostMessageA(window, WM_COMMAND, IDCANCEL, 0);
     });
-  }
+    EXPECT_STREQ("", download.GetFile());
+    user.join();
+    EXPECT_EQ("5% Completed - Progress", caption);
+    EXPECT_EQ(12017, download.GetError());
+    DeleteTemporaryObjects();
+    return download.ended - pressed;
+  });
 }

@@ -43,6 +43,11 @@ struct Block {
 
 unsigned char* const kErased = reinterpret_cast<unsigned char*>(1);
 
+[[noreturn]] void Abort(const char* why) {
+  fprintf(stderr, "allocations: %s\n", why);
+  abort();
+}
+
 // The live blocks: a hash table with open addressing in memory of its own, since it must not
 // allocate through what it counts.
 class Registry {
@@ -107,10 +112,7 @@ class Registry {
     while (capacity < m_live.blocks * 4) capacity *= 2;
     m_table = static_cast<Block*>(
         VirtualAlloc(nullptr, capacity * sizeof(Block), MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE));
-    if (m_table == nullptr) {
-      fputs("allocations: no memory for the table of blocks\n", stderr);
-      abort();
-    }
+    if (m_table == nullptr) Abort("no memory for the table of blocks");
     m_capacity = capacity;
     m_shift = 32 - std::countr_zero(capacity);
     m_used = 0;
@@ -141,7 +143,7 @@ struct State {
   char damage[200] = "";
 
   decltype(&malloc) realMalloc = nullptr;
-  decltype(&calloc) realCalloc = nullptr;
+  decltype(&calloc) realCalloc = nullptr;  // not called
   decltype(&realloc) realRealloc = nullptr;
   decltype(&free) realFree = nullptr;
 };
@@ -157,18 +159,19 @@ class Lock {
   ~Lock() { LeaveCriticalSection(&state().lock); }
 };
 
-size_t GuardedRegion(size_t size) { return (size + kPage - 1) / kPage * kPage + kPage; }
+// Whole pages, between two without access.
+size_t GuardedRegion(size_t size) { return (size + kPage - 1) / kPage * kPage + 2 * kPage; }
 
 unsigned char* AllocateGuarded(size_t size) {
-  const size_t region = GuardedRegion(size);
+  const size_t region = GuardedRegion(size), pages = region - 2 * kPage;
   auto* base =
       static_cast<unsigned char*>(VirtualAlloc(nullptr, region, MEM_RESERVE, PAGE_NOACCESS));
   if (base == nullptr) return nullptr;
-  if (region > kPage && VirtualAlloc(base, region - kPage, MEM_COMMIT, PAGE_READWRITE) == nullptr) {
+  if (pages > 0 && VirtualAlloc(base + kPage, pages, MEM_COMMIT, PAGE_READWRITE) == nullptr) {
     VirtualFree(base, 0, MEM_RELEASE);
     return nullptr;
   }
-  return base + region - kPage - size;
+  return base + kPage + pages - size;
 }
 
 void FreeGuarded(unsigned char* address, size_t size) {
@@ -252,21 +255,23 @@ struct Hook {
   void** real;
 };
 
-void HookModule(HMODULE module) {
+const Hook* Hooks() {
   State& s = state();
-  const Hook hooks[] = {
+  static const Hook hooks[] = {
       {"malloc", reinterpret_cast<void*>(countedMalloc), reinterpret_cast<void**>(&s.realMalloc)},
       {"calloc", reinterpret_cast<void*>(countedCalloc), reinterpret_cast<void**>(&s.realCalloc)},
       {"realloc", reinterpret_cast<void*>(countedRealloc),
        reinterpret_cast<void**>(&s.realRealloc)},
       {"free", reinterpret_cast<void*>(countedFree), reinterpret_cast<void**>(&s.realFree)},
+      {},
   };
+  return hooks;
+}
+
+void HookModule(HMODULE module) {
   ForEachImport(module, [&](const char* name, void** place) {
-    for (const Hook& hook : hooks) {
-      if (strcmp(name, hook.name) == 0 && *place != hook.function) {
-        ReplaceImport(place, hook.function);
-      }
-    }
+    for (const Hook* hook = Hooks(); hook->name != nullptr; ++hook)
+      if (strcmp(name, hook->name) == 0) ReplaceImport(place, hook->function);
   });
 }
 
@@ -287,15 +292,9 @@ std::string FolderOf(HMODULE module) {
 }  // namespace
 
 void Install() {
-  State& s = state();
   const HMODULE runtime = GetModuleHandleA("msvcrt.dll");
-  const auto real = [runtime](const char* name) {
-    return reinterpret_cast<void*>(GetProcAddress(runtime, name));
-  };
-  s.realMalloc = reinterpret_cast<decltype(&malloc)>(real("malloc"));
-  s.realCalloc = reinterpret_cast<decltype(&calloc)>(real("calloc"));
-  s.realRealloc = reinterpret_cast<decltype(&realloc)>(real("realloc"));
-  s.realFree = reinterpret_cast<decltype(&free)>(real("free"));
+  for (const Hook* hook = Hooks(); hook->name != nullptr; ++hook)
+    *hook->real = reinterpret_cast<void*>(GetProcAddress(runtime, hook->name));
 
   SortFrameTables();
   HMODULE modules[256];
@@ -390,19 +389,12 @@ bool FailNth::Happened() const {
   return state().failed;
 }
 
-GuardedBytes::GuardedBytes(const void* bytes, size_t size) : m_size(size) {
-  const size_t pages = (size + kPage - 1) / kPage * kPage;
-  m_region = static_cast<unsigned char*>(
-      VirtualAlloc(nullptr, pages + 2 * kPage, MEM_RESERVE, PAGE_NOACCESS));
-  if (m_region == nullptr ||
-      (pages > 0 && VirtualAlloc(m_region + kPage, pages, MEM_COMMIT, PAGE_READWRITE) == nullptr)) {
-    fputs("allocations: no memory for a guarded block\n", stderr);
-    abort();
-  }
-  m_data = m_region + kPage + pages - size;
+GuardedBytes::GuardedBytes(const void* bytes, size_t size)
+    : m_data(AllocateGuarded(size)), m_size(size) {
+  if (m_data == nullptr) Abort("no memory for a guarded block");
   if (size > 0) memcpy(m_data, bytes, size);
 }
 
-GuardedBytes::~GuardedBytes() { VirtualFree(m_region, 0, MEM_RELEASE); }
+GuardedBytes::~GuardedBytes() { FreeGuarded(m_data, m_size); }
 
 }  // namespace allocations

@@ -71,7 +71,6 @@ class GuardedBytes {
   size_t size() const { return m_size; }
 
  private:
-  unsigned char* m_region;
   unsigned char* m_data;
   size_t m_size;
 };

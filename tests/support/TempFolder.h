@@ -38,8 +38,9 @@ class TempFolder {
   }
 
   // The bytes of a file in it; empty when there is none.
-  std::string Read(const std::string& name) const {
-    std::ifstream file(*this / name, std::ios::binary);
+  std::string Read(const std::string& name) const { return ReadFile(*this / name); }
+  static std::string ReadFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
     std::ostringstream bytes;
     bytes << file.rdbuf();
     return bytes.str();

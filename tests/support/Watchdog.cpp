@@ -13,8 +13,7 @@ constexpr unsigned kHangExitCode = 99;
 constexpr unsigned kCrashExitCode = 98;
 
 struct State {
-  State() { InitializeCriticalSection(&lock); }
-  CRITICAL_SECTION lock;
+  SRWLOCK lock = SRWLOCK_INIT;
   const char* test = nullptr;
   ULONGLONG deadline = 0;
   char windows[1024] = "";  // a plain buffer: the tests' allocations are counted
@@ -68,9 +67,9 @@ BOOL CALLBACK CloseStray(HWND window, LPARAM) {
   if (!IsOurs(window) || state().expected > 0) return TRUE;
   char text[1024] = "";
   Describe(window, text);
-  EnterCriticalSection(&state().lock);
+  AcquireSRWLockExclusive(&state().lock);
   Append(state().windows, sizeof state().windows, text);
-  LeaveCriticalSection(&state().lock);
+  ReleaseSRWLockExclusive(&state().lock);
   PostMessageA(window, WM_CLOSE, 0, 0);
   return TRUE;
 }
@@ -126,10 +125,10 @@ DWORD WINAPI Run(void* started) {
   SetEvent(started);
   for (;;) {
     Sleep(kPollMilliseconds);
-    EnterCriticalSection(&state().lock);
+    AcquireSRWLockExclusive(&state().lock);
     const char* test = state().test;
     const bool late = test != nullptr && GetTickCount64() > state().deadline;
-    LeaveCriticalSection(&state().lock);
+    ReleaseSRWLockExclusive(&state().lock);
     if (test == nullptr) continue;
     EnumWindows(CloseStray, 0);
     if (!late) continue;
@@ -155,17 +154,17 @@ void Start(unsigned seconds) {
 }
 
 void Watch(const char* test) {
-  EnterCriticalSection(&state().lock);
+  AcquireSRWLockExclusive(&state().lock);
   state().test = test;
   state().deadline = GetTickCount64() + state().seconds * 1000ull;
-  LeaveCriticalSection(&state().lock);
+  ReleaseSRWLockExclusive(&state().lock);
 }
 
 std::string TakeStrayWindows() {
-  EnterCriticalSection(&state().lock);
+  AcquireSRWLockExclusive(&state().lock);
   std::string windows = state().windows;
   state().windows[0] = 0;
-  LeaveCriticalSection(&state().lock);
+  ReleaseSRWLockExclusive(&state().lock);
   return windows;
 }
 

@@ -2,6 +2,7 @@
 // failures of the test that caused them.
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
 #include <utility>
@@ -18,7 +19,7 @@ namespace {
 constexpr unsigned kSecondsPerTest = 120;
 constexpr unsigned kSecondsPerLongTest = 3600;
 constexpr int kRuns = 3;
-constexpr DWORD kFirstWaitMilliseconds = 1000;
+constexpr DWORD kFirstWaitMilliseconds = 1000;  // at most
 constexpr DWORD kLaterWaitMilliseconds = 10000;
 
 std::string FullName(const testing::TestInfo& test) {
@@ -73,8 +74,11 @@ class Guard : public testing::EmptyTestEventListener {
     if (!damage.empty()) ADD_FAILURE() << damage;
     // The messages of a failed test are kept; a failure is enough to look at.
     if (test.result()->Failed()) return;
+    // To run a test again takes as long as the test: there is no point in waiting longer.
+    const auto again = static_cast<DWORD>(test.result()->elapsed_time());
     const Kept kept = KeptBeyond(
-        m_handles, m_blocks, m_earlierRuns > 0 ? kLaterWaitMilliseconds : kFirstWaitMilliseconds);
+        m_handles, m_blocks,
+        m_earlierRuns > 0 ? kLaterWaitMilliseconds : std::min(again, kFirstWaitMilliseconds));
     if (kept.handles == 0 && kept.blocks == 0) return;
     if (m_earlierRuns < kRuns - 1) {
       m_suspects += (m_suspects.empty() ? "" : ":") + FullName(test);
