@@ -1,7 +1,5 @@
 #include "ops/DirectoryOp.h"
 
-#include <mbstring.h>
-
 #include "ops/FolderEntries.h"
 #include "ops/TreeReports.h"
 #include "resources/resource.h"
@@ -89,9 +87,8 @@ void DirectoryOp::WalkFolder(const CString& folder) {
 }
 
 // The extension is what follows the last dot of the name.
-bool DirectoryOp::PassesFilter(const char* name) const {
+bool DirectoryOp::PassesFilter(const CString& name) const {
   if (m_filterExt.IsEmpty()) return true;
-  const auto* const dot =
-      reinterpret_cast<const char*>(_mbsrchr(reinterpret_cast<const unsigned char*>(name), '.'));
-  return dot != nullptr && LowerCase(dot + 1) == m_filterExt;
+  const int dot = name.ReverseFind('.');
+  return dot >= 0 && LowerCase(name.Mid(dot + 1)) == m_filterExt;
 }
