@@ -29,10 +29,13 @@ CString FindSystemTempFolder() {
   return kOtherTempFolder;
 }
 
-// Makes a file that nobody else has; empty: it could not.
+// Makes a file that nobody else has; empty: it could not. There is room for the name before there
+// is a file, which would otherwise be left behind without anybody who knows it.
 CString MakeTempFile(const char* folder, const char* prefix) {
-  char name[MAX_PATH] = "";
-  if (!GetTempFileNameA(folder, prefix == nullptr ? "" : prefix, 0, name)) return "";
+  CString name;
+  char* const text = name.GetBuffer(MAX_PATH);
+  if (!GetTempFileNameA(folder, prefix == nullptr ? "" : prefix, 0, text)) *text = 0;
+  name.ReleaseBuffer();
   return name;
 }
 
@@ -81,7 +84,7 @@ void GetTempName(const char* folder, const char* prefix, CString& name, const ch
   for (int taken = 0; taken <= kMostTaken; ++taken) {
     name = MakeTempFile(folder, prefix);
     if (isPlain || name.IsEmpty()) return;
-    ForceDeleteFile(name);
+    VERIFY(DeleteFileA(name));
     name = WithExtension(name, extension);
     if (!Exists(name)) return;
   }

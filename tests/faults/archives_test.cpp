@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+
 #include "EveryFault.h"
 #include "zip/UnZipOp.h"
 #include "zip/ZipFiles.h"
@@ -143,17 +145,15 @@ TEST(Faults, OperationsOnArchives) {
     OperationReturnState ProcessZipFile(const char*) override { return OperationDone; }
   };
   StringArray files;
+  std::optional<Packer> packer;
   const auto prepare = [&](const TempFolder& folder) {
     WriteTree(folder);
     files.RemoveAll();
     for (const char* name : {"large", "sub\\text"}) files.Add((folder / "tree\\" + name).c_str());
+    packer.emplace(files, folder.path().c_str());
   };
-  WithEveryFault({.prepare = prepare,
-                  .act =
-                      [&](const TempFolder& folder) {
-                        Packer packer(files, folder.path().c_str());
-                        return packer.DoOperation(0) != 0;
-                      }},
-                 {faults::Kind::kMapping, faults::Kind::kOpen, faults::Kind::kRead,
-                  faults::Kind::kWrite, faults::Kind::kMove});
+  WithEveryFault(
+      {.prepare = prepare, .act = [&](const TempFolder&) { return packer->DoOperation(0) != 0; }},
+      {faults::Kind::kMemory, faults::Kind::kMapping, faults::Kind::kOpen, faults::Kind::kRead,
+       faults::Kind::kWrite, faults::Kind::kMove});
 }

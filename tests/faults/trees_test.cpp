@@ -100,5 +100,5 @@ TEST(Faults, ReportOverAReport) {
        .isRight = [](const std::string& page) { return page.ends_with("</body>\n</html>\n"); },
        .goesFirst =
            [](const std::string& name) { return name.starts_with("report\\differences\\"); }},
-      {Kind::kWrite, Kind::kMove});
+      {Kind::kMapping, Kind::kOpen, Kind::kWrite, Kind::kMove});
 }

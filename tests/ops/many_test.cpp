@@ -99,7 +99,7 @@ class RandomRun {
 // The system keeps things at first use: that is not the test's to answer for.
 class Many : public testing::Test {
  protected:
-  static void SetUpTestSuite() { Run(40); }
+  static void SetUpTestSuite() { Run(20); }
 
   static void Run(int runs) {
     const watchdog::ExpectWindows expected;
