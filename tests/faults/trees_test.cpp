@@ -25,15 +25,6 @@ void WriteTrees(const TempFolder& folder) {
     SetFileAttributesA((folder / name).c_str(), FILE_ATTRIBUTE_READONLY);
 }
 
-// A path below the folder, without an allocation of the test's own.
-struct Path {
-  Path(const TempFolder& folder, const char* name) {
-    snprintf(text, sizeof text, "%s\\%s", folder.path().c_str(), name);
-  }
-  operator const char*() const { return text; }
-  char text[MAX_PATH];
-};
-
 }  // namespace
 
 TEST(Faults, Trees) {
