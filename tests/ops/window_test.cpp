@@ -1,6 +1,8 @@
 // Operations with their progress windows on the screen.
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "controls/MDialog.h"
 #include "messages/message.h"
 #include "ops/User.h"
@@ -9,6 +11,16 @@
 #include "windows/Steps.h"
 
 namespace {
+
+// Its own look at each message may fail.
+struct App : CWinApp {
+  App() : CWinApp("ops") {}
+  BOOL PreTranslateMessage(MSG* message) override {
+    if (std::exchange(throws, false)) throw 1;
+    return CWinApp::PreTranslateMessage(message);
+  }
+  bool throws = false;
+};
 
 // A program with a main window.
 class Progress : public testing::Test {
@@ -27,7 +39,7 @@ class Progress : public testing::Test {
   }
 
   watchdog::ExpectWindows m_windows;
-  CWinApp m_app{"ops"};
+  App m_app;
   CWnd m_owner;
 };
 
@@ -230,6 +242,14 @@ TEST_F(Progress, ExceptionsInTheWorkerEndTheRun) {
     EXPECT_EQ(work.Calls(), "P0123E");
     EXPECT_TRUE(log.Names("mthread")) << log.Text();
   }
+}
+
+TEST_F(Progress, ExceptionsOfTheProgramDoNotLeaveTheWorkAlone) {
+  m_app.throws = true;
+  Work work(0, 20, takes(20));
+  EXPECT_EQ(work.DoOperation(1), 1);
+  EXPECT_FALSE(m_app.throws);
+  EXPECT_EQ(work.DoneCount(), 20u);
 }
 
 TEST_F(Progress, OneAfterAnotherAndOneInAnother) {
