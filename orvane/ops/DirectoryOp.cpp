@@ -87,8 +87,9 @@ void DirectoryOp::WalkFolder(const CString& folder) {
 }
 
 // The extension is what follows the last dot of the name.
-bool DirectoryOp::PassesFilter(const CString& name) const {
+bool DirectoryOp::PassesFilter(const char* name) const {
   if (m_filterExt.IsEmpty()) return true;
-  const int dot = name.ReverseFind('.');
-  return dot >= 0 && LowerCase(name.Mid(dot + 1)) == m_filterExt;
+  const CString lower = LowerCase(name);
+  const int dot = lower.ReverseFind('.');
+  return dot >= 0 && lower.Mid(dot + 1) == m_filterExt;
 }

@@ -59,5 +59,5 @@ class ORVANE_API DirectoryOp : public MMultiOperation {
 
  private:
   void WalkFolder(const CString& folder);
-  bool PassesFilter(const CString& name) const;
+  bool PassesFilter(const char* name) const;
 };
