@@ -35,8 +35,8 @@ ORVANE_API int DirectoryCopy(const char* source, const char* destination, int su
 //
 // Nothing is touched, and the result is 0, when oldFolder is no folder, when one of the two stands
 // in the other, and when what stands at newFolder can't be removed whole (of which a part may be
-// gone then). A folder renamed to itself takes on
-// the letter case of the new name, where the file system has it so.
+// gone then). A folder renamed to itself takes on the letter case of the new name, where the file
+// system has it so.
 ORVANE_API int DirectoryRename(const char* oldFolder, const char* newFolder);
 
 // Makes every file of folder read-only or, with readOnly 0, writable. Folders stay as they are.

@@ -17,12 +17,6 @@ bool ReportUnread(const FolderEntries& entries, const char* folder) {
   return entries.Unreadable();
 }
 
-CString LowerCase(const char* text) {
-  CString result(text);
-  result.MakeLower();
-  return result;
-}
-
 // Deletes what a folder holds, as far as it can be. False when the folder could not be opened.
 bool EmptyFolder(const CString& folder, bool recurse) {
   FolderEntries entries(folder);
@@ -41,21 +35,20 @@ bool EmptyFolder(const CString& folder, bool recurse) {
   return entries.Opened();
 }
 
-// lowerName: in lower case.
-bool CleanFolder(const CString& folder, const CString& lowerName, int recurse, bool& opened) {
+bool CleanFolder(const CString& folder, const char* name, int recurse, bool& opened) {
   bool isClean = true;
   FolderEntries entries(folder);
   opened = entries.Opened();
   while (entries.Next()) {
     const CString path = entries.Path();
-    const bool isMeant = LowerCase(entries.Name()) == lowerName;
+    const bool isMeant = CString(entries.Name()).CompareNoCase(name) == 0;
     if (!entries.IsFolder()) {
       if (isMeant) isClean &= DeleteTreeFile(path, entries.Data().dwFileAttributes);
     } else if (isMeant) {
       isClean &= RemoveDirectoryA(path, recurse) != 0;
     } else if (recurse != 0 && !entries.IsLink()) {
       bool subfolderOpened;
-      isClean &= CleanFolder(path, lowerName, recurse, subfolderOpened);
+      isClean &= CleanFolder(path, name, recurse, subfolderOpened);
     }
   }
   return !ReportUnread(entries, folder) && isClean;
@@ -92,7 +85,7 @@ int DirectoryCleanup(const char* folder, const char* name, int recurse, int) {
   if (IsEmptyText(name)) return 0;
   return WithoutException([&] {
     bool opened;
-    return CleanFolder(folder, LowerCase(name), recurse, opened) && opened;
+    return CleanFolder(folder, name, recurse, opened) && opened;
   });
 }
 

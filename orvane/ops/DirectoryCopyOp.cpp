@@ -1,7 +1,5 @@
 #include "ops/DirectoryCopyOp.h"
 
-#include <mbstring.h>
-
 #include "entry/DestinationFile.h"
 #include "entry/PathUtils.h"
 #include "entry/strutils.h"
@@ -11,10 +9,6 @@
 #include "ops/TreeReports.h"
 
 namespace {
-
-bool HasFurtherBackslash(const char* relative) {
-  return _mbschr(reinterpret_cast<const unsigned char*>(relative + 1), '\\') != nullptr;
-}
 
 // A walk mostly finds the folder above there already, and looking for all of them takes longer than
 // copying a small file.
@@ -93,8 +87,11 @@ void DirectoryCopyOp::ExcludeDestination() {
 
 void DirectoryCopyOp::DoLoopOperation() {
   const DWORD attributes = GetFileAttributesA(m_root);
-  if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_DIRECTORY)) {
-    REPORT_TREE_FAILURE("No folder to copy", m_root);
+  const bool isFolder =
+      attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  // A destination without a name would be the root of the current drive.
+  if (!isFolder || m_destination.IsEmpty()) {
+    REPORT_TREE_FAILURE(isFolder ? "No destination" : "No folder to copy", m_root);
     m_failed = 1;
     return;
   }
@@ -111,7 +108,7 @@ int DirectoryCopyOp::OnFile(void* self, const char* path) {
 
 int DirectoryCopyOp::CopyOne(const char* path) {
   const char* const relative = path + m_root.GetLength();
-  if (m_subfoldersOnly != 0 && !HasFurtherBackslash(relative)) return 1;
+  if (m_subfoldersOnly != 0 && CString(relative).Find('\\', 1) < 0) return 1;
   const CString target = m_destination + relative;
   const DWORD targetAttributes = GetFileAttributesA(target);
   const bool copied = targetAttributes == INVALID_FILE_ATTRIBUTES

@@ -3,8 +3,9 @@
 
 #include "ops/DirectoryOp.h"
 
-// DoOperation gives 0 when there is no source, when a file can't be copied, which ends the copying,
-// and when a folder can't be read. Reported are these, too (ASSERT).
+// DoOperation gives 0 when there is no source, for an empty destination, when a file can't be
+// copied, which ends the copying, and when a folder can't be read. Reported are these, too
+// (ASSERT).
 //
 // Folders are created as files come into them: empty ones are not copied, nor are links to folders.
 // A file that stands at the target is replaced, a read-only one too, once the new one is whole;

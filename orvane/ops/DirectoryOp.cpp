@@ -1,7 +1,5 @@
 #include "ops/DirectoryOp.h"
 
-#include <mbstring.h>
-
 #include "ops/FolderEntries.h"
 #include "ops/TreeReports.h"
 #include "resources/resource.h"
@@ -91,7 +89,7 @@ void DirectoryOp::WalkFolder(const CString& folder) {
 // The extension is what follows the last dot of the name.
 bool DirectoryOp::PassesFilter(const char* name) const {
   if (m_filterExt.IsEmpty()) return true;
-  const auto* const dot =
-      reinterpret_cast<const char*>(_mbsrchr(reinterpret_cast<const unsigned char*>(name), '.'));
-  return dot != nullptr && LowerCase(dot + 1) == m_filterExt;
+  const CString lower = LowerCase(name);
+  const int dot = lower.ReverseFind('.');
+  return dot >= 0 && lower.Mid(dot + 1) == m_filterExt;
 }

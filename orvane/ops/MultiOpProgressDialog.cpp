@@ -5,6 +5,7 @@
 
 #include "controls/DialogMetrics.h"
 #include "diag/trace.h"
+#include "markup/NoException.h"
 #include "ops/MultiOp.h"
 #include "ops/mthread.h"
 #include "resources/resource.h"
@@ -100,13 +101,8 @@ int MultiOpProgressDialog::DoModal() {
   DisableOwner();
   const bool ticks = m_hWnd != nullptr && SetTimer(kTimerId, kTimerMilliseconds, nullptr) != 0;
   verify(ticks);
-  if (ticks) {
-    ShowProgress();
-    // A question that the worker has asked already keeps the window hidden.
-    RunModalLoop(m_visible != 0 ? MLF_SHOWONIDLE : 0);
-    // The program ends, or somebody has destroyed the window: nobody could stop the work any more.
-    if (!IsDone()) m_operation.StopLoop();
-  }
+  if (ticks) WithoutException([this] { return Serve(); });
+  // Whatever has become of the window, the worker uses this object and the operation until its end.
   while (!IsDone()) MThread::Sleep(kPollMilliseconds);
   if (m_hWnd != nullptr && m_owner != nullptr)
     SetWindowPos(nullptr, 0, 0, 0, 0,
@@ -115,6 +111,15 @@ int MultiOpProgressDialog::DoModal() {
   if (ticks && m_hWnd != nullptr) verify(KillTimer(kTimerId));
   Close();
   ::SetCursor(cursorBefore);
+  return IDOK;
+}
+
+int MultiOpProgressDialog::Serve() {
+  ShowProgress();
+  // A question that the worker has asked already keeps the window hidden.
+  RunModalLoop(m_visible != 0 ? MLF_SHOWONIDLE : 0);
+  // The program ends, or somebody has destroyed the window: nobody could stop the work any more.
+  if (!IsDone()) m_operation.StopLoop();
   return IDOK;
 }
 
@@ -186,6 +191,7 @@ void MultiOpProgressDialog::OnCancel() {
 // --- On the worker's thread ---
 
 void MultiOpProgressDialog::WorkerStarts() {
+  if (GetCurrentThreadId() == m_userThreadId) return;  // there was no thread to be had
   HANDLE thread = nullptr;
   const HANDLE process = GetCurrentProcess();
   DuplicateHandle(process, GetCurrentThread(), process, &thread, SYNCHRONIZE, FALSE, 0);

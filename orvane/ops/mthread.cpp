@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <new>
 #include <optional>
 
 #include "diag/trace.h"
@@ -17,9 +18,15 @@ unique_kernel_handle makeEvent(const char* name) {
 
 // An event by that name that is there already is somebody else's wait, whose signal would end this
 // one, or the other way round.
-unique_kernel_handle makeCompletionEvent() {
+std::shared_ptr<void> makeCompletionEvent() {
   unique_kernel_handle event = makeEvent("MThreadWait");
-  return event && GetLastError() != ERROR_ALREADY_EXISTS ? std::move(event) : makeEvent(nullptr);
+  if (!event || GetLastError() == ERROR_ALREADY_EXISTS) event = makeEvent(nullptr);
+  try {
+    return std::shared_ptr<void>(event.release(),
+                                 [](HANDLE handle) { const unique_kernel_handle closed(handle); });
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
 }
 
 // Until a tick count; 0 when it has passed.
@@ -90,9 +97,7 @@ void MThread::Stop(int runOnceMore) {
 
 int MThread::ActivateThreadAndWait(int seconds) {
   const SysWaitCursor cursor(0);
-  const std::shared_ptr<void> event(makeCompletionEvent().release(), [](HANDLE handle) {
-    const unique_kernel_handle closed(handle);
-  });
+  const std::shared_ptr<void> event = makeCompletionEvent();
   VERIFY(event != nullptr);
   m_completionEvent = event;
   Go();

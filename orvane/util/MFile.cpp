@@ -54,19 +54,49 @@ bool IsMark(uint8_t first, uint8_t second) {
 bool IsLead(uint8_t byte) { return (byte & 0xC0) == 0xC0; }
 bool IsContinuation(uint8_t byte) { return (byte & 0xC0) == 0x80; }
 
+// 8-bit text, made of UTF-16 where it begins with a mark; lost: how many stand-ins there are.
+std::string FoldText(const CString& text, int& lost) {
+  const auto* const bytes = reinterpret_cast<const uint8_t*>(static_cast<const char*>(text));
+  const int length = text.GetLength();
+  if (length < kMarkSize || !IsMark(bytes[0], bytes[1]))
+    return std::string(static_cast<const char*>(text), length);
+  std::string folded;
+  for (int i = kMarkSize; i + 1 < length; i += 2) {
+    const Folded unit = Fold(UnitOf(bytes[i], bytes[i + 1], bytes[0] == 0xFF));
+    folded += static_cast<char>(unit.character);
+    if (!unit.isHeld) ++lost;
+  }
+  return folded;
+}
+
 // As the runtime writes text.
-std::string withLineEnds(const char* text, size_t size) {
+std::string WithLineEnds(const std::string& text) {
   std::string result;
-  for (; size > 0; ++text, --size) {
-    if (*text == '\n') result += '\r';
-    result += *text;
+  for (const char c : text) {
+    if (c == '\n') result += '\r';
+    result += c;
   }
   return result;
 }
 
-bool replaceFile(const char* name, const char* bytes, size_t size) {
+bool Replace(const char* name, const std::string& text, const char* mode, int& written) {
+  const bool isBinary = strchr(mode, 'b') != nullptr;
+  const std::string& bytes = isBinary ? text : WithLineEnds(text);
   DestinationFile file;
-  return file.Open(name) && file.Write(bytes, static_cast<DWORD>(size)) && file.Commit();
+  if (!file.Open(name) || !file.Write(bytes.data(), static_cast<DWORD>(bytes.size())) ||
+      !file.Commit())
+    return false;
+  written = static_cast<int>(text.size());
+  return true;
+}
+
+bool WriteInMode(const char* name, const std::string& text, const char* mode, int& written) {
+  FILE* const file = fopen(name, mode);
+  if (file == nullptr) return false;
+  written = static_cast<int>(fwrite(text.data(), 1, text.size(), file));
+  const bool good = fflush(file) == 0 && ferror(file) == 0;
+  const bool closed = fclose(file) == 0;
+  return good && closed && static_cast<size_t>(written) == text.size();
 }
 
 }  // namespace
@@ -94,11 +124,12 @@ int MFile::Open(const char* name, unsigned flags, CFileException* error, int qui
     error->m_cause = CFileException::generic;
     error->m_lOsError = ERROR_NOT_ENOUGH_MEMORY;
   }
-  if (!quiet) {
-    Message::DisplayErrorMessage(IDS_FILE_NOT_OPENED, name,
-                                 SystemErrorWords(static_cast<DWORD>(error->m_lOsError)));
-  }
-  return 0;
+  if (quiet) return 0;
+  return WithoutException([&] {
+    const CString reason = SystemErrorWords(static_cast<DWORD>(error->m_lOsError));
+    Message::DisplayErrorMessage(IDS_FILE_NOT_OPENED, name, reason);
+    return 0;
+  });
 }
 
 int MFile::OpenStdFile(FILE* stream) {
@@ -267,32 +298,11 @@ int MFile::IsFileUtf8(MFile& file, long maxChars) {
 int MFile::SaveFileAscii(const char* name, CString& text, int& written, int& lost,
                          const char* mode) {
   written = lost = 0;
-  const auto* const bytes = reinterpret_cast<const uint8_t*>(static_cast<const char*>(text));
-  const int length = text.GetLength();
-  std::string folded;
-  const bool isUnicode = length >= kMarkSize && IsMark(bytes[0], bytes[1]);
-  for (int i = kMarkSize; isUnicode && i + 1 < length; i += 2) {
-    const Folded unit = Fold(UnitOf(bytes[i], bytes[i + 1], bytes[0] == 0xFF));
-    folded += static_cast<char>(unit.character);
-    if (!unit.isHeld) ++lost;
-  }
-  const char* const characters = isUnicode ? folded.data() : static_cast<const char*>(text);
-  const size_t count = isUnicode ? folded.size() : length;
-
   // The runtime's own answer to a mode that is none can be to end the program.
   if (name == nullptr || mode == nullptr || *mode == 0 || strchr("rwa", *mode) == nullptr) return 0;
-  if (*mode == 'w') {
-    const bool isBinary = strchr(mode, 'b') != nullptr;
-    const std::string lines = isBinary ? std::string() : withLineEnds(characters, count);
-    const bool replaced = isBinary ? replaceFile(name, characters, count)
-                                   : replaceFile(name, lines.data(), lines.size());
-    written = replaced ? static_cast<int>(count) : 0;
-    return replaced;
-  }
-  FILE* const file = fopen(name, mode);
-  if (file == nullptr) return 0;
-  written = static_cast<int>(fwrite(characters, 1, count, file));
-  const bool good = fflush(file) == 0 && ferror(file) == 0;
-  const bool closed = fclose(file) == 0;
-  return good && closed && static_cast<size_t>(written) == count;
+  return WithoutException([&] {
+    const std::string characters = FoldText(text, lost);
+    return *mode == 'w' ? Replace(name, characters, mode, written)
+                        : WriteInMode(name, characters, mode, written);
+  });
 }

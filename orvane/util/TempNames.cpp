@@ -1,6 +1,4 @@
 // Names for temporary folders and files.
-#include <io.h>
-#include <mbstring.h>
 
 #include <cstdlib>
 #include <cstring>
@@ -17,15 +15,10 @@ constexpr char kPrefix[] = "bwt";
 constexpr int kPrefixLength = 3;
 constexpr int kMostTaken = 100;
 
-const char* FindLast(const char* text, char c) {
-  return reinterpret_cast<const char*>(_mbsrchr(reinterpret_cast<const unsigned char*>(text), c));
-}
-
-CString WithBackslash(CString folder) {
-  const char* const last = FindLast(folder, '\\');
-  // An empty folder is the current directory, not the drive's root.
-  if (!folder.IsEmpty() && (last == nullptr || last[1] != 0)) folder += "\\";
-  return folder;
+// An empty folder is the current directory, not the drive's root.
+CString WithBackslash(const CString& folder) {
+  const bool isWhole = folder.IsEmpty() || folder.ReverseFind('\\') == folder.GetLength() - 1;
+  return isWhole ? folder : folder + "\\";
 }
 
 CString FindSystemTempFolder() {
@@ -36,17 +29,19 @@ CString FindSystemTempFolder() {
   return kOtherTempFolder;
 }
 
-// Makes a file that nobody else has; empty: it could not.
+// Makes a file that nobody else has; empty: it could not. There is room for the name before there
+// is a file, which would otherwise be left behind without anybody who knows it.
 CString MakeTempFile(const char* folder, const char* prefix) {
-  char name[MAX_PATH] = "";
-  if (!GetTempFileNameA(folder, prefix == nullptr ? "" : prefix, 0, name)) return "";
+  CString name;
+  char* const text = name.GetBuffer(MAX_PATH);
+  if (!GetTempFileNameA(folder, prefix == nullptr ? "" : prefix, 0, text)) *text = 0;
+  name.ReleaseBuffer();
   return name;
 }
 
 CString WithExtension(const CString& name, const char* extension) {
-  const char* const begin = name;
-  const char* const dot = FindLast(begin, '.');
-  return (dot == nullptr ? CString() : name.Left(static_cast<int>(dot - begin))) + "." + extension;
+  const int dot = name.ReverseFind('.');
+  return (dot < 0 ? CString() : name.Left(dot)) + "." + extension;
 }
 
 bool Exists(const char* path) { return GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES; }
@@ -54,8 +49,7 @@ bool Exists(const char* path) { return GetFileAttributesA(path) != INVALID_FILE_
 }  // namespace
 
 CString GetSystemTempFolder() {
-  static CString folder;
-  if (folder.IsEmpty()) folder = FindSystemTempFolder();
+  static const CString folder = FindSystemTempFolder();
   return folder;
 }
 
@@ -90,7 +84,7 @@ void GetTempName(const char* folder, const char* prefix, CString& name, const ch
   for (int taken = 0; taken <= kMostTaken; ++taken) {
     name = MakeTempFile(folder, prefix);
     if (isPlain || name.IsEmpty()) return;
-    ForceDeleteFile(name);
+    VERIFY(DeleteFileA(name));
     name = WithExtension(name, extension);
     if (!Exists(name)) return;
   }

@@ -1,6 +1,5 @@
 #include "util/TimeUtil.h"
 
-#include <mbstring.h>
 #include <sys/stat.h>
 
 #include <cstdlib>
@@ -27,11 +26,10 @@ CString LocaleText(LCTYPE type) {
 class Pictures {
  public:
   explicit Pictures(const char* format) {
-    if (format == nullptr) return;
-    const auto* const bytes = reinterpret_cast<const unsigned char*>(format);
-    const auto* const bar = reinterpret_cast<const char*>(_mbschr(bytes, '|'));
-    m_date = bar == nullptr ? CString(format) : CString(format, static_cast<int>(bar - format));
-    if (bar != nullptr) m_time = bar + 1;
+    const CString both(format);
+    const int bar = both.Find('|');
+    m_date = bar < 0 ? both : both.Left(bar);
+    if (bar >= 0) m_time = both.Mid(bar + 1);
   }
   const char* Date() const { return OrNull(m_date); }
   const char* Time() const { return OrNull(m_time); }

@@ -8,6 +8,7 @@
 
 #include "diag/trace.h"
 #include "entry/Handles.h"
+#include "markup/NoException.h"
 #include "messages/message.h"
 #include "ops/DirOp.h"
 #include "resources/resource.h"
@@ -156,14 +157,16 @@ int ValidatePath(char* path, int mustExist, int checkLongNames, int checkWritabl
   const OwnTexts texts;
   const NoSystemBoxes noBoxes;
   FolderChecks checks(path);
-  if (!checks.IsWellFormed() || !checks.IsReachable()) return 0;
-  if (checkLongNames && !checks.TakesLongNames()) return 0;
-  if (!checks.Exists()) {
-    if (mustExist) return checks.Refuse(IDS_FOLDER_MISSING, path);
-    if (askCreate && !Message::GetConfirmation(IDS_CREATE_FOLDER, path)) return !failIfNotCreated;
-    if (!checks.Create()) return 0;
-  }
-  return !checkWritable || checks.IsWritable();
+  return WithoutException([&] {
+    if (!checks.IsWellFormed() || !checks.IsReachable()) return false;
+    if (checkLongNames && !checks.TakesLongNames()) return false;
+    if (!checks.Exists()) {
+      if (mustExist) return checks.Refuse(IDS_FOLDER_MISSING, path);
+      if (askCreate && !Message::GetConfirmation(IDS_CREATE_FOLDER, path)) return !failIfNotCreated;
+      if (!checks.Create()) return false;
+    }
+    return !checkWritable || checks.IsWritable();
+  });
 }
 
 int ValidatePathServer(char* path, CString& errorText) {
@@ -171,8 +174,10 @@ int ValidatePathServer(char* path, CString& errorText) {
   const NoSystemBoxes noBoxes;
   errorText.Empty();
   FolderChecks checks(path, &errorText);
-  return checks.IsWellFormed() && checks.IsReachable() && (checks.Exists() || checks.Create()) &&
-         checks.IsWritable();
+  return WithoutException([&] {
+    return checks.IsWellFormed() && checks.IsReachable() && (checks.Exists() || checks.Create()) &&
+           checks.IsWritable();
+  });
 }
 
 void ValidatePath(CDataExchange* dx, int controlId, int mustExist, int checkLongNames,

@@ -86,6 +86,7 @@ TEST_F(CopyTest, WhatCannotBeCopied) {
   std::filesystem::create_directories(m_folder / "taken\\c.txt");
   EXPECT_EQ(Copy("from", "taken"), 0) << "a folder of the file's name";
   EXPECT_EQ(Copy("missing", "to"), 0);
+  EXPECT_EQ(DirectoryCopy((m_folder / "from").c_str(), "", 0, 1, 0), 0) << "not the drive's root";
   m_folder.Write("file", "x");
   EXPECT_EQ(Copy("from", "file"), 0);
   EXPECT_EQ(m_folder.Read("file"), "x");

@@ -122,39 +122,3 @@ TEST_F(WalkTest, FoldersComeAndGo) {
   EXPECT_EQ(std::count(seen.begin(), seen.end(), "sub\\deep\\c.c"), 1);
   EXPECT_EQ(walk.finished(), walk.found());
 }
-
-TEST(Walk, EmptyWildcardIsAnAssertion) {
-  const AssertionLog log;
-  const TempFolder folder;
-  folder.Write("file", "x");
-  Walk walk(folder.path());
-  walk.SetWildcard("");
-  EXPECT_EQ(walk.Run(), Names{});
-  EXPECT_TRUE(log.Names("DirOp")) << log.Text();
-}
-
-// 100,000 files in 5,000 folders; of them a fiftieth in a short run.
-TEST(Walk, ManyFiles) {
-  const AssertionLog log;
-  const TempFolder folder;
-  const int tops = IsLongRun() ? 50 : 1;
-  for (int i = 0; i < tops * 100; ++i) {
-    const std::string sub = folder / (std::to_string(i % tops) + "\\" + std::to_string(i));
-    std::filesystem::create_directories(sub);
-    for (int file = 0; file < 20; ++file)
-      unique_file(CreateFileA((sub + "\\" + std::to_string(file)).c_str(), GENERIC_WRITE, 0,
-                              nullptr, CREATE_NEW, 0, nullptr));
-  }
-  Walk walk(folder.path());
-  EXPECT_EQ(walk.Run().size(), tops * 2000u);
-  EXPECT_EQ(walk.found(), tops * 101 + 1);
-
-  unsigned long size, count;
-  EXPECT_EQ(CalculateDirectorySize(folder.path().c_str(), size, count, 1), 1);
-  EXPECT_EQ(count, tops * 2000u);
-  EXPECT_EQ(DirectoryCopy((folder / "0").c_str(), (folder / "copy").c_str(), 0, 1, 1), 1);
-  EXPECT_EQ(DirectoryRename((folder / "copy").c_str(), (folder / "moved").c_str()), 1);
-  EXPECT_EQ(Tree(folder / "moved"), Tree(folder / "0"));
-  EXPECT_EQ(RemoveDirectoryA(folder.path().c_str(), 1), 1);
-  EXPECT_TRUE(log.Empty()) << log.Text();
-}

@@ -9,6 +9,15 @@
 #include "support/Faults.h"
 #include "support/TempFolder.h"
 
+// A path below the folder, without an allocation of the test's own.
+struct Path {
+  Path(const TempFolder& folder, const char* name) {
+    snprintf(text, sizeof text, "%s\\%s", folder.path().c_str(), name);
+  }
+  operator char*() { return text; }
+  char text[MAX_PATH];
+};
+
 // What the user has, by name: the bytes of files, the entries of archives.
 using UserData = std::map<std::string, std::string>;
 

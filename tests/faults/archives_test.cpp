@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+
 #include "EveryFault.h"
 #include "zip/UnZipOp.h"
 #include "zip/ZipFiles.h"
@@ -65,9 +67,8 @@ TEST(Faults, FolderZippedOverAnArchive) {
           },
       .act =
           [](const TempFolder& folder) {
-            char archive[MAX_PATH], tree[MAX_PATH];
-            snprintf(archive, sizeof archive, "%s\\a.zip", folder.path().c_str());
-            snprintf(tree, sizeof tree, "%s\\tree", folder.path().c_str());
+            Path archive(folder, "a.zip");
+            Path tree(folder, "tree");
             return ZipDir(archive, tree, "*.*") != 0;
           },
       .isRight = IsArchiveOfSome,
@@ -81,8 +82,7 @@ TEST(Faults, ArchiveOverAnArchive) {
       .prepare = [](const TempFolder& folder) { WriteArchive(folder, "a.zip"); },
       .act =
           [&](const TempFolder& folder) {
-            char path[MAX_PATH];
-            snprintf(path, sizeof path, "%s\\a.zip", folder.path().c_str());
+            Path path(folder, "a.zip");
             const HZIP archive = CreateZipZ(path, 0, kZipFileName);
             if (archive == nullptr) return false;
             results[0] = ZipAdd(archive, "large", const_cast<char*>(large.data()),
@@ -112,9 +112,8 @@ TEST(Faults, EntriesOverFiles) {
     WithEveryFault({.prepare = prepare,
                     .act =
                         [](const TempFolder& folder) {
-                          char archive[MAX_PATH], target[MAX_PATH];
-                          snprintf(archive, sizeof archive, "%s\\a.zip", folder.path().c_str());
-                          snprintf(target, sizeof target, "%s\\out", folder.path().c_str());
+                          Path archive(folder, "a.zip");
+                          Path target(folder, "out");
                           CString last;
                           return OpenZipFile(archive, target, last) != 0;
                         },
@@ -123,9 +122,8 @@ TEST(Faults, EntriesOverFiles) {
   {
     SCOPED_TRACE("UnzipItem");
     WithEveryFault({.prepare = prepare, .act = [](const TempFolder& folder) {
-                      char archive[MAX_PATH], target[MAX_PATH];
-                      snprintf(archive, sizeof archive, "%s\\a.zip", folder.path().c_str());
-                      snprintf(target, sizeof target, "%s\\out\\large", folder.path().c_str());
+                      Path archive(folder, "a.zip");
+                      Path target(folder, "out\\large");
                       const HZIP zip = OpenZipU(archive, 0, kZipFileName, nullptr);
                       if (zip == nullptr) return false;
                       const bool done = UnzipItem(zip, 0, target, 0, kZipFileName) == kZipOk;
@@ -143,17 +141,15 @@ TEST(Faults, OperationsOnArchives) {
     OperationReturnState ProcessZipFile(const char*) override { return OperationDone; }
   };
   StringArray files;
+  std::optional<Packer> packer;
   const auto prepare = [&](const TempFolder& folder) {
     WriteTree(folder);
     files.RemoveAll();
     for (const char* name : {"large", "sub\\text"}) files.Add((folder / "tree\\" + name).c_str());
+    packer.emplace(files, folder.path().c_str());
   };
-  WithEveryFault({.prepare = prepare,
-                  .act =
-                      [&](const TempFolder& folder) {
-                        Packer packer(files, folder.path().c_str());
-                        return packer.DoOperation(0) != 0;
-                      }},
-                 {faults::Kind::kMapping, faults::Kind::kOpen, faults::Kind::kRead,
-                  faults::Kind::kWrite, faults::Kind::kMove});
+  WithEveryFault(
+      {.prepare = prepare, .act = [&](const TempFolder&) { return packer->DoOperation(0) != 0; }},
+      {faults::Kind::kMemory, faults::Kind::kMapping, faults::Kind::kOpen, faults::Kind::kRead,
+       faults::Kind::kWrite, faults::Kind::kMove});
 }

@@ -25,15 +25,6 @@ void WriteTrees(const TempFolder& folder) {
     SetFileAttributesA((folder / name).c_str(), FILE_ATTRIBUTE_READONLY);
 }
 
-// A path below the folder, without an allocation of the test's own.
-struct Path {
-  Path(const TempFolder& folder, const char* name) {
-    snprintf(text, sizeof text, "%s\\%s", folder.path().c_str(), name);
-  }
-  operator const char*() const { return text; }
-  char text[MAX_PATH];
-};
-
 }  // namespace
 
 TEST(Faults, Trees) {
@@ -100,5 +91,5 @@ TEST(Faults, ReportOverAReport) {
        .isRight = [](const std::string& page) { return page.ends_with("</body>\n</html>\n"); },
        .goesFirst =
            [](const std::string& name) { return name.starts_with("report\\differences\\"); }},
-      {Kind::kWrite, Kind::kMove});
+      {Kind::kMapping, Kind::kOpen, Kind::kWrite, Kind::kMove});
 }

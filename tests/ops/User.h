@@ -16,10 +16,12 @@
 #include "support/Watchdog.h"
 
 constexpr int kBarId = 1234;
+constexpr WPARAM kTimerId = 55;
 
 // What stands on the screen.
 struct Seen {
   HWND window = nullptr;  // a progress window
+  HWND hidden = nullptr;  // a progress window out of sight
   HWND prompt = nullptr;  // another dialog
   int percent = -1;
   std::string caption;
@@ -48,7 +50,7 @@ class User {
     return m_looks;
   }
 
-  // The visible dialogs of this process.
+  // The dialogs of this process.
   static Seen Now() {
     Seen seen;
     EnumWindows(Find, reinterpret_cast<LPARAM>(&seen));
@@ -57,6 +59,8 @@ class User {
 
   static void Click(HWND button) { PostMessage(button, BM_CLICK, 0, 0); }
   static void Press(HWND button, WPARAM key) { PostMessage(button, WM_KEYDOWN, key, 1); }
+  // As if the window's second was over.
+  static void Tick(HWND window) { PostMessage(window, WM_TIMER, kTimerId, 0); }
 
  private:
   static BOOL CALLBACK Find(HWND window, LPARAM parameter) {
@@ -64,10 +68,11 @@ class User {
     char name[16] = "";
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
-    if (process != GetCurrentProcessId() || !IsWindowVisible(window)) return TRUE;
+    if (process != GetCurrentProcessId()) return TRUE;
     GetClassName(window, name, sizeof name);
     if (strcmp(name, "#32770") != 0) return TRUE;
     const HWND bar = GetDlgItem(window, kBarId);
+    if (!IsWindowVisible(window)) return (bar != nullptr ? seen.hidden = window : nullptr), TRUE;
     if (bar == nullptr) return seen.prompt = window, TRUE;
     if (seen.window != nullptr) return TRUE;  // the topmost
     // The bar, the caption, and the bar again: they are of one moment when the bar has not moved.

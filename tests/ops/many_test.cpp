@@ -96,20 +96,27 @@ class RandomRun {
   std::mt19937& m_random;
 };
 
+// The system keeps things at first use: that is not the test's to answer for.
+class Many : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { Run(20); }
+
+  static void Run(int runs) {
+    const watchdog::ExpectWindows expected;
+    static std::mt19937 random(4);
+    for (int i = 0; i < runs && !HasFailure(); ++i) RandomRun(random).Run();
+    DeleteTemporaryObjects();
+    ::Sleep(500);  // the last threads give back what they held a moment after their end
+  }
+};
+
 }  // namespace
 
-TEST(Many, RunsLeaveNothing) {
-  const watchdog::ExpectWindows expected;
-  std::mt19937 random(4);
-  const int runs = IsLongRun() ? 2000 : 60;
-  for (int i = 0; i < 40; ++i) RandomRun(random).Run();  // the system keeps things at first use
-  ::Sleep(1000);
+TEST_F(Many, RunsLeaveNothing) {
   const Held before = held();
-  for (int i = 0; i < runs && !HasFailure(); ++i) RandomRun(random).Run();
-  DeleteTemporaryObjects();
-  ::Sleep(1000);  // the last threads give back what they held a moment after their end
+  Run(IsLongRun() ? 2000 : 60);
   const Held after = held();
-  EXPECT_EQ(after.threads, before.threads);
+  EXPECT_LE(after.threads, before.threads);
   // A lock of the runtime gets its handle when two threads meet at it for the first time.
   EXPECT_LE(after.handles, before.handles + 3);
   EXPECT_LT(after.userObjects - before.userObjects, 200);

@@ -52,12 +52,12 @@ TEST(Thread, StopInAPause) {
   for (const int runOnceMore : {0, 1}) {
     Calls calls;
     auto* const thread = new MThread(&call, &calls);
-    thread->SetMiliTimeout(300, 0, 1);
+    thread->SetMiliTimeout(150, 0, 1);
     thread->Go();
     while (calls.count == 0) ::Sleep(1);
     thread->Stop(runOnceMore);
     while (calls.count < 1 + runOnceMore) ::Sleep(5);
-    ::Sleep(600);
+    ::Sleep(300);
     EXPECT_EQ(calls.count, 1 + runOnceMore);
   }
 }
@@ -66,7 +66,7 @@ TEST(Thread, StopInAPause) {
 TEST(Thread, TimeRunsOut) {
   Calls slow, slower;
   slow.duration = 1300;
-  slower.duration = 3500;
+  slower.duration = 1900;
   EXPECT_EQ((new MThread(&call, &slow))->ActivateThreadAndWait(1), 0);
   EXPECT_EQ((new MThread(&call, &slower))->ActivateThreadAndWait(1), 0);
   EXPECT_EQ(slower.count, 0);
@@ -77,8 +77,8 @@ TEST(Thread, WaitsServeWindows) {
   ticks = 0;
   const UINT_PTR timer = SetTimer(nullptr, 0, 20, tick);
   const DWORD start = GetTickCount();
-  MThread::Sleep(500);
-  EXPECT_GE(GetTickCount() - start, 450u);
+  MThread::Sleep(300);
+  EXPECT_GE(GetTickCount() - start, 250u);
   EXPECT_GE(ticks, 2);
   KillTimer(nullptr, timer);
 

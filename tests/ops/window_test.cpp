@@ -1,6 +1,8 @@
 // Operations with their progress windows on the screen.
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "controls/MDialog.h"
 #include "messages/message.h"
 #include "ops/User.h"
@@ -9,6 +11,16 @@
 #include "windows/Steps.h"
 
 namespace {
+
+// Its own look at each message may fail.
+struct App : CWinApp {
+  App() : CWinApp("ops") {}
+  BOOL PreTranslateMessage(MSG* message) override {
+    if (std::exchange(throws, false)) throw 1;
+    return CWinApp::PreTranslateMessage(message);
+  }
+  bool throws = false;
+};
 
 // A program with a main window.
 class Progress : public testing::Test {
@@ -27,7 +39,7 @@ class Progress : public testing::Test {
   }
 
   watchdog::ExpectWindows m_windows;
-  CWinApp m_app{"ops"};
+  App m_app;
   CWnd m_owner;
 };
 
@@ -83,12 +95,15 @@ TEST_F(Progress, LongWorkHasOneAfterTwoSeconds) {
 
 // The work finds out in its middle how much there is of it.
 TEST_F(Progress, NeverRunsBackwards) {
-  std::atomic<int> seen = 0;
-  User user([&](const Seen& now) { seen = now.percent; });
+  std::atomic<int> seen = -1;
+  User user([&](const Seen& now) {
+    seen = now.percent;
+    User::Tick(now.window);
+  });
   Work work(0, 20, [&](unsigned index) {
+    await([&] { return seen >= (index == 34 ? 80 : index == 14 ? 60 : 0); });
     if (index == 14) work.SetEnd(35);
-    ::Sleep(100);
-    if (index == 34) await([&] { return seen >= 80; });
+    ::Sleep(5);
     return OperationDone;
   });
   work.SetTitle("", "A message\nin two lines");
@@ -156,7 +171,7 @@ TEST_F(Progress, StopIsAcknowledgedAtOnce) {
 // An item that sleeps on the stop event, and the window of one that does not, which stays until the
 // item is over.
 TEST_F(Progress, StopReachesALongItem) {
-  for (const DWORD uninterrupted : {0, 1500}) {
+  for (const DWORD uninterrupted : {0, 600}) {
     Work work(0, 10, [&](unsigned) {
       ::Sleep(uninterrupted);
       return WaitForSingleObject(work.StopEvent(), 20000) == WAIT_OBJECT_0 ? OperationDone
@@ -181,11 +196,13 @@ TEST_F(Progress, TheWorkerAsks) {
   for (const int interactive : {1, 0}) {
     AssertionLog log;
     int looks = 0, withOthers = 0;
+    std::atomic<bool> shown = false;
     User user([&](const Seen& seen) {
+      if (seen.window != nullptr) shown = true;
       if (seen.prompt == nullptr) return;
       withOthers += m_owner.IsWindowVisible() || seen.window != nullptr;
-      // Some ticks of the timer pass.
-      if (++looks % 220 == 0) User::Click(GetDlgItem(seen.prompt, IDOK));
+      User::Tick(seen.hidden);
+      if (++looks % 50 == 0) User::Click(GetDlgItem(seen.prompt, IDOK));
     });
     std::vector<int> given;
     Work work(0, 3, [&](unsigned index) {
@@ -197,8 +214,9 @@ TEST_F(Progress, TheWorkerAsks) {
       } else if (index == 2) {
         Message message(Message::MSG_INFO, "Another question?");
         given.push_back(work.GetUserInput(message));
+      } else {
+        await([&] { return shown.load(); });
       }
-      ::Sleep(200);
       return OperationDone;
     });
     EXPECT_EQ(work.DoOperation(interactive), 1);
@@ -224,6 +242,14 @@ TEST_F(Progress, ExceptionsInTheWorkerEndTheRun) {
     EXPECT_EQ(work.Calls(), "P0123E");
     EXPECT_TRUE(log.Names("mthread")) << log.Text();
   }
+}
+
+TEST_F(Progress, ExceptionsOfTheProgramDoNotLeaveTheWorkAlone) {
+  m_app.throws = true;
+  Work work(0, 20, takes(20));
+  EXPECT_EQ(work.DoOperation(1), 1);
+  EXPECT_FALSE(m_app.throws);
+  EXPECT_EQ(work.DoneCount(), 20u);
 }
 
 TEST_F(Progress, OneAfterAnotherAndOneInAnother) {

@@ -1,6 +1,6 @@
 // Starts the desktop host for pictures of it:
 //   foldercmp_views empty
-//   foldercmp_views filled|filtered|options|file-menu|view-menu|context-menu|report BASE REVISED
+//   foldercmp_views filled|filtered|options|file-menu BASE REVISED
 #include <windows.h>
 
 #include <commctrl.h>
@@ -33,17 +33,12 @@ HWND waitForFrame(bool withList) {
 }
 
 void show(HWND frame, const std::string& view) {
-  const HWND list = GetDlgItem(frame, kListId);
   if (view == "filtered") {
     PostMessageA(frame, WM_COMMAND, ID_SHOW_SAME, 0);
     SetDlgItemTextA(frame, IDC_FILTER_TEXT, "zip");
   }
   if (view == "options") PostMessageA(frame, WM_COMMAND, ID_OPTIONS, 0);
-  if (view == "report") PostMessageA(frame, WM_COMMAND, ID_REPORT, 0);
   if (view == "file-menu") PostMessageA(frame, WM_SYSCOMMAND, SC_KEYMENU, 'f');
-  if (view == "view-menu") PostMessageA(frame, WM_SYSCOMMAND, SC_KEYMENU, 'v');
-  if (view == "context-menu")
-    PostMessageA(list, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(list), -1);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // A host that shows messages; it knows of the library what the headers and import libraries say.
-//   message_host show note|info|warning|error|many|wide|long    one message, for the eye
+//   message_host show note|info|warning|error|many|wide    one message, for the eye
 //   message_host ask PATH ID     displays the note with an id under the product registry PATH
 // The exit status is the message's answer; of "ask" it is 50 when a window was shown, which is
 // closed; 99 is wrong usage.
@@ -54,8 +54,7 @@ int show(const char* kind) {
   }
   if (strcmp(kind, "many") == 0) return showMany();
   CString words;
-  while (words.GetLength() < (strcmp(kind, "wide") == 0 ? 600 : 60'000))
-    words += "some more words ";
+  while (words.GetLength() < 600) words += "some more words ";
   return Message(Message::MSG_ERROR, words).DoModal();
 }
 
