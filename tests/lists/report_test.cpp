@@ -96,12 +96,6 @@ TEST_F(Report, FiltersAndTheDescription) {
   EXPECT_EQ(Make(list, settings), (Lines{"a\t", "c\thas one"}));
   states->SetInvert(1);
   EXPECT_EQ(Make(list, settings), Lines{});
-  settings.primary.isActive = false;
-  const auto times = std::make_shared<TimeFilter>(nullptr);
-  times->SetInvert(0);
-  times->Set(CTime(2000), CTime(2000));
-  settings.secondary = {Files::kTime, times, true};
-  EXPECT_EQ(Make(list, settings), Lines{"a\t"});
 }
 
 TEST_F(Report, SaysWhatItIs) {
@@ -246,7 +240,6 @@ TEST_F(Report, ClientsPages) {
   struct Client {
     std::vector<unsigned long> ids;
     bool refuses = false;
-    ReportOperation* stopped = nullptr;
   } client;
   Files list;
   addFour(list);
@@ -257,9 +250,7 @@ TEST_F(Report, ClientsPages) {
     note = "not <analysed>";
     return self.refuses ? 0 : 1;
   };
-  pages.cellLink = [](void* object, unsigned long id, int column) -> CString {
-    auto& self = *static_cast<Client*>(object);
-    if (self.stopped != nullptr && id == 4) self.stopped->StopLoop();
+  pages.cellLink = [](void*, unsigned long id, int column) -> CString {
     return id == 2 && column == Files::kName ? "p/\"1&2\".html" : "";
   };
   list.OnHlReport(pages, &client);
@@ -279,19 +270,6 @@ TEST_F(Report, ClientsPages) {
   client.ids.clear();
   EXPECT_EQ(list.DoReport(("R:A O:" + file).c_str()), 1);
   EXPECT_TRUE(client.ids.empty());
-
-  // Stopped in the middle of its rows.
-  m_folder.Write("report", "old");
-  client.refuses = false;
-  ReportSettings settings = ReportCommand::Defaults(list);
-  settings.outputFile = file.c_str();
-  ReportOperation operation(list, settings);
-  client.stopped = &operation;
-  EXPECT_EQ(operation.Generate(), 0);
-  EXPECT_EQ(m_folder.Read("report"), "old");
-  EXPECT_EQ(countFiles(m_folder), 1u);
-  client.stopped = nullptr;
-  EXPECT_EQ(operation.Generate(), 1);
   EXPECT_TRUE(told.Nothing());
 }
 
