@@ -276,11 +276,6 @@ int MListCtrl::FindByPrefix(int column, const char* prefix, bool whole, int star
 
 // --- Label editing ---
 
-void MListCtrl::OnHlReport(const HlReportCallbacks& callbacks, void* client) {
-  m_hlReport = callbacks;
-  m_hlReportClient = client;
-}
-
 void MListCtrl::OnLabelEdit(LabelEditFn fn, void* client) {
   m_onLabelEdit = {fn, client};
   if (m_hWnd != nullptr)

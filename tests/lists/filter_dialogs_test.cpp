@@ -122,7 +122,12 @@ TEST_F(FilterDialogs, RangesMustNotBeReversed) {
                    [&](HWND window) {
                      EXPECT_EQ(GetFocus(), GetDlgItem(window, IDC_FROM_DATE));
                      SYSTEMTIME time;
+                     const HWND to = GetDlgItem(window, IDC_TO_DATE);
                      day.GetAsSystemTime(time);
+                     time.wYear = 2050;
+                     DateTime_SetSystemtime(to, GDT_VALID, &time);
+                     DateTime_GetSystemtime(to, &time);
+                     EXPECT_EQ(time.wYear, 2020) << "a time cannot be in that year";
                      SendDlgItemMessage(window, IDC_FROM_DATE, DTM_SETSYSTEMTIME, GDT_VALID,
                                         reinterpret_cast<LPARAM>(&time));
                    },

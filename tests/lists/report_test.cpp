@@ -213,10 +213,10 @@ TEST_F(Report, WhateverFailsLeavesTheOldFile) {
       SCOPED_TRACE(std::string(1, format) + faults::NameOf(kind));
       std::string command = "O:" + file + " R:" + format;
       if (kind == Kind::kMemory) command += " Q: C:03 S:0 F:document 000001,document 000003";
+      const Told told;
       int failures = 0;
       bool happened = true;
       for (unsigned n = 1; happened; ++n) {
-        const Told told;
         int result;
         {
           const faults::FailNth failing(kind, n);
