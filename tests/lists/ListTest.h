@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "lists/MListCtrl.h"
+#include "settings/RegistryUtil.h"
+#include "support/RegistrySubtree.h"
 
 // So that messages of GoogleTest show the text.
 inline std::string str(const CString& text) {
@@ -50,3 +52,10 @@ class Files : public MListCtrl {
 };
 
 using Ids = std::vector<unsigned long>;
+
+// A key whose user values are the user's own.
+class UserKey : public RegistrySubtree {
+ public:
+  UserKey() { MRegistry::InitProductRegistry(c_str(), 1); }
+  ~UserKey() { MRegistry::FreeProductRegistry(); }
+};

@@ -1,8 +1,6 @@
 // The filters' dialogs, as the user sees and uses them.
 #include "lists/DialogSteps.h"
 #include "lists/filter_dialogs_ids.h"
-#include "settings/RegistryUtil.h"
-#include "support/RegistrySubtree.h"
 
 namespace {
 
@@ -23,8 +21,7 @@ std::vector<std::string> entries(HWND window, int id) {
 }  // namespace
 
 TEST_F(FilterDialogs, TextConditions) {
-  const RegistrySubtree key;
-  MRegistry::InitProductRegistry(key.c_str(), 1);
+  const UserKey key;
   StringFilter filter(MListCtrl::CompareStr, key.c_str());
   const std::vector<int> edits = {IDC_FIRST_TEXT, IDC_SECOND_TEXT, IDC_AND, IDC_OR};
   {
@@ -64,7 +61,6 @@ TEST_F(FilterDialogs, TextConditions) {
        choose(IDC_FIRST_CONDITION, 1), Driver::Press(VK_RETURN)});
   EXPECT_TRUE(withoutComparison.Edit());
   EXPECT_EQ(withoutComparison.Get().firstCondition, StringFilter::BeginsWith);
-  MRegistry::FreeProductRegistry();
 }
 
 TEST_F(FilterDialogs, ValuesAreBoxesInATree) {

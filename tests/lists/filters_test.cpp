@@ -1,10 +1,9 @@
 // The filters on single columns, and what they keep.
 #include <memory>
 
+#include "lists/FilterWords.h"
 #include "lists/ListTest.h"
-#include "settings/RegistryUtil.h"
 #include "support/AssertionLog.h"
-#include "support/RegistrySubtree.h"
 #include "util/TimeUtil.h"
 
 namespace {
@@ -15,18 +14,6 @@ StringFilter::Settings conditions(int first, const char* firstText, int second =
                                   const char* secondText = "", int both = 1) {
   return {first, second, firstText, secondText, both};
 }
-
-template <class Filter>
-std::unique_ptr<Filter> newFilter(const MListCtrl& list, int column) {
-  return std::unique_ptr<Filter>(&dynamic_cast<Filter&>(*list.GetFilter(column, "Second")));
-}
-
-// A key whose user values are the user's own.
-class UserKey : public RegistrySubtree {
- public:
-  UserKey() { MRegistry::InitProductRegistry(c_str(), 1); }
-  ~UserKey() { MRegistry::FreeProductRegistry(); }
-};
 
 }  // namespace
 
@@ -120,51 +107,41 @@ TEST(SavedFilters, AreReadByTheNextOneOfTheirColumn) {
     EXPECT_FALSE(log.Empty());
   }
   list.SetRegistryKey(key.c_str());
-  const auto texts = newFilter<StringFilter>(list, Files::kName);
-  EXPECT_EQ(str(texts->GetKey()), key / "NameSecond");
-  texts->Set(conditions(3, "from", 9, "part", 0));
-  const auto values = newFilter<EnumFilter>(list, Files::kState);
-  values->SetMask(5);
+  const auto newFilter = [&](int column) {
+    return std::shared_ptr<DataFilter>(list.GetFilter(column, "Second"));
+  };
+  const auto words = [&](int column, const std::shared_ptr<DataFilter>& filter) {
+    return str(FilterInWords(list, {column, filter, true}, true));
+  };
+  const auto texts = newFilter(Files::kName), values = newFilter(Files::kState),
+             times = newFilter(Files::kTime), numbers = newFilter(Files::kSize);
+  static_cast<StringFilter&>(*texts).Set(conditions(3, "from", 9, "part", 0));
+  static_cast<EnumFilter&>(*values).SetMask(5);
+  static_cast<TimeFilter&>(*times).Set(1'000'000, 2'000'000);
+  static_cast<NumericFilter&>(*numbers).Set(-7, 9);
   values->SetInvert(1);
-  const auto times = newFilter<TimeFilter>(list, Files::kTime);
-  times->Set(100, 200);
   times->SetInvert(0);
-  const auto numbers = newFilter<NumericFilter>(list, Files::kSize);
-  numbers->Set(-7, 9);
   numbers->SetInvert(0);
-  for (const DataFilter* filter :
-       std::vector<const DataFilter*>{texts.get(), values.get(), times.get(), numbers.get()})
+  int column = 0;
+  for (const auto& filter : {texts, values, times, numbers}) {
     EXPECT_TRUE(filter->Save());
-
-  const auto savedTexts = newFilter<StringFilter>(list, Files::kName);
-  EXPECT_EQ(savedTexts->Get().firstCondition, 0) << "until it is asked to read";
-  savedTexts->Reset(1);
-  const StringFilter::Settings saved = savedTexts->Get();
-  EXPECT_EQ(saved.firstCondition, 3);
-  EXPECT_EQ(str(saved.firstText), "from");
-  EXPECT_EQ(saved.secondCondition, 9);
-  EXPECT_EQ(str(saved.secondText), "part");
-  EXPECT_FALSE(saved.bothConditions);
-  const auto savedValues = newFilter<EnumFilter>(list, Files::kState);
-  savedValues->Reset(1);
-  EXPECT_EQ(savedValues->GetMask(), 5u);
-  EXPECT_TRUE(savedValues->GetInvert());
-  const auto savedTimes = newFilter<TimeFilter>(list, Files::kTime);
-  savedTimes->Reset(1);
-  EXPECT_EQ(savedTimes->GetEnd().GetTime(), 200);
-  EXPECT_FALSE(savedTimes->GetInvert());
-  const auto savedNumbers = newFilter<NumericFilter>(list, Files::kSize);
-  savedNumbers->Reset(1);
-  EXPECT_EQ(savedNumbers->GetFrom(), -7);
-  EXPECT_EQ(savedNumbers->GetTo(), 9);
+    const auto saved = newFilter(column);
+    EXPECT_NE(words(column, saved), words(column, filter)) << "until it is asked to read";
+    saved->Reset(1);
+    EXPECT_EQ(words(column, saved), words(column, filter));
+    ++column;
+  }
 
   // A condition that there is not, and one that the column's kind of text cannot have.
+  EXPECT_EQ(str(texts->GetKey()), key / "NameSecond");
   const MRegistry damaged(texts->GetKey());
   damaged.SetUserKey("FirstCondition", 77ul);
+  damaged.SetUserKey("SecondCondition", 0ul);
   texts->Reset(1);
-  EXPECT_EQ(texts->Get().firstCondition, 0);
+  EXPECT_EQ(words(0, texts), "Primary filter on column Name: include all");
   StringFilter withoutComparison(nullptr, texts->GetKey());
   damaged.SetUserKey("FirstCondition", 3ul);
+  damaged.SetUserKey("SecondCondition", 9ul);
   withoutComparison.Reset(1);
   EXPECT_EQ(withoutComparison.Get().firstCondition, 0);
   EXPECT_EQ(withoutComparison.Get().secondCondition, 9);

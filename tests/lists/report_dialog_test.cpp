@@ -7,8 +7,6 @@
 #include "lists/DialogSteps.h"
 #include "lists/filter_dialogs_ids.h"
 #include "lists/report_dialogs_ids.h"
-#include "settings/RegistryUtil.h"
-#include "support/RegistrySubtree.h"
 #include "support/RunProgram.h"
 #include "support/TempFolder.h"
 #include "util/pathutils.h"
@@ -42,11 +40,9 @@ class TestedDialog : public ReportDialog {
 class ReportDialogTest : public TestWithWindows {
  protected:
   ReportDialogTest() {
-    MRegistry::InitProductRegistry(m_key.c_str(), 1);
     m_list.SetRegistryKey(m_key.c_str());
     m_settings.columns = {Files::kName, Files::kState, Files::kTime, Files::kSize};
   }
-  ~ReportDialogTest() override { MRegistry::FreeProductRegistry(); }
 
   // What the dialog was closed with.
   ReportSettings Run(std::vector<Driver::Step> steps) {
@@ -57,7 +53,7 @@ class ReportDialogTest : public TestWithWindows {
     return dialog.Get();
   }
 
-  RegistrySubtree m_key;
+  UserKey m_key;
   Files m_list;
   ReportSettings m_settings;
 };
