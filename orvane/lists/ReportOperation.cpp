@@ -63,8 +63,8 @@ DWORD openFile(COXMarkupFile& file, const CString& path) {
   return file.Create(full) ? 0 : lastErrorOr(ERROR_CANNOT_MAKE);
 }
 
-// 0, or the system's error of a write that has just failed, on this thread: then even nothing
-// cannot be written any more.
+// 0, or the system's error of a write that has just failed on this thread: after one not even an
+// empty text can be written.
 DWORD writeError(COXMarkupFile& file) {
   return file.Write("") ? 0 : lastErrorOr(ERROR_WRITE_FAULT);
 }
