@@ -1,5 +1,5 @@
 // CCmdTarget: the root of everything that handles messages and commands, and CCmdUI, through which
-// update handlers say how a menu item or a control stands.
+// update handlers say how a command stands.
 #pragma once
 
 #include "afx.h"
@@ -93,8 +93,8 @@ class AFX_CORE_DATA CCmdTarget : public CObject {
   friend class CWinThread;
 };
 
-// One user-interface item of a command: an item of a menu, or a control. Passed to the update
-// handlers of the command, which describe the item's state.
+// The menu item of a command, if it has one. Passed to the update handlers of the command, which
+// describe the item's state.
 class AFX_CORE_DATA CCmdUI {
  public:
   CCmdUI();
@@ -116,10 +116,9 @@ class AFX_CORE_DATA CCmdUI {
 
   UINT m_nID;         // the command
   UINT m_nIndex;      // the item's position in the menu
-  CMenu* m_pMenu;     // null: the item is a control
+  CMenu* m_pMenu;     // null: there is no item, the command alone is asked about
   CMenu* m_pSubMenu;  // the popup menu that the item opens, if any
   CMenu* m_pParentMenu;
-  CWnd* m_pOther;  // the control, or the window that holds the item
   BOOL m_bEnableChanged;
   BOOL m_bContinueRouting;
   UINT m_nIndexMax;  // the count of the menu's items

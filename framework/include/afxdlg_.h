@@ -19,13 +19,11 @@ class AFX_CORE_DATA CDialog : public CWnd {
   // The template is only read during the call.
   BOOL CreateIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd = nullptr,
                       void* lpDialogInit = nullptr);
-  BOOL CreateIndirect(HGLOBAL hDialogTemplate, CWnd* pParentWnd = nullptr);
 
   // For a modal dialog from a template in memory: call before DoModal, and keep the template until
   // that returns. TRUE always.
   BOOL InitModalIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd = nullptr,
                          void* lpDialogInit = nullptr);
-  BOOL InitModalIndirect(HGLOBAL hDialogTemplate, CWnd* pParentWnd = nullptr);
 
   // Shows the dialog and returns when it ends, with the value given to EndDialog: IDOK and IDCANCEL
   // by the buttons with these ids. -1: no such template, or the window could not be created.
@@ -75,8 +73,7 @@ class AFX_CORE_DATA CDialog : public CWnd {
 
   UINT m_nIDHelp;
   LPCTSTR m_lpszTemplateName;         // name or MAKEINTRESOURCE
-  HGLOBAL m_hDialogTemplate;          // of InitModalIndirect
-  LPCDLGTEMPLATE m_lpDialogTemplate;  // likewise
+  LPCDLGTEMPLATE m_lpDialogTemplate;  // of InitModalIndirect
   void* m_lpDialogInit;
   CWnd* m_pParentWnd;
   HWND m_hWndTop;  // the main window, while disabled together with the owner

@@ -137,11 +137,6 @@ class AFX_CORE_DATA CFile : public CObject {
   // The bytes read: fewer than nCount only at the end of the file.
   virtual UINT Read(void* lpBuf, UINT nCount);
   virtual void Write(const void* lpBuf, UINT nCount);
-  virtual void LockRange(DWORD dwPos, DWORD dwCount);
-  virtual void UnlockRange(DWORD dwPos, DWORD dwCount);
-
-  // A new object with a handle of its own, owned by the caller.
-  virtual CFile* Duplicate() const;
   virtual void Flush();
   virtual void Close();
   // Closes, and never throws.
@@ -181,10 +176,6 @@ class AFX_CORE_DATA CStdioFile : public CFile {
   void Flush() override;
   void Close() override;
   void Abort() override;
-  // Not supported: these throw CNotSupportedException.
-  CFile* Duplicate() const override;
-  void LockRange(DWORD dwPos, DWORD dwCount) override;
-  void UnlockRange(DWORD dwPos, DWORD dwCount) override;
 
   FILE* m_pStream;  // null: closed
 };

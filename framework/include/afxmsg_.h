@@ -290,8 +290,6 @@ inline AFX_PMSG _AfxKeep(typename _AfxHandler<sig>::Type pfn) {
   _AFX_ON(WM_COMMAND, CN_UPDATE_COMMAND_UI, id, id, UpdateUI, memberFxn)
 #define ON_UPDATE_COMMAND_UI_RANGE(id, idLast, memberFxn) \
   _AFX_ON(WM_COMMAND, CN_UPDATE_COMMAND_UI, id, idLast, UpdateUI, memberFxn)
-#define ON_UPDATE_COMMAND_UI_REFLECT(memberFxn) \
-  _AFX_ON(WM_REFLECT_BASE + WM_COMMAND, CN_UPDATE_COMMAND_UI, 0, 0, UpdateUI, memberFxn)
 
 // Notifications of controls by WM_COMMAND: void handler(), for a range void handler(UINT id).
 #define ON_CONTROL(wNotifyCode, id, memberFxn) \

@@ -5,5 +5,4 @@
 #include "afxelem_.h"
 #include "afxplex_.h"
 #include "afxarray_.h"
-#include "afxlist_.h"
 #include "afxmap_.h"

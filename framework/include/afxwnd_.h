@@ -275,8 +275,6 @@ class AFX_CORE_DATA CWnd : public CCmdTarget {
   // Data of a dialog: from the controls when bSaveAndValidate, else to them. FALSE: a value was
   // not valid, and the user has been told.
   BOOL UpdateData(BOOL bSaveAndValidate = TRUE);
-  // Asks the update handlers of pTarget about each child.
-  void UpdateDialogControls(CCmdTarget* pTarget, BOOL bDisableIfNoHndler);
 
   // Takes messages for the thread until ContinueModal says FALSE; returns what EndModalLoop said,
   // -1 when the program ends or the window is destroyed. dwFlags: MLF_ options.

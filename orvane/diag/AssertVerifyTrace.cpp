@@ -1,8 +1,17 @@
 #include "diag/AssertVerifyTrace.h"
 
+#include <atomic>
 #include <cstdio>
 
 #include "diag/trace.h"
+
+namespace {
+
+// The thread that is writing a failure to the log, 0 for none. An assertion that fails on the way,
+// where the log's folder is made for example, is not reported: it would fail again, without end.
+std::atomic<DWORD> reporting;
+
+}  // namespace
 
 CString AssertVerifyTrace::logFileName;
 int AssertVerifyTrace::traceOutput = 1;
@@ -19,10 +28,13 @@ int AssertVerifyTrace::IsActive() { return !logFileName.IsEmpty(); }
 const char* AssertVerifyTrace::GetLogFileName() { return logFileName; }
 
 void AssertVerifyTrace::FailedLine(const char* source, int line) {
-  if (!IsActive()) return;
+  DWORD self = GetCurrentThreadId();
+  if (!IsActive() || reporting == self) return;
   char text[MAX_PATH + 40];
   snprintf(text, sizeof text, "File: %s (%d)", source, line);
+  reporting = self;
   TraceEvent("ASSERT", text);
+  reporting.compare_exchange_strong(self, 0);  // unless another thread is reporting by now
 }
 
 int AssertVerifyTrace::TraceEvent(const char* title, const char* text) {

@@ -29,7 +29,7 @@ class ORVANE_API AssertVerifyTrace {
 
   // As the functions of the same names in diag/trace.h, into this log: 1 written, 0 not.
   static int TraceEvent(const char* title, const char* text);
-  static int TraceEvent(const char* title, int value, const char* format);
+  static int TraceEvent(const char* title, int value, const char* format = "%d");
   static int TraceOutput(const char* file);
 
   // Whether the command line of the process names a web server's host program.

@@ -78,7 +78,7 @@ void WriteDumpHeading(FILE* log, const char* kind, const char* name) {
 
 // Copies what source holds now; a log that is dumped into itself must not chase its own end.
 void CopyIndented(FILE* source, FILE* log) {
-  long left = _filelength(_fileno(source));
+  long long left = _filelengthi64(_fileno(source));
   for (int c; left-- > 0 && (c = fgetc(source)) != EOF;) {
     fputc(c, log);
     if (c == '\n') fputc('\t', log);
@@ -137,10 +137,9 @@ int TraceZip(const char* path, const char* zipFile) {
     const TraceFile log(path);
     if (!log) return 0;
     WriteDumpHeading(log.get(), "of ZIP file", zipFile);
-    if (!IsEmpty(zipFile)) {
-      for (int i = 0; i < names.GetSize(); ++i) {
-        fprintf(log.get(), "%s\n\t", static_cast<const char*>(names[i]));
-      }
+    if (IsEmpty(zipFile)) return 1;
+    for (int i = 0; i < names.GetSize(); ++i) {
+      fprintf(log.get(), "%s\n\t", static_cast<const char*>(names[i]));
     }
     fputs("  << Output end", log.get());
     return 1;

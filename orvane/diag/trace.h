@@ -17,12 +17,15 @@ ORVANE_API int TraceEvent(const char* path, const char* title, const char* text)
 
 // The same with a number, formatted printf-like with format ("%d" when null or empty), of fewer
 // than 1014 characters (ASSERT); the result is cut at 1023.
-ORVANE_API int TraceEvent(const char* path, const char* title, int value, const char* format);
+ORVANE_API int TraceEvent(const char* path, const char* title, int value,
+                          const char* format = "%d");
 
-// Copies the text file into the log, each line indented by a tab.
+// Copies the text file into the log, each line indented by a tab. Without a file name only the
+// heading of the dump is written.
 ORVANE_API int TraceOutput(const char* path, const char* file);
 
-// Lists the entry names of a zip archive into the log; none when it cannot be read.
+// Lists the entry names of a zip archive into the log; none when it cannot be read. Without a file
+// name only the heading of the dump is written.
 ORVANE_API int TraceZip(const char* path, const char* zipFile);
 
 // The function trace: an object in a function writes a line when the function is entered and when
@@ -48,7 +51,7 @@ class ORVANE_API TraceFunction {
 
   // Events in logFileName; titles get two more blanks in front.
   static int TraceEvent(const char* title, const char* text);
-  static int TraceEvent(const char* title, int value, const char* format);
+  static int TraceEvent(const char* title, int value, const char* format = "%d");
   static int TraceOutput(const char* file);
   static int TraceZip(const char* zipFile);
   static const char* GetLogFileName();

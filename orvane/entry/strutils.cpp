@@ -6,7 +6,8 @@
 
 #include "diag/trace.h"
 
-// The _mbs functions know double-byte characters, whose second byte can be a backslash's code.
+// The _mbs functions and CString know double-byte characters, whose second byte can be that of a
+// backslash or a letter.
 
 void SplitAtLastBackslash(const char* text, CString& left, CString& right) {
   ASSERT(text != nullptr && *text != 0);
@@ -25,10 +26,10 @@ void SplitAtLastBackslash(const char* text, CString& left, CString& right) {
 
 const char* TextAfter(const char* text, const char* prefix) {
   if (text == nullptr || *text == 0) return nullptr;
-  ASSERT(strlen(text) >= strlen(prefix));
-  const char* const found = strstr(text, prefix);
-  ASSERT(found != nullptr);
-  return found == nullptr ? nullptr : found + strlen(prefix);
+  ASSERT(prefix != nullptr && strlen(text) >= strlen(prefix));
+  const int found = prefix == nullptr ? -1 : CString(text).Find(prefix);
+  ASSERT(found >= 0);
+  return found < 0 ? nullptr : text + found + strlen(prefix);
 }
 
 CString WithBackslashes(const char* text) {

@@ -11,7 +11,7 @@
 ORVANE_API void SplitAtLastBackslash(const char* text, CString& left, CString& right);
 
 // The place in text just past the first occurrence of prefix. Null for a null or empty text; null,
-// with an ASSERT, when prefix is not there.
+// with an ASSERT, when prefix is null or not there.
 ORVANE_API const char* TextAfter(const char* text, const char* prefix);
 
 // text with every "/" turned into "\".

@@ -29,7 +29,5 @@ void SetMakerAddresses(const char* productPage, const char* connectionCheck,
 
 CString MakerAddress(UINT id) {
   if (!ownAddress(id).empty()) return ownAddress(id).c_str();
-  MString text;
-  text.LoadString(id);
-  return text;
+  return MString::Loaded(id);
 }

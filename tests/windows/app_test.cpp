@@ -49,24 +49,6 @@ TEST_F(Program, ObjectIsKnownWhileItLives) {
   EXPECT_EQ(AfxGetThread(), nullptr);
 }
 
-TEST_F(Program, DialogFromResource) {
-  class ResourceDialog : public CDialog {
-   public:
-    ResourceDialog() : CDialog(IDD_RESOURCE) {}
-    BOOL OnInitDialog() override {
-      CDialog::OnInitDialog();
-      GetDlgItemText(IDC_ITEM, item);
-      GetWindowText(title);
-      EndDialog(3);
-      return TRUE;
-    }
-    CString item, title;
-  } dialog;
-  EXPECT_EQ(dialog.DoModal(), 3);
-  EXPECT_STREQ(dialog.item, "Text of the item");
-  EXPECT_STREQ(dialog.title, "From a resource");
-}
-
 TEST_F(Program, MessageBoxes) {
   BoxAnswer box(IDNO);
   EXPECT_EQ(AfxMessageBox("Really?", MB_YESNO), IDNO);
@@ -97,8 +79,6 @@ TEST_F(Program, MayShowMessagesItsOwnWay) {
   EXPECT_EQ(app.text, "text");
   EXPECT_EQ(app.lastType, UINT(MB_RETRYCANCEL));
   EXPECT_EQ(app.lastHelp, 7u);
-  EXPECT_EQ(AfxMessageBox(UINT(ID_HANDLED)), IDRETRY);
-  EXPECT_EQ(app.lastHelp, UINT(ID_HANDLED));
 }
 
 TEST_F(Program, HourglassNestsAndComesBack) {
@@ -117,53 +97,4 @@ TEST_F(Program, HourglassNestsAndComesBack) {
     EXPECT_EQ(::GetCursor(), hourglass);
   }
   EXPECT_EQ(::GetCursor(), arrow);
-}
-
-namespace {
-
-constexpr WORD kPush = 0x8201, kUnknown = 0x8202, kCheck = 0x8203, kText = 0x8204;
-
-class UpdatedDialog : public StepDialog {
- public:
-  UpdatedDialog()
-      : StepDialog(DialogTemplate()
-                       .Button("Push", kPush)
-                       .Button("Unknown", kUnknown)
-                       .Button("Check", kCheck, BS_AUTOCHECKBOX)
-                       .Edit("", kText)) {}
-
- protected:
-  afx_msg void OnPush() {}
-  afx_msg void OnUpdateCheck(CCmdUI* ui) { ui->SetCheck(1); }
-  afx_msg void OnUpdateText(CCmdUI* ui) {
-    ui->SetText("shown");
-    ui->Enable(FALSE);
-  }
-  DECLARE_MESSAGE_MAP()
-};
-
-BEGIN_MESSAGE_MAP(UpdatedDialog, StepDialog)
-ON_COMMAND(kPush, &UpdatedDialog::OnPush)
-ON_UPDATE_COMMAND_UI(kCheck, &UpdatedDialog::OnUpdateCheck)
-ON_UPDATE_COMMAND_UI(kText, &UpdatedDialog::OnUpdateText)
-END_MESSAGE_MAP()
-
-}  // namespace
-
-TEST_F(Program, ControlsShowHowCommandsStand) {
-  UpdatedDialog dialog;
-  dialog.Then([&] {
-    dialog.GotoDlgCtrl(dialog.GetDlgItem(kText));
-    dialog.UpdateDialogControls(&dialog, TRUE);
-    EXPECT_TRUE(dialog.GetDlgItem(kPush)->IsWindowEnabled());
-    EXPECT_FALSE(dialog.GetDlgItem(kUnknown)->IsWindowEnabled());
-    EXPECT_TRUE(dialog.GetDlgItem(kCheck)->IsWindowEnabled()) << "no push button";
-    EXPECT_EQ(dialog.IsDlgButtonChecked(kCheck), UINT(BST_CHECKED));
-    EXPECT_FALSE(dialog.GetDlgItem(kText)->IsWindowEnabled());
-    EXPECT_EQ(dialog.FocusId(), kPush) << "the focus leaves a control that is disabled";
-    CString text;
-    dialog.GetDlgItemText(kText, text);
-    EXPECT_STREQ(text, "shown");
-  });
-  EXPECT_EQ(dialog.DoModal(), StepDialog::kStepsDone);
 }

@@ -46,8 +46,6 @@ int windowsOfThread() {
 
 }  // namespace
 
-constexpr int kDialogs = 1000;
-
 TEST_F(Balance, ThousandDialogsLeaveNothing) {
   const auto run = [](int times) {
     while (times-- > 0) {
@@ -58,7 +56,7 @@ TEST_F(Balance, ThousandDialogsLeaveNothing) {
   };
   run(20);  // the system's own caches
   const int gdi = GdiObjects(), windows = windowsOfThread();
-  run(kDialogs);
+  run(1000);
   EXPECT_EQ(windowsOfThread(), windows);
   EXPECT_LE(GdiObjects(), gdi);
 }

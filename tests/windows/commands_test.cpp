@@ -9,8 +9,7 @@
 namespace {
 
 constexpr UINT kByDialog = 0x8001, kByOwner = 0x8002, kByApp = 0x8003, kByNobody = 0x8004,
-               kByAll = 0x8005, kDisabled = 0x8006, kEx = 0x8007, kRangeFirst = 0x8010,
-               kRangeLast = 0x8012;
+               kByAll = 0x8005, kDisabled = 0x8006, kRangeFirst = 0x8010, kRangeLast = 0x8012;
 constexpr WORD kButton = 200, kEdit = 201, kList = 202;
 constexpr UINT kCode = static_cast<UINT>(-150);  // of a notification
 
@@ -32,7 +31,6 @@ class App : public CWinApp {
 BEGIN_MESSAGE_MAP(App, CWinApp)
 ON_COMMAND(kByApp, &App::OnApp)
 ON_COMMAND(kByAll, &App::OnApp)
-ON_COMMAND(kEx, &App::OnApp)
 END_MESSAGE_MAP()
 
 class Owner : public CWnd {
@@ -70,10 +68,6 @@ class Dialog : public CDialog {
  protected:
   afx_msg void OnDialog() { note("dialog"); }
   afx_msg void OnRange(UINT id) { note("range " + std::to_string(id - kRangeFirst)); }
-  afx_msg BOOL OnEx(UINT) {
-    note("ex");
-    return FALSE;
-  }
   afx_msg void OnPassedUpdate(CCmdUI* ui) {
     note("dialog update");
     ui->ContinueRouting();
@@ -92,7 +86,6 @@ BEGIN_MESSAGE_MAP(Dialog, CDialog)
 ON_COMMAND(kByDialog, &Dialog::OnDialog)
 ON_COMMAND(kByAll, &Dialog::OnDialog)
 ON_COMMAND_RANGE(kRangeFirst, kRangeLast, &Dialog::OnRange)
-ON_COMMAND_EX(kEx, &Dialog::OnEx)
 ON_UPDATE_COMMAND_UI(kDisabled, &Dialog::OnPassedUpdate)
 ON_BN_CLICKED(kButton, &Dialog::OnButton)
 ON_EN_CHANGE(kEdit, &Dialog::OnEditChange)
@@ -115,16 +108,9 @@ TEST_F(Commands, GoFromDialogToOwnerToApp) {
     UINT id;
     const char* expected;
   } cases[] = {
-      {kByDialog, "dialog"},
-      {kByOwner, "owner"},
-      {kByApp, "app"},
-      {kByNobody, ""},
-      {kByAll, "dialog"},
-      {kRangeFirst, "range 0"},
-      {kRangeLast, "range 2"},
-      {kRangeLast + 1, ""},
-      {kEx, "ex app"},                            // the handler wants others to have it, too
-      {kDisabled, "dialog update owner update"},  // and is not carried out
+      {kByDialog, "dialog"},   {kByOwner, "owner"},  {kByApp, "app"},
+      {kByNobody, ""},         {kByAll, "dialog"},   {kRangeFirst, "range 0"},
+      {kRangeLast, "range 2"}, {kRangeLast + 1, ""}, {kDisabled, "dialog update owner update"},
   };
   for (const auto& c : cases) EXPECT_EQ(dialog.Command(c.id), c.expected) << c.id;
 }
@@ -180,7 +166,6 @@ class SelfContained : public CWnd {
     return brush;
   }
   afx_msg void DrawItem(LPDRAWITEMSTRUCT item) { note("own item " + std::to_string(item->itemID)); }
-  afx_msg int CompareItem(LPCOMPAREITEMSTRUCT) { return -1; }
   afx_msg void HScroll(UINT code, UINT position) {
     note("own scroll " + std::to_string(code) + " " + std::to_string(position));
   }
@@ -192,7 +177,6 @@ ON_CONTROL_REFLECT_EX(BN_CLICKED, &SelfContained::OnClicked)
 ON_NOTIFY_REFLECT(kCode, &SelfContained::OnNotification)
 ON_WM_CTLCOLOR_REFLECT()
 ON_WM_DRAWITEM_REFLECT()
-ON_WM_COMPAREITEM_REFLECT()
 ON_WM_HSCROLL_REFLECT()
 END_MESSAGE_MAP()
 
@@ -246,9 +230,6 @@ TEST_F(Commands, ControlsGetTheirNotificationsFirst) {
   draw.hwndItem = control.m_hWnd;
   EXPECT_EQ(dialog.SendMessage(WM_DRAWITEM, kButton, reinterpret_cast<LPARAM>(&draw)), TRUE);
   EXPECT_EQ(take(), "own item 7");
-  COMPAREITEMSTRUCT compare = {};
-  compare.hwndItem = control.m_hWnd;
-  EXPECT_EQ(dialog.SendMessage(WM_COMPAREITEM, kButton, reinterpret_cast<LPARAM>(&compare)), -1);
   dialog.SendMessage(WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 9), self);
   EXPECT_EQ(take(), "own scroll 4 9");
 }

@@ -11,25 +11,6 @@ DialogTemplate simple() { return DialogTemplate("Simple").Button("Go", kGo); }
 
 class Dialog : public WindowTest {};
 
-class ModelessDialog : public CDialog {
- public:
-  explicit ModelessDialog(bool* deleted) : m_deleted(deleted) {}
-  ~ModelessDialog() override { *m_deleted = true; }
-  static ModelessDialog* Make(bool* deleted) {
-    auto* const dialog = new ModelessDialog(deleted);
-    dialog->CreateIndirect(simple());
-    return dialog;
-  }
-
- protected:
-  void OnOK() override { DestroyWindow(); }
-  void OnCancel() override { DestroyWindow(); }
-  void PostNcDestroy() override { delete this; }
-
- private:
-  bool* m_deleted;
-};
-
 }  // namespace
 
 TEST_F(Dialog, ButtonEndsModalDialogFromMemory) {
@@ -45,8 +26,7 @@ TEST_F(Dialog, ButtonEndsModalDialogFromMemory) {
       EndDialog(77);
     }
   };
-  const DialogTemplate contents = DialogTemplate("OK").Button("OK", IDOK);
-  Ended dialog(contents);
+  Ended dialog(DialogTemplate("OK").Button("OK", IDOK));
   dialog.Then([&] { dialog.PostClick(IDOK); });
   EXPECT_EQ(dialog.DoModal(), 77);
   EXPECT_EQ(dialog.clicks, 1);
@@ -58,57 +38,40 @@ TEST_F(Dialog, ButtonEndsModalDialogFromMemory) {
 
 TEST_F(Dialog, MissingTemplateFails) {
   EXPECT_EQ(CDialog(12345u).DoModal(), -1);
-  class Modeless : public CDialog {
-  } modeless;
-  EXPECT_EQ(modeless.DoModal(), -1);
-  EXPECT_FALSE(modeless.Create(12345u));
-  EXPECT_FALSE(modeless.Create("no such template"));
+  EXPECT_FALSE(StepDialog(simple()).Create("no such template"));
 }
 
-TEST_F(Dialog, TemplateInGlobalMemory) {
-  const DialogTemplate contents = simple();
-  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, contents.Size());
-  memcpy(GlobalLock(memory), static_cast<LPCDLGTEMPLATE>(contents), contents.Size());
-  GlobalUnlock(memory);
-  StepDialog dialog{DialogTemplate()};
-  dialog.InitModalIndirect(memory);
-  EXPECT_EQ(dialog.DoModal(), StepDialog::kStepsDone);
-  EXPECT_EQ(GlobalFlags(memory) & GMEM_LOCKCOUNT, 0u);
-  GlobalFree(memory);
-}
+namespace {
+
+class InitialDialog : public StepDialog {
+ public:
+  InitialDialog(const DialogTemplate& contents, std::function<BOOL(InitialDialog&)> init)
+      : StepDialog(contents), m_init(std::move(init)) {}
+  BOOL OnInitDialog() override { return m_init(*this); }
+
+ private:
+  std::function<BOOL(InitialDialog&)> m_init;
+};
+
+}  // namespace
 
 TEST_F(Dialog, EndedInOnInitDialogNeverShows) {
-  class Ended : public StepDialog {
-   public:
-    using StepDialog::StepDialog;
-    BOOL OnInitDialog() override {
-      EndDialog(5);
-      return TRUE;
-    }
-  };
-  const DialogTemplate contents = simple();
-  Ended dialog(contents);
+  InitialDialog dialog(simple(), [](InitialDialog& self) {
+    self.EndDialog(5);
+    return TRUE;
+  });
   EXPECT_EQ(dialog.DoModal(), 5);
   EXPECT_EQ(dialog.m_hWnd, nullptr);
 }
 
 TEST_F(Dialog, FocusGoesWhereOnInitDialogPutIt) {
-  class Focused : public StepDialog {
-   public:
-    Focused(const DialogTemplate& contents, int id) : StepDialog(contents), m_id(id) {}
-    BOOL OnInitDialog() override {
-      if (m_id == 0) return TRUE;
-      GotoDlgCtrl(GetDlgItem(m_id));
-      return FALSE;
-    }
-
-   private:
-    int m_id;
-  };
-  const DialogTemplate contents = DialogTemplate().Edit("", kFirst).Edit("", kSecond);
-  for (const int id : {0, int(kSecond)}) {
-    Focused dialog(contents, id);
-    dialog.Then([&] { EXPECT_EQ(dialog.FocusId(), id == 0 ? kFirst : id); });
+  for (const bool puts : {false, true}) {
+    InitialDialog dialog(DialogTemplate().Edit("", kFirst).Edit("", kSecond),
+                         [puts](InitialDialog& self) {
+                           if (puts) self.GotoDlgCtrl(self.GetDlgItem(kSecond));
+                           return !puts;
+                         });
+    dialog.Then([&] { EXPECT_EQ(dialog.FocusId(), puts ? kSecond : kFirst); });
     dialog.DoModal();
   }
 }
@@ -130,39 +93,38 @@ TEST_F(Dialog, KeysMoveTheFocusAndPressButtons) {
                                       .Button("OK", IDOK, BS_DEFPUSHBUTTON)
                                       .Button("Cancel", IDCANCEL);
   Keys dialog(contents);
-  const auto focusIs = [&](int id) { return [&dialog, id] { EXPECT_EQ(dialog.FocusId(), id); }; };
-  const auto key = [](WPARAM code) { return [code] { StepDialog::PostKey(code); }; };
-  dialog.Then([&] { dialog.GetDlgItem(kOff)->EnableWindow(FALSE); })
-      .Then(key(VK_TAB))
-      .Then(focusIs(kSecond))
-      .Then(key(VK_RETURN))
-      .Then([&] { EXPECT_EQ(dialog.pressed, "OK "); })
-      .Then(key(VK_TAB))
-      .Then(focusIs(IDOK))
-      .Then(key(VK_TAB))
-      .Then(focusIs(IDCANCEL))
-      .Then(key(VK_RETURN))
-      .Then([&] { EXPECT_EQ(dialog.pressed, "OK Cancel "); })
-      .Then(key(VK_ESCAPE))
-      .Then([&] { EXPECT_EQ(dialog.pressed, "OK Cancel Cancel "); })
-      .Then(key(VK_TAB))
-      .Then(focusIs(kFirst))
-      .Then([&] { dialog.PrevDlgCtrl(); })
-      .Then(focusIs(IDCANCEL))
-      .Then([&] { dialog.NextDlgCtrl(); })
-      .Then(focusIs(kFirst));
+  const struct {
+    WPARAM key;
+    int focus;
+    const char* pressed;
+  } cases[] = {
+      {VK_TAB, kSecond, ""},
+      {VK_RETURN, kSecond, "OK "},
+      {VK_TAB, IDOK, "OK "},
+      {VK_TAB, IDCANCEL, "OK "},
+      {VK_RETURN, IDCANCEL, "OK Cancel "},
+      {VK_ESCAPE, IDCANCEL, "OK Cancel Cancel "},
+      {VK_TAB, kFirst, "OK Cancel Cancel "},
+  };
+  dialog.Then([&] { dialog.GetDlgItem(kOff)->EnableWindow(FALSE); });
+  for (const auto& c : cases) {
+    dialog.Then([&c] { StepDialog::PostKey(c.key); }).Then([&dialog, &c] {
+      EXPECT_EQ(dialog.FocusId(), c.focus) << c.pressed;
+      EXPECT_EQ(dialog.pressed, c.pressed) << c.pressed;
+    });
+  }
   EXPECT_EQ(dialog.DoModal(), StepDialog::kStepsDone);
 }
 
 TEST_F(Dialog, OwnerIsDisabledWhileModalAndEnabledAndActiveAfterwards) {
-  const DialogTemplate contents = simple();
-  StepDialog owner(contents);
+  StepDialog owner(simple());
   owner.Then([&] {
-    StepDialog inner(contents, &owner);
+    // A child cannot own a dialog: its parent does.
+    StepDialog inner(simple(), owner.GetDlgItem(kGo));
     inner.Then([&] {
       EXPECT_FALSE(owner.IsWindowEnabled());
       EXPECT_EQ(inner.GetParent(), &owner);
-      StepDialog innermost(contents, &inner);
+      StepDialog innermost(simple(), &inner);
       innermost.Then([&] {
         EXPECT_FALSE(inner.IsWindowEnabled());
         EXPECT_FALSE(owner.IsWindowEnabled());
@@ -178,18 +140,6 @@ TEST_F(Dialog, OwnerIsDisabledWhileModalAndEnabledAndActiveAfterwards) {
   EXPECT_EQ(owner.DoModal(), StepDialog::kStepsDone);
 }
 
-// A child cannot own a dialog: its parent does.
-TEST_F(Dialog, ChildAsOwnerStandsForItsParent) {
-  const DialogTemplate contents = simple();
-  StepDialog outer(contents);
-  outer.Then([&] {
-    StepDialog inner(contents, outer.GetDlgItem(kGo));
-    inner.Then([&] { EXPECT_EQ(::GetWindow(inner.m_hWnd, GW_OWNER), outer.m_hWnd); });
-    inner.DoModal();
-  });
-  outer.DoModal();
-}
-
 TEST_F(Dialog, IsCentredUnlessItsTemplateOrItselfPlacedIt) {
   const struct {
     const char* name;
@@ -202,9 +152,7 @@ TEST_F(Dialog, IsCentredUnlessItsTemplateOrItselfPlacedIt) {
       {"placed in screen coordinates", DS_ABSALIGN, 0, 0, false},
   };
   for (const auto& c : cases) {
-    const DialogTemplate contents =
-        DialogTemplate(c.name, WS_POPUP | WS_CAPTION | c.style, c.x, c.y).Button("Go", kGo);
-    StepDialog dialog(contents);
+    StepDialog dialog(DialogTemplate(c.name, WS_POPUP | WS_CAPTION | c.style, c.x, c.y));
     dialog.Then([&] {
       CRect place, screen;
       dialog.GetWindowRect(place);
@@ -216,32 +164,28 @@ TEST_F(Dialog, IsCentredUnlessItsTemplateOrItselfPlacedIt) {
   }
 }
 
-TEST_F(Dialog, DestroyedFromItsOwnHandler) {
-  const DialogTemplate contents = simple();
-  StepDialog dialog(contents);
-  dialog.Then([&] { dialog.DestroyWindow(); });
-  EXPECT_EQ(dialog.DoModal(), -1);
-  EXPECT_EQ(dialog.m_hWnd, nullptr);
-}
+namespace {
+
+class Deleted : public StepDialog {
+ public:
+  Deleted(CWnd* owner, bool* gone) : StepDialog(simple(), owner), m_gone(gone) {}
+  ~Deleted() override { *m_gone = true; }
+
+ protected:
+  void OnCancel() override { DestroyWindow(); }
+  void PostNcDestroy() override { delete this; }
+
+ private:
+  bool* m_gone;
+};
+
+}  // namespace
 
 TEST_F(Dialog, DeletedFromItsOwnHandlerWhileModal) {
-  class Deleted : public StepDialog {
-   public:
-    Deleted(const DialogTemplate& contents, CWnd* owner, bool* gone)
-        : StepDialog(contents, owner), m_gone(gone) {}
-    ~Deleted() override { *m_gone = true; }
-
-   protected:
-    void PostNcDestroy() override { delete this; }
-
-   private:
-    bool* m_gone;
-  };
-  const DialogTemplate contents = simple();
-  StepDialog owner(contents);
+  StepDialog owner(simple());
   owner.Then([&] {
     bool gone = false;
-    auto* const dialog = new Deleted(contents, &owner, &gone);
+    auto* const dialog = new Deleted(&owner, &gone);
     dialog->Then([=] { dialog->DestroyWindow(); });
     EXPECT_EQ(dialog->DoModal(), -1);
     EXPECT_TRUE(gone);
@@ -252,34 +196,17 @@ TEST_F(Dialog, DeletedFromItsOwnHandlerWhileModal) {
 
 TEST_F(Dialog, ModelessOnesDeleteThemselves) {
   bool deleted = false;
-  ModelessDialog* dialog = ModelessDialog::Make(&deleted);
-  ASSERT_NE(dialog->m_hWnd, nullptr);
+  auto* const dialog = new Deleted(nullptr, &deleted);
+  ASSERT_TRUE(dialog->CreateIndirect(simple()));
   dialog->SendMessage(WM_COMMAND, IDCANCEL);
   EXPECT_TRUE(deleted);
 
   // The destructor destroys a window that is still there.
   HWND window = nullptr;
   {
-    class Plain : public CDialog {
-    } plain;
+    StepDialog plain(simple());
     ASSERT_TRUE(plain.CreateIndirect(simple()));
     window = plain.m_hWnd;
   }
   EXPECT_FALSE(::IsWindow(window));
-}
-
-TEST_F(Dialog, DefaultButtonAndUnits) {
-  const DialogTemplate contents =
-      DialogTemplate().Button("OK", IDOK, BS_DEFPUSHBUTTON).Button("Go", kGo);
-  StepDialog dialog(contents);
-  dialog.Then([&] {
-    EXPECT_EQ(LOWORD(dialog.GetDefID()), IDOK);
-    dialog.SetDefID(kGo);
-    EXPECT_EQ(LOWORD(dialog.GetDefID()), kGo);
-    CRect units(0, 0, 400, 800);
-    dialog.MapDialogRect(units);
-    const LONG base = GetDialogBaseUnits();
-    EXPECT_EQ(units.Size(), CSize(100 * LOWORD(base), 100 * HIWORD(base)));
-  });
-  dialog.DoModal();
 }

@@ -10,42 +10,27 @@
 namespace {
 
 constexpr UINT kThrow = WM_USER + 1;
-enum Kind { kFramework, kUser, kText, kStandard, kNumber };
+using Throw = void (*)();
 
 class Thrower : public CWnd {
  public:
-  bool throwOnCreate = false;
   int paints = 0;
   bool Make() { return CreateEx(0, nullptr, "", WS_POPUP, CRect(0, 0, 50, 50), nullptr, 0); }
+  LRESULT Send(Throw raise) { return SendMessage(kThrow, reinterpret_cast<WPARAM>(raise)); }
 
  protected:
-  afx_msg int OnCreate(LPCREATESTRUCT) {
-    if (throwOnCreate) AfxThrowResourceException();
-    return 0;
-  }
   afx_msg void OnPaint() {
     ++paints;
     AfxThrowUserException();
   }
-  afx_msg LRESULT OnThrow(WPARAM kind, LPARAM) {
-    switch (kind) {
-      case kFramework:
-        AfxThrowNotSupportedException();
-      case kUser:
-        AfxThrowUserException();
-      case kText:
-        throw "the text";
-      case kStandard:
-        throw std::runtime_error("the reason");
-      default:
-        throw 1;
-    }
+  afx_msg LRESULT OnThrow(WPARAM raise, LPARAM) {
+    reinterpret_cast<Throw>(raise)();
+    return 0;
   }
   DECLARE_MESSAGE_MAP()
 };
 
 BEGIN_MESSAGE_MAP(Thrower, CWnd)
-ON_WM_CREATE()
 ON_WM_PAINT()
 ON_MESSAGE(kThrow, &Thrower::OnThrow)
 END_MESSAGE_MAP()
@@ -58,20 +43,20 @@ TEST_F(Exceptions, AreShownToTheUserUnlessTheyAreTheUsers) {
   Thrower window;
   ASSERT_TRUE(window.Make());
   const struct {
-    Kind kind;
+    Throw raise;
     const char* text;
   } cases[] = {
-      {kFramework, "An unsupported operation was attempted."},
-      {kText, "the text"},
-      {kStandard, "the reason"},
-      {kNumber, "An unknown error occurred."},
+      {[] { AfxThrowNotSupportedException(); }, "An unsupported operation was attempted."},
+      {[] { throw "the text"; }, "the text"},
+      {[] { throw std::runtime_error("the reason"); }, "the reason"},
+      {[] { throw 1; }, "An unknown error occurred."},
   };
   for (const auto& c : cases) {
     BoxAnswer box(IDOK);
-    EXPECT_EQ(window.SendMessage(kThrow, c.kind), 0);
+    EXPECT_EQ(window.Send(c.raise), 0);
     EXPECT_EQ(box.text, c.text);
   }
-  EXPECT_EQ(window.SendMessage(kThrow, kUser), 0);
+  EXPECT_EQ(window.Send([] { AfxThrowUserException(); }), 0);
 }
 
 TEST_F(Exceptions, ProgramMayTakeThem) {
@@ -88,18 +73,9 @@ TEST_F(Exceptions, ProgramMayTakeThem) {
   } app;
   Thrower window;
   ASSERT_TRUE(window.Make());
-  EXPECT_EQ(window.SendMessage(kThrow, kFramework), 5);
+  EXPECT_EQ(window.Send([] { AfxThrowNotSupportedException(); }), 5);
   EXPECT_TRUE(app.isUnsupported);
   EXPECT_EQ(app.last, kThrow);
-}
-
-TEST_F(Exceptions, StopTheCreationOfAWindow) {
-  Thrower window;
-  window.throwOnCreate = true;
-  EXPECT_FALSE(window.Make());
-  EXPECT_EQ(window.m_hWnd, nullptr);
-  window.throwOnCreate = false;
-  EXPECT_TRUE(window.Make());
 }
 
 // The system asks for a painting until it is done.

@@ -2,7 +2,6 @@
 #include <afxpriv.h>
 
 #include <functional>
-#include <map>
 #include <string>
 
 #include "windows/Steps.h"
@@ -41,7 +40,6 @@ class TestFrame : public CFrameWnd {
   static inline int handled = 0;
   static inline int disabled = 0;
   static inline int idleUpdates = 0;
-  bool mayClose = true;
 
   TestFrame() { ++alive; }
   ~TestFrame() override { --alive; }
@@ -55,9 +53,6 @@ class TestFrame : public CFrameWnd {
   afx_msg void OnUpdateDisabled(CCmdUI* ui) { ui->Enable(FALSE); }
   afx_msg void OnUpdatePassedOn(CCmdUI* ui) { ui->ContinueRouting(); }
   afx_msg LRESULT OnIdleUpdate(WPARAM, LPARAM) { return ++idleUpdates; }
-  afx_msg void OnClose() {
-    if (mayClose) CFrameWnd::OnClose();
-  }
   DECLARE_MESSAGE_MAP()
 };
 
@@ -70,7 +65,6 @@ ON_UPDATE_COMMAND_UI(ID_RENAMED, &TestFrame::OnUpdateRenamed)
 ON_UPDATE_COMMAND_UI(ID_DISABLED, &TestFrame::OnUpdateDisabled)
 ON_UPDATE_COMMAND_UI(ID_PASSED_ON, &TestFrame::OnUpdatePassedOn)
 ON_MESSAGE(WM_IDLEUPDATECMDUI, &TestFrame::OnIdleUpdate)
-ON_WM_CLOSE()
 END_MESSAGE_MAP()
 
 class Frame : public WindowTest {
@@ -109,38 +103,14 @@ TEST_F(Frame, LoadsWhatHasItsId) {
   EXPECT_FALSE(m_frame->LoadAccelTable(MAKEINTRESOURCE(IDR_FRAME))) << "it has one already";
 }
 
-TEST_F(Frame, KeepsTheProgramRunning) {
+TEST_F(Frame, KeepsTheProgramRunningAndTakesKeys) {
   m_frame->ShowWindow(SW_SHOW);
-  m_app
-      .Then([&] {
-        m_frame->mayClose = false;
-        m_frame->PostMessage(WM_CLOSE);
-      })
-      .Then([&] {
-        EXPECT_TRUE(::IsWindow(m_frame->m_hWnd));
-        m_frame->mayClose = true;
-      });
-  ExpectRunClosesIt();
-  EXPECT_GT(TestFrame::idleUpdates, 0);
-}
-
-TEST_F(Frame, ExitCommandClosesIt) {
-  m_frame->PostMessage(WM_COMMAND, ID_APP_EXIT);
-  ExpectRunClosesIt();
-}
-
-TEST_F(Frame, KeysBecomeCommands) {
-  m_frame->ShowWindow(SW_SHOW);
-  class Other : public CDialog {
-  } other;
-  ASSERT_TRUE(other.CreateIndirect(DialogTemplate().Edit("", 5), m_frame));
   m_app.Then([&] { m_frame->PostMessage(WM_KEYDOWN, VK_F5, 1); })
       .Then([&] { EXPECT_EQ(TestFrame::handled, 1); })
       .Then([&] { m_frame->PostMessage(WM_KEYDOWN, VK_F6, 1); })
-      .Then([&] { EXPECT_EQ(TestFrame::disabled, 0) << "its update handler disables it"; })
-      .Then([&] { m_frame->PostMessage(WM_KEYDOWN, VK_F7, 1); });
+      .Then([&] { EXPECT_EQ(TestFrame::disabled, 0) << "its update handler disables it"; });
   ExpectRunClosesIt();
-  EXPECT_EQ(TestFrame::handled, 1);
+  EXPECT_GT(TestFrame::idleUpdates, 0);
 }
 
 TEST_F(Frame, MenuShowsHowCommandsStand) {

@@ -1,8 +1,6 @@
 #pragma once
 
 #define IDR_FRAME 500  // menu, keys and title of a frame
-#define IDD_RESOURCE 501
-#define IDC_ITEM 502
 
 #define ID_HANDLED 0x8101
 #define ID_UNHANDLED 0x8102

@@ -31,25 +31,19 @@ class Started {
   CWinThread* m_thread;
 };
 
-UINT AFX_CDECL returnIt(LPVOID parameter) { return *static_cast<UINT*>(parameter); }
-
-UINT AFX_CDECL endEarly(LPVOID parameter) {
-  AfxEndThread(*static_cast<UINT*>(parameter) + 1, TRUE);
-  return 0;
-}
-
-UINT AFX_CDECL knowItself(LPVOID) {
-  const CWinThread* const self = AfxGetThread();
-  return self != nullptr && self->m_nThreadID == GetCurrentThreadId() ? 1 : 0;
+// 40 more when the thread knows its object.
+UINT AFX_CDECL work(LPVOID endsEarly) {
+  const UINT known = AfxGetThread()->m_nThreadID == GetCurrentThreadId() ? 40 : 0;
+  if (*static_cast<bool*>(endsEarly)) AfxEndThread(known + 1, TRUE);
+  return known;
 }
 
 }  // namespace
 
 TEST_F(Threads, ExitCodes) {
-  UINT value = 40;
-  EXPECT_EQ(Started(&returnIt, &value).ExitCode(), 40u);
-  EXPECT_EQ(Started(&endEarly, &value).ExitCode(), 41u);
-  EXPECT_EQ(Started(&knowItself, &value).ExitCode(), 1u);
+  for (bool endsEarly : {false, true}) {
+    EXPECT_EQ(Started(&work, &endsEarly).ExitCode(), endsEarly ? 41u : 40u);
+  }
 }
 
 namespace {
@@ -59,7 +53,6 @@ class WindowThread : public CWinThread {
   DECLARE_DYNCREATE(WindowThread)
  public:
   static constexpr UINT kAdd = WM_APP + 1;
-  static inline const UINT kRegisteredAdd = RegisterWindowMessage("orvane thread add");
   static inline std::atomic<int> alive;
   static inline bool starts;
 
@@ -93,7 +86,6 @@ IMPLEMENT_DYNCREATE(WindowThread, CWinThread)
 
 BEGIN_MESSAGE_MAP(WindowThread, CWinThread)
 ON_THREAD_MESSAGE(kAdd, &WindowThread::OnAdd)
-ON_REGISTERED_THREAD_MESSAGE(kRegisteredAdd, &WindowThread::OnAdd)
 END_MESSAGE_MAP()
 
 }  // namespace
@@ -104,12 +96,8 @@ TEST_F(Threads, ThreadWithWindowsRunsUntilItsMainWindowGoes) {
   thread->ResumeThread();
   // There is no queue before the thread has made one.
   while (!thread->PostThreadMessage(WindowThread::kAdd, 1, 2)) ::SwitchToThread();
-  thread->PostThreadMessage(WindowThread::kRegisteredAdd, 3, 4);
   thread->PostThreadMessage(WindowThread::kAdd, 5, 0);
-  EXPECT_EQ(thread.ExitCode(), 115u);
-}
-
-TEST_F(Threads, InitInstanceMayRefuse) {
+  EXPECT_EQ(thread.ExitCode(), 108u);
   WindowThread::starts = false;
   EXPECT_EQ(Started(RUNTIME_CLASS(WindowThread)).ExitCode(), 100u);
 }
@@ -118,14 +106,8 @@ TEST_F(Threads, ObjectsDeleteThemselves) {
   WindowThread::starts = false;
   CWinThread* const thread = AfxBeginThread(RUNTIME_CLASS(WindowThread), 0, 0, CREATE_SUSPENDED);
   EXPECT_EQ(WindowThread::alive, 1);
-  // The object closes its handle.
-  HANDLE handle = nullptr;
-  ::DuplicateHandle(::GetCurrentProcess(), thread->m_hThread, ::GetCurrentProcess(), &handle,
-                    SYNCHRONIZE, FALSE, 0);
   thread->ResumeThread();
-  ::WaitForSingleObject(handle, INFINITE);
-  ::CloseHandle(handle);
-  EXPECT_EQ(WindowThread::alive, 0);
+  while (WindowThread::alive != 0) ::SwitchToThread();
 }
 
 namespace {
@@ -144,107 +126,20 @@ UINT AFX_CDECL askTheUser(LPVOID parameter) {
 TEST_F(Threads, WorkersBoxIsOwnedByTheMainWindow) {
   CWinApp app("threads");
   StepDialog dialog(DialogTemplate("Main").Button("B", 7));
-  HWND owner = nullptr;
-  HWND main = nullptr;
-  CWinThread* thread = nullptr;
-  DWORD answer = 0;
-  class Waiting : public CWnd {
-   public:
-    HANDLE thread = nullptr;
-    BOOL ContinueModal() override { return ::WaitForSingleObject(thread, 0) == WAIT_TIMEOUT; }
-  } waiting;
   dialog.Then([&] {
     app.m_pMainWnd = &dialog;
-    main = dialog.m_hWnd;
-    waiting.CreateEx(0, nullptr, "", WS_POPUP, CRect(0, 0, 9, 9), nullptr, 0);
-    thread = AfxBeginThread(&askTheUser, &owner, 0, 0, CREATE_SUSPENDED);
-    thread->m_bAutoDelete = FALSE;
-    waiting.thread = thread->m_hThread;
-    waiting.SetTimer(1, 10);
+    HWND owner = nullptr;
+    Started thread(&askTheUser, &owner);
     thread->ResumeThread();
-    waiting.RunModalLoop(MLF_NOKICKIDLE);
-    ::GetExitCodeThread(thread->m_hThread, &answer);
-    delete thread;
-    waiting.DestroyWindow();
+    while (::MsgWaitForMultipleObjects(1, &thread->m_hThread, FALSE, INFINITE, QS_ALLINPUT) !=
+           WAIT_OBJECT_0) {
+      MSG message;
+      while (::PeekMessage(&message, nullptr, 0, 0, PM_REMOVE)) ::DispatchMessage(&message);
+    }
+    EXPECT_EQ(thread.ExitCode(), DWORD(IDYES));
+    EXPECT_EQ(owner, dialog.m_hWnd);
     EXPECT_TRUE(dialog.IsWindowEnabled());
     app.m_pMainWnd = nullptr;
   });
   dialog.DoModal();
-  EXPECT_EQ(answer, DWORD(IDYES));
-  EXPECT_EQ(owner, main);
-}
-
-namespace {
-
-// A worker that asks the user with a dialog of its own while the user's thread waits for it.
-class Worker {
- public:
-  explicit Worker(CDialog& waiting) : m_waiting(waiting), m_userThread(GetCurrentThreadId()) {
-    m_thread = AfxBeginThread(&Work, this, 0, 0, CREATE_SUSPENDED);
-    m_thread->m_bAutoDelete = FALSE;
-    m_thread->ResumeThread();
-  }
-  ~Worker() {
-    ::WaitForSingleObject(m_thread->m_hThread, INFINITE);
-    delete m_thread;
-  }
-
-  std::atomic<bool> done = false;
-  int answer = 0;
-  bool ownerWasDisabled = false;
-
- private:
-  static UINT AFX_CDECL Work(LPVOID self) { return static_cast<Worker*>(self)->Ask(); }
-
-  UINT Ask() {
-    ::AttachThreadInput(m_userThread, GetCurrentThreadId(), TRUE);
-    m_waiting.ShowWindow(SW_HIDE);
-    {
-      StepDialog question(DialogTemplate("Question").Button("OK", IDOK));
-      question.Then([&] {
-        ownerWasDisabled = !::IsWindowEnabled(::GetWindow(question.m_hWnd, GW_OWNER));
-        question.PostClick(IDOK);
-      });
-      answer = static_cast<int>(question.DoModal());
-    }
-    m_waiting.ShowWindow(SW_SHOW);
-    done = true;
-    DeleteTemporaryObjects();
-    m_waiting.PostMessage(WM_NULL);
-    return 0;
-  }
-
-  CDialog& m_waiting;
-  DWORD m_userThread;
-  CWinThread* m_thread;
-};
-
-class WaitingDialog : public CDialog {
- public:
-  const std::atomic<bool>* done = nullptr;
-  BOOL ContinueModal() override { return !*done; }
-};
-
-}  // namespace
-
-TEST_F(Threads, WorkersDialogWhileTheUsersThreadWaits) {
-  CWinApp app("threads");
-  StepDialog main(DialogTemplate("Main").Button("B", 7));
-  main.Then([&] {
-    app.m_pMainWnd = &main;
-    WaitingDialog waiting;
-    waiting.CreateIndirect(DialogTemplate("Waiting").Button("Stop", IDCANCEL), &main);
-    main.EnableWindow(FALSE);
-    {
-      Worker worker(waiting);
-      waiting.done = &worker.done;
-      waiting.RunModalLoop(MLF_SHOWONIDLE);
-      EXPECT_EQ(worker.answer, IDOK);
-      EXPECT_TRUE(worker.ownerWasDisabled);
-    }
-    main.EnableWindow(TRUE);
-    waiting.DestroyWindow();
-    app.m_pMainWnd = nullptr;
-  });
-  EXPECT_EQ(main.DoModal(), StepDialog::kStepsDone);
 }

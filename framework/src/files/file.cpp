@@ -2,8 +2,6 @@
 
 #include <shlwapi.h>
 
-#include <memory>
-
 #include "files/file_paths.h"
 #include "system/owned_handle.h"
 
@@ -113,18 +111,6 @@ BOOL CFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags, CFileException* pError) 
   return TRUE;
 }
 
-CFile* CFile::Duplicate() const {
-  auto copy = std::make_unique<CFile>();
-  HANDLE handle;
-  if (!DuplicateHandle(GetCurrentProcess(), handleOf(*this), GetCurrentProcess(), &handle, 0, FALSE,
-                       DUPLICATE_SAME_ACCESS))
-    throwLastError(m_strFileName);
-  copy->m_hFile = numberOf(handle);
-  copy->m_bCloseOnDelete = TRUE;
-  copy->m_strFileName = m_strFileName;
-  return copy.release();
-}
-
 UINT CFile::Read(void* lpBuf, UINT nCount) {
   if (nCount == 0) return 0;
   DWORD done = 0;
@@ -157,14 +143,6 @@ DWORD CFile::GetLength() const {
 void CFile::SetLength(DWORD dwNewLen) {
   seek(*this, dwNewLen, FILE_BEGIN, m_strFileName);
   if (!SetEndOfFile(handleOf(*this))) throwLastError(m_strFileName);
-}
-
-void CFile::LockRange(DWORD dwPos, DWORD dwCount) {
-  if (!LockFile(handleOf(*this), dwPos, 0, dwCount, 0)) throwLastError(m_strFileName);
-}
-
-void CFile::UnlockRange(DWORD dwPos, DWORD dwCount) {
-  if (!UnlockFile(handleOf(*this), dwPos, 0, dwCount, 0)) throwLastError(m_strFileName);
 }
 
 void CFile::Flush() {

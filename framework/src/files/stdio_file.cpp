@@ -142,9 +142,3 @@ void CStdioFile::Abort() {
   m_hFile = hFileNull;
   CFile::Abort();
 }
-
-CFile* CStdioFile::Duplicate() const { AfxThrowNotSupportedException(); }
-
-void CStdioFile::LockRange(DWORD, DWORD) { AfxThrowNotSupportedException(); }
-
-void CStdioFile::UnlockRange(DWORD, DWORD) { AfxThrowNotSupportedException(); }

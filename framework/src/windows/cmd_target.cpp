@@ -18,8 +18,7 @@ BOOL CCmdTarget::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO*
   UINT nMessage = HIWORD(nCode);
   UINT nCodeInMaps = LOWORD(nCode);
   if (static_cast<UINT>(nCode) == CN_UPDATE_COMMAND_UI) {
-    // An id of 0 asks a control about itself.
-    nMessage = nID != 0 ? WM_COMMAND : WM_REFLECT_BASE + WM_COMMAND;
+    nMessage = WM_COMMAND;
     nCodeInMaps = CN_UPDATE_COMMAND_UI;
   } else if (nMessage == 0) {
     nMessage = WM_COMMAND;

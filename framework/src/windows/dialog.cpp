@@ -16,7 +16,6 @@ END_MESSAGE_MAP()
 CDialog::CDialog()
     : m_nIDHelp(0),
       m_lpszTemplateName(nullptr),
-      m_hDialogTemplate(nullptr),
       m_lpDialogTemplate(nullptr),
       m_lpDialogInit(nullptr),
       m_pParentWnd(nullptr),

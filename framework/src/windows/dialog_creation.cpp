@@ -27,25 +27,6 @@ struct Template {
   LPCDLGTEMPLATE contents = nullptr;
 };
 
-// A template in global memory, locked as long as this lives.
-class LockedTemplate {
- public:
-  explicit LockedTemplate(HGLOBAL memory)
-      : m_memory(memory),
-        m_contents(memory == nullptr ? nullptr : static_cast<LPCDLGTEMPLATE>(GlobalLock(memory))) {}
-  ~LockedTemplate() {
-    if (m_contents != nullptr) GlobalUnlock(m_memory);
-  }
-  LockedTemplate(const LockedTemplate&) = delete;
-  LockedTemplate& operator=(const LockedTemplate&) = delete;
-
-  LPCDLGTEMPLATE Contents() const { return m_contents; }
-
- private:
-  HGLOBAL m_memory;
-  LPCDLGTEMPLATE m_contents;
-};
-
 // The window that PreModal has disabled is enabled again, even if nobody calls PostModal any more.
 class DisabledByPreModal {
  public:
@@ -118,23 +99,11 @@ BOOL CDialog::CreateIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd,
   return CreateDlgIndirect(lpDialogTemplate, pParentWnd, AfxGetResourceHandle());
 }
 
-BOOL CDialog::CreateIndirect(HGLOBAL hDialogTemplate, CWnd* pParentWnd) {
-  const LockedTemplate locked(hDialogTemplate);
-  return CreateIndirect(locked.Contents(), pParentWnd);
-}
-
 BOOL CDialog::InitModalIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd,
                                 void* lpDialogInit) {
   m_lpDialogTemplate = lpDialogTemplate;
-  m_hDialogTemplate = nullptr;
   m_lpDialogInit = lpDialogInit;
   if (pParentWnd != nullptr) m_pParentWnd = pParentWnd;
-  return TRUE;
-}
-
-BOOL CDialog::InitModalIndirect(HGLOBAL hDialogTemplate, CWnd* pParentWnd) {
-  InitModalIndirect(LPCDLGTEMPLATE(nullptr), pParentWnd);
-  m_hDialogTemplate = hDialogTemplate;
   return TRUE;
 }
 
@@ -166,8 +135,6 @@ void CDialog::PostModal() {
 int CDialog::DoModal() {
   LPCDLGTEMPLATE contents = m_lpDialogTemplate;
   HINSTANCE module = AfxGetResourceHandle();
-  const LockedTemplate locked(m_hDialogTemplate);
-  if (locked.Contents() != nullptr) contents = locked.Contents();
   if (m_lpszTemplateName != nullptr) {
     const Template resource(m_lpszTemplateName);
     contents = resource.contents;

@@ -28,30 +28,3 @@ int CWnd::MessageBox(LPCTSTR lpszText, LPCTSTR lpszCaption, UINT nType) {
   return ::MessageBox(m_hWnd, lpszText, lpszCaption != nullptr ? lpszCaption : AfxGetAppName(),
                       nType);
 }
-
-// Whether a command without a handler greys the control: only push buttons stand for commands.
-static bool isPushButton(HWND control) {
-  if ((::SendMessage(control, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON) == 0) return false;
-  switch (::GetWindowLong(control, GWL_STYLE) & BS_TYPEMASK) {
-    case BS_PUSHBUTTON:
-    case BS_DEFPUSHBUTTON:
-    case BS_OWNERDRAW:
-      return true;
-    default:
-      return false;
-  }
-}
-
-void CWnd::UpdateDialogControls(CCmdTarget* pTarget, BOOL bDisableIfNoHndler) {
-  HWND next;
-  for (HWND control = ::GetTopWindow(m_hWnd); control != nullptr; control = next) {
-    next = ::GetWindow(control, GW_HWNDNEXT);
-    CWnd* const window = FromHandle(control);
-    CCmdUI state;
-    state.m_nID = static_cast<UINT>(::GetDlgCtrlID(control)) & 0xFFFF;
-    state.m_pOther = window;
-    // The control itself first.
-    if (window->OnCmdMsg(0, static_cast<int>(CN_UPDATE_COMMAND_UI), &state, nullptr)) continue;
-    state.DoUpdate(pTarget, bDisableIfNoHndler && isPushButton(control));
-  }
-}
