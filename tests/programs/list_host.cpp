@@ -6,6 +6,8 @@
 //                                          kept under KEY, and writes to FILE what it looks like
 //   list_host arrange COLUMN WIDTH KEY TITLE...  opens it, makes a column so wide and sorts by it,
 //                                          descending
+//   list_host read TITLE                   opens a list in a window with that title for other
+//                                          programs to read, until the window is closed
 // The exit status is 0; 1: a window could not be opened; 99: wrong usage.
 #include <afxwin.h>
 
@@ -32,9 +34,10 @@ class Documents : public MListCtrl {
   enum { kName, kFolder, kStatus, kModified, kSize };
   enum { kSame, kChanged, kNew, kDeleted };
 
-  explicit Documents(const char* key = nullptr) {
+  explicit Documents(const char* key = nullptr, unsigned long shown = ~0ul) {
     SetRegistryKey(key);
     SetSortMethod(0, 1);
+    SetEnabledColumns(shown);
     AddColumn("Document Name", CompareStr);
     AddColumn("Folder Name", CompareStr);
     AddEnumColumn("Status", 4, "Same\tModified\tNew\tDeleted");
@@ -224,6 +227,20 @@ int arrange(int column, int width, const char* key, char** titles) {
   return 0;
 }
 
+// Without the folders, and with the columns dragged: status, name, size, time.
+int letRead(const char* title) {
+  Documents list(nullptr, ~(1ul << Documents::kFolder));
+  Frame frame(list, title);
+  if (!frame.IsOpen()) return 1;
+  list.Fill();
+  list.SetSortKey(Documents::kName, 0);
+  int order[] = {1, 0, 3, 2};
+  list.SetColumnOrderArray(4, order);
+  list.UpdateWindow();
+  frame.Run();
+  return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -235,5 +252,6 @@ int main(int argc, char** argv) {
   if (is("show", 3)) return show(argv[2]);
   if (is("layout", 5)) return writeLayout(argv[2], argv[3], argv + 4);
   if (is("arrange", 6)) return arrange(atoi(argv[2]), atoi(argv[3]), argv[4], argv + 5);
+  if (is("read", 3)) return letRead(argv[2]);
   return 99;
 }
