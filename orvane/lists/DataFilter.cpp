@@ -4,6 +4,7 @@
 #include <cstring>
 #include <utility>
 
+#include "lists/CellValue.h"
 #include "lists/TextMatch.h"
 #include "markup/NoException.h"
 #include "settings/SettingsGroup.h"
@@ -13,10 +14,6 @@ namespace {
 
 constexpr long kDay = 24 * 60 * 60;
 constexpr char kInvert[] = "invert";
-
-uint32_t asNumber(const char* value) {
-  return static_cast<uint32_t>(reinterpret_cast<uintptr_t>(value));
-}
 
 // Half a filter is none, so all of its values are stored or none: 1 or 0. Without a key there is
 // nothing to do.
@@ -141,7 +138,7 @@ int EnumFilter::Save() const {
 }
 
 int EnumFilter::Match(const char* value) const {
-  const uint32_t number = asNumber(value);
+  const uint32_t number = NumberOf(value);
   return number < 32 && (m_mask >> number & 1) != 0;
 }
 
@@ -176,7 +173,7 @@ int TimeFilter::Save() const {
 }
 
 int TimeFilter::Match(const char* value) const {
-  const auto seconds = static_cast<int32_t>(asNumber(value));
+  const auto seconds = static_cast<int32_t>(NumberOf(value));
   return m_start.GetTime() <= seconds && seconds <= m_end.GetTime();
 }
 
@@ -199,6 +196,6 @@ int NumericFilter::Save() const {
 }
 
 int NumericFilter::Match(const char* value) const {
-  const int64_t number = asNumber(value);
+  const int64_t number = NumberOf(value);
   return m_from <= number && number <= m_to;
 }

@@ -18,11 +18,11 @@ class ORVANE_API DataFilter {
   DataFilter(const DataFilter&) = delete;
   DataFilter& operator=(const DataFilter&) = delete;
 
-  // Lets the user edit the filter in its dialog. 1: it was changed and saved; 0: it is as before,
-  // because the user has cancelled or no dialog may be shown.
+  // Lets the user edit the filter in its dialog. 1: it was changed, and saved if the registry lets
+  // it; 0: it is as before, because the user has cancelled or no dialog may be shown.
   virtual int Edit() = 0;
-  // Sets the defaults of the kind or, not 0, the saved settings, with defaults for what is missing
-  // or makes no sense.
+  // Sets the defaults of the kind or, not 0, the saved settings, with the default in the place
+  // of each that is missing or damaged.
   virtual void Load(int fromRegistry) = 0;
   // The condition itself. value: a cell's text, or its number in the place of the pointer.
   virtual int Match(const char* value) const = 0;

@@ -1,5 +1,6 @@
 #include "lists/FilterWords.h"
 
+#include "lists/CellValue.h"
 #include "lists/MListCtrl.h"
 #include "resources/resource.h"
 #include "settings/MString.h"
@@ -49,8 +50,8 @@ CString words(const StringFilter& filter) {
 CString words(const EnumFilter& filter) {
   CString text;
   const auto& texts = filter.GetTexts();
-  for (size_t value = 0; value < texts.size() && value < 32; ++value) {
-    if (filter.IsMatch(reinterpret_cast<const char*>(value)) == 0) continue;
+  for (uint32_t value = 0; value < texts.size() && value < 32; ++value) {
+    if (!filter.IsMatch(ValueOf(value))) continue;
     if (!text.IsEmpty()) text += ", ";
     text += texts[value];
   }

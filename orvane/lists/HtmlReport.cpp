@@ -168,6 +168,6 @@ class HtmlReport : public ReportWriter {
 
 }  // namespace
 
-std::unique_ptr<ReportWriter> MakeHtmlReport(ReportFile& file, const ReportHead& head) {
+std::unique_ptr<ReportWriter> MakeHtmlReport(COXMarkupFile& file, const ReportHead& head) {
   return std::make_unique<HtmlReport>(file, head);
 }

@@ -41,6 +41,11 @@ void MListCtrl::SetUrlAndProduct(const char* url, const char* product) {
   m_productName = product;
 }
 
+void MListCtrl::OnHlReport(const HlReportCallbacks& callbacks, void* client) {
+  m_hlReport = callbacks;
+  m_hlReportClient = client;
+}
+
 // --- The window ---
 
 BOOL MListCtrl::Create(DWORD style, const RECT& place, CWnd* parent, UINT id) {

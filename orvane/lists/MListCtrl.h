@@ -72,7 +72,7 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
 
   using CompareValues = ListOrder::CompareValues;
   using CompareTexts = ListOrder::CompareTexts;
-  // The first argument of all callbacks is the pointer that was given with them.
+  // client: the pointer that was given with the callback.
   using SelectFn = void (*)(void* client, unsigned long id);
   using ContextMenuFn = void (*)(void* client, int row, unsigned long id, MPopupMenu& menu);
   using UserCommandFn = void (*)(void* client, int index);
@@ -228,7 +228,8 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   virtual int SetFilter(int column, const char* pattern, int type, int negate = 0);
   // For derived lists that filter in their own way. Here it does nothing and gives 0.
   virtual int SetFilter(const char* pattern, int type, int negate);
-  // Shows all items.
+  // Clears the pattern, and so shows all items. The type and negate stay, by design: under
+  // FilterNever nothing is shown until the next SetFilter.
   void ResetFilter();
   int IsFiltered() const { return !m_filter.pattern.IsEmpty(); }
   // The filter in words; empty: none.
@@ -420,6 +421,8 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   // A column argument as a data index, or kDescription; -1: there is no such column.
   int DataIndex(int column, int byDataIndex) const;
   bool HasRow(int row) const { return row >= 0 && row < GetItemCount(); }
+  template <class Complete>
+  int Declare(const char* title, ListColumnKind kind, int descendingFirst, Complete complete);
   int AppendColumn(const ListColumn& column);
   void InsertHeader(int position);
   CString HeaderText(int position) const;
@@ -463,7 +466,7 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   void OpenRow(int row);
   int OpenFile(int view);
   void CopySelected();
-  void FillContextMenu(MPopupMenu& menu);
+  void FillContextMenu(MPopupMenu& menu, bool onRow);
   void MarkSortMenu();
 
   ListColumns m_columns;

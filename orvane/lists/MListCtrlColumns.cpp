@@ -5,6 +5,7 @@
 
 #include "diag/trace.h"
 #include "lists/MListCtrl.h"
+#include "markup/NoException.h"
 #include "resources/resource.h"
 #include "settings/MString.h"
 #include "settings/SettingsGroup.h"
@@ -27,36 +28,45 @@ CString menuText(const CString& title) {
 
 // --- Declaration ---
 
+template <class Complete>
+int MListCtrl::Declare(const char* title, ListColumnKind kind, int descendingFirst,
+                       Complete complete) {
+  return WithoutException([&] {
+    ListColumn column;
+    column.title = title;
+    column.kind = kind;
+    column.initialDirection = descendingFirst ? -1 : 1;
+    complete(column);
+    return AppendColumn(column);
+  });
+}
+
 int MListCtrl::AddColumn(const char* title, CompareValues compare, int descendingFirst) {
-  ListColumn column;
-  column.title = title;
-  column.compareValues = compare;
-  column.initialDirection = descendingFirst ? -1 : 1;
-  return AppendColumn(column);
+  return Declare(title, ListColumnText, descendingFirst,
+                 [=](ListColumn& column) { column.compareValues = compare; });
 }
 
 int MListCtrl::AddColumn(const char* title, CompareTexts compare, int descendingFirst) {
-  ListColumn column;
-  column.title = title;
-  column.compareTexts = compare;
-  column.initialDirection = descendingFirst ? -1 : 1;
-  return AppendColumn(column);
+  return Declare(title, ListColumnText, descendingFirst,
+                 [=](ListColumn& column) { column.compareTexts = compare; });
 }
 
 int MListCtrl::AddUnsortedColumn(const char* title) {
-  ListColumn column;
-  column.title = title;
-  return AppendColumn(column);
+  return Declare(title, ListColumnText, 0, [](ListColumn&) {});
 }
 
 int MListCtrl::AddEnumColumn(const char* title, int count, const char* values,
                              int descendingFirst) {
-  ListColumn column;
-  column.title = title;
-  column.kind = ListColumnEnum;
-  column.enumTexts = EnumTexts(count, values);
-  column.initialDirection = descendingFirst ? -1 : 1;
-  return AppendColumn(column);
+  return Declare(title, ListColumnEnum, descendingFirst,
+                 [=](ListColumn& column) { column.enumTexts = EnumTexts(count, values); });
+}
+
+int MListCtrl::AddTimeColumn(const char* title, int descendingFirst) {
+  return Declare(title, ListColumnTime, descendingFirst, [](ListColumn&) {});
+}
+
+int MListCtrl::AddNumericColumn(const char* title, int descendingFirst) {
+  return Declare(title, ListColumnNumeric, descendingFirst, [](ListColumn&) {});
 }
 
 int MListCtrl::UpdateEnumColumnValues(int column, int count, const char* values) {
@@ -64,25 +74,11 @@ int MListCtrl::UpdateEnumColumnValues(int column, int count, const char* values)
     ASSERT(FALSE);
     return 0;
   }
-  m_columns[column].enumTexts = EnumTexts(count, values);
-  if (m_hWnd != nullptr) Invalidate();
-  return 1;
-}
-
-int MListCtrl::AddTimeColumn(const char* title, int descendingFirst) {
-  ListColumn column;
-  column.title = title;
-  column.kind = ListColumnTime;
-  column.initialDirection = descendingFirst ? -1 : 1;
-  return AppendColumn(column);
-}
-
-int MListCtrl::AddNumericColumn(const char* title, int descendingFirst) {
-  ListColumn column;
-  column.title = title;
-  column.kind = ListColumnNumeric;
-  column.initialDirection = descendingFirst ? -1 : 1;
-  return AppendColumn(column);
+  return WithoutException([=, this] {
+    m_columns[column].enumTexts = EnumTexts(count, values);
+    if (m_hWnd != nullptr) Invalidate();
+    return 1;
+  });
 }
 
 int MListCtrl::AppendColumn(const ListColumn& column) {
@@ -109,12 +105,10 @@ int MListCtrl::AppendColumn(const ListColumn& column) {
 }
 
 std::vector<CString> MListCtrl::EnumTexts(int count, const char* values) {
-  std::vector<CString> texts;
   CString all(values);
   std::vector<const char*> pieces(static_cast<size_t>(std::max(count, 0)));
   BreakDataStr(all.GetBuffer(0), count, pieces.data());
-  texts.assign(pieces.begin(), pieces.end());
-  return texts;
+  return {pieces.begin(), pieces.end()};
 }
 
 void MListCtrl::BreakDataStr(char* text, int count, const char** pieces) {

@@ -115,8 +115,7 @@ void MListCtrl::AttachSortMenu(CMenu& menu) {
   MPopupMenu::AppendCopy(menu, m_sortMenu, MString::Loaded(IDS_SORT_BY));
 }
 
-void MListCtrl::FillContextMenu(MPopupMenu& menu) {
-  const bool onRow = HasRow(FocusedRow());
+void MListCtrl::FillContextMenu(MPopupMenu& menu, bool onRow) {
   if (m_openCommand && onRow) {
     GetFileMenu(menu);
     menu.SetDefaultItem(CommandOpen);
@@ -152,7 +151,7 @@ void MListCtrl::OnContextMenu(CWnd* window, CPoint point) {
     row = HitTest(inside);
   }
   MPopupMenu menu;
-  FillContextMenu(menu);
+  FillContextMenu(menu, HasRow(row));
   if (m_onContextMenu) m_onContextMenu(HasRow(row) ? row : -1, GetItemData(row), std::ref(menu));
   HideTip();
   if (const UINT code = menu.Choose(point, this)) ExecuteCode(code);
@@ -276,11 +275,6 @@ int MListCtrl::FindByPrefix(int column, const char* prefix, bool whole, int star
 }
 
 // --- Label editing ---
-
-void MListCtrl::OnHlReport(const HlReportCallbacks& callbacks, void* client) {
-  m_hlReport = callbacks;
-  m_hlReportClient = client;
-}
 
 void MListCtrl::OnLabelEdit(LabelEditFn fn, void* client) {
   m_onLabelEdit = {fn, client};

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "diag/trace.h"
+#include "lists/CellValue.h"
 #include "lists/MListCtrl.h"
 #include "markup/NoException.h"
 #include "messages/message.h"
@@ -17,14 +18,6 @@ constexpr char kUnknownEnum[] = " Error (0x%lx)";
 constexpr char kNoTime[] = "{N/A}";
 // The parenthesis belongs to the text of a number, by design: callers cut it off.
 constexpr char kNumberFormat[] = "%ld)";
-
-// A number in the place of a pointer.
-uint32_t asNumber(const char* value) {
-  return static_cast<uint32_t>(reinterpret_cast<uintptr_t>(value));
-}
-const char* asValue(uint32_t number) {
-  return reinterpret_cast<const char*>(static_cast<uintptr_t>(number));
-}
 
 }  // namespace
 
@@ -44,7 +37,7 @@ void MListCtrl::StoreValue(uint32_t record, int column, const char* value) {
   if (m_columns[column].kind == ListColumnText)
     StoreText(record, SlotOf(column), value, m_storeMultiLine != 0);
   else
-    m_map.Slot(record, SlotOf(column)).number = asNumber(value);
+    m_map.Slot(record, SlotOf(column)).number = NumberOf(value);
 }
 
 void MListCtrl::StoreValues(uint32_t record, const char* const* values, int withDescription) {
@@ -87,8 +80,8 @@ const char* MListCtrl::FromDataString(int column, const char* piece) const {
   const ListColumn& declared = m_columns[column];
   if (declared.kind == ListColumnText) return piece;
   for (size_t i = 0; i < declared.enumTexts.size(); ++i)
-    if (declared.enumTexts[i] == piece) return asValue(static_cast<uint32_t>(i));
-  return asValue(static_cast<uint32_t>(strtoll(piece, nullptr, 10)));
+    if (declared.enumTexts[i] == piece) return ValueOf(static_cast<uint32_t>(i));
+  return ValueOf(static_cast<uint32_t>(strtoll(piece, nullptr, 10)));
 }
 
 int MListCtrl::UpdateItem(unsigned long id, char* dataString, int withDescription) {

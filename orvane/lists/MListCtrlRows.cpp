@@ -197,9 +197,9 @@ int MListCtrl::SetFilter(int column, const char* pattern, int type, int negate) 
 int MListCtrl::SetFilter(const char*, int, int) { return 0; }
 
 void MListCtrl::ResetFilter() {
-  const bool showedAll = !IsFiltered() && m_filter.type != FilterNever;
-  m_filter = {};
-  if (!showedAll) Refilter();
+  if (!IsFiltered()) return;
+  m_filter.pattern.Empty();
+  Refilter();
 }
 
 void MListCtrl::Refilter() {

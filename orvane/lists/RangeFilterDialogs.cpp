@@ -3,16 +3,32 @@
 #include <afxcmn.h>
 #include <afxdtctl.h>
 
+#include <cstdint>
+
 #include "lists/filter_dialogs_ids.h"
 #include "messages/message.h"
 #include "resources/resource.h"
 #include "util/TimeUtil.h"
+
+namespace {
+
+constexpr time_t kDay = 24 * 60 * 60;
+
+}  // namespace
 
 TimeFilterDialog::TimeFilterDialog(const TimeFilter& filter, CWnd* owner)
     : CDialog(IDD_TIME_FILTER, owner),
       m_start(filter.GetStart()),
       m_end(filter.GetEnd()),
       m_exclude(filter.GetInvert() != 0) {}
+
+// The pickers know more dates than a time does: those that it cannot be are not offered.
+BOOL TimeFilterDialog::OnInitDialog() {
+  const CTime first = kDay, last = INT32_MAX - kDay;  // whatever the time zone is
+  for (const int id : {IDC_FROM_DATE, IDC_TO_DATE})
+    static_cast<CDateTimeCtrl*>(GetDlgItem(id))->SetRange(&first, &last);
+  return CDialog::OnInitDialog();
+}
 
 void TimeFilterDialog::DoDataExchange(CDataExchange* dx) {
   CDialog::DoDataExchange(dx);

@@ -15,6 +15,7 @@ class TimeFilterDialog : public CDialog {
   int GetInvert() const { return m_exclude; }
 
  protected:
+  BOOL OnInitDialog() override;
   void DoDataExchange(CDataExchange* dx) override;
   void OnOK() override;
 

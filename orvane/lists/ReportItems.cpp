@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "lists/CellValue.h"
 #include "lists/FilterWords.h"
 #include "lists/ReportText.h"
 #include "resources/resource.h"
@@ -50,10 +51,9 @@ bool ReportItems::Passes(uint32_t record, const ReportFilter& filter) const {
     return true;
   const int slot = MListCtrl::SlotOf(filter.column);
   const ListDataMap& map = m_list.m_map;
-  const char* const value =
-      m_list.m_columns[filter.column].kind == ListColumnText
-          ? map.Text(record, slot)
-          : reinterpret_cast<const char*>(static_cast<uintptr_t>(map.Slot(record, slot).number));
+  const char* const value = m_list.m_columns[filter.column].kind == ListColumnText
+                                ? map.Text(record, slot)
+                                : ValueOf(map.Slot(record, slot).number);
   return filter.filter->IsMatch(value) != 0;
 }
 

@@ -4,8 +4,8 @@
 #include <new>
 #include <vector>
 
+#include "entry/PathUtils.h"
 #include "lists/MListCtrl.h"
-#include "lists/ReportFile.h"
 #include "lists/ReportItems.h"
 #include "lists/ReportText.h"
 #include "lists/ReportWriter.h"
@@ -17,7 +17,7 @@
 
 namespace {
 
-std::unique_ptr<ReportWriter> makeWriter(ReportFormat format, ReportFile& file,
+std::unique_ptr<ReportWriter> makeWriter(ReportFormat format, COXMarkupFile& file,
                                          const ReportHead& head) {
   switch (format) {
     case ReportFormat::Text:
@@ -48,6 +48,27 @@ DWORD errorOf(Work work) {
   return ERROR_INTERNAL_ERROR;  // of a client's function
 }
 
+DWORD lastErrorOr(DWORD other) {
+  const DWORD error = GetLastError();
+  return error != 0 ? error : other;
+}
+
+// Begins the file, in a folder that is made when missing. 0, or the system's error: also when what
+// stands at path could not be replaced.
+DWORD openFile(COXMarkupFile& file, const CString& path) {
+  char full[MAX_PATH] = "";
+  const DWORD length = GetFullPathNameA(path, sizeof full, full, nullptr);
+  if (length == 0 || length >= sizeof full) return ERROR_BAD_PATHNAME;
+  EnsureFileFolder(full);
+  return file.Create(full) ? 0 : lastErrorOr(ERROR_CANNOT_MAKE);
+}
+
+// 0, or the system's error of a write that has just failed on this thread: after one not even an
+// empty text can be written.
+DWORD writeError(COXMarkupFile& file) {
+  return file.Write("") ? 0 : lastErrorOr(ERROR_WRITE_FAULT);
+}
+
 // A report of up to so many cells is made within a moment, under a busy cursor.
 constexpr size_t kCellsWithoutWindow = 200'000;
 
@@ -57,7 +78,7 @@ struct ReportOperation::Run {
   Run(MListCtrl& list, const ReportSettings& settings) : items(list, settings) {}
 
   ReportItems items;
-  ReportFile file;
+  COXMarkupFile file;
   ReportHead head;
   std::unique_ptr<ReportWriter> writer;
 };
@@ -101,7 +122,7 @@ DWORD ReportOperation::MakeReport() {
   m_run = std::make_unique<Run>(m_list, m_settings);
   if (!m_run->items.HasColumns()) return ends(Outcome::NoColumns);
   if (m_settings.outputFile.IsEmpty()) return ends(Outcome::NoFile);
-  if (const DWORD error = m_run->file.Open(m_settings.outputFile); error != 0)
+  if (const DWORD error = openFile(m_run->file, m_settings.outputFile); error != 0)
     return ends(Outcome::NotOpened, error);
   {
     const CWaitCursor wait;
@@ -113,7 +134,8 @@ DWORD ReportOperation::MakeReport() {
   if (const DWORD error = WriteRows(); error != 0) return ends(Outcome::NotWritten, error);
   if (m_run->items.Count() > 0 && wasAborted()) return ends(Outcome::Stopped);
   m_run->writer->End();
-  const DWORD error = m_run->file.PutInPlace();
+  DWORD error = writeError(m_run->file);
+  if (error == 0 && !m_run->file.Close()) error = lastErrorOr(ERROR_WRITE_FAULT);
   return ends(error == 0 ? Outcome::Done : Outcome::NotWritten, error);
 }
 
@@ -141,7 +163,10 @@ DWORD ReportOperation::WriteRows() {
   SetNoGui(m_settings.isQuiet);
   SetShowProgress(count * m_run->head.columns.size() > kCellsWithoutWindow);
   m_error = 0;
-  if (passes == 1 || count == 0) m_run->writer->Begin();
+  if (passes == 1 || count == 0) {
+    m_run->writer->Begin();
+    if (const DWORD error = writeError(m_run->file); error != 0) return error;
+  }
   const bool done = DoOperation(1) != 0;
   const DWORD error = m_error;
   return done || error != 0 ? error : ERROR_INTERNAL_ERROR;
@@ -157,7 +182,7 @@ OperationReturnState ReportOperation::Operation(unsigned index) {
     } else {
       m_run->writer->Add(row);
     }
-    return m_run->file.Error();
+    return writeError(m_run->file);
   });
   return m_error == 0 ? OperationDone : OperationFailedStop;
 }

@@ -3,14 +3,15 @@
 
 #include <memory>
 
-#include "lists/ReportFile.h"
 #include "lists/ReportItems.h"
+#include "markup/OXMarkupFile.h"
 
-// Writes a report in one format: Begin, each row once, End. It keeps no rows.
+// Writes a report in one format: Begin, each row once, End. It keeps no rows. Whether all was
+// written is the file's to tell.
 class ReportWriter {
  public:
   // Both stay the caller's.
-  ReportWriter(ReportFile& file, const ReportHead& head) : m_file(file), m_head(head) {}
+  ReportWriter(COXMarkupFile& file, const ReportHead& head) : m_file(file), m_head(head) {}
   virtual ~ReportWriter() = default;
 
   // Whether each row is to be shown to Measure before the first is written.
@@ -22,11 +23,11 @@ class ReportWriter {
   virtual void End() = 0;
 
  protected:
-  ReportFile& m_file;
+  COXMarkupFile& m_file;
   const ReportHead& m_head;
 };
 
-std::unique_ptr<ReportWriter> MakeHtmlReport(ReportFile& file, const ReportHead& head);
-std::unique_ptr<ReportWriter> MakeTextReport(ReportFile& file, const ReportHead& head);
-std::unique_ptr<ReportWriter> MakeXmlReport(ReportFile& file, const ReportHead& head);
-std::unique_ptr<ReportWriter> MakeTabReport(ReportFile& file, const ReportHead& head);
+std::unique_ptr<ReportWriter> MakeHtmlReport(COXMarkupFile& file, const ReportHead& head);
+std::unique_ptr<ReportWriter> MakeTextReport(COXMarkupFile& file, const ReportHead& head);
+std::unique_ptr<ReportWriter> MakeXmlReport(COXMarkupFile& file, const ReportHead& head);
+std::unique_ptr<ReportWriter> MakeTabReport(COXMarkupFile& file, const ReportHead& head);

@@ -62,6 +62,6 @@ class TabReport : public ReportWriter {
 
 }  // namespace
 
-std::unique_ptr<ReportWriter> MakeTabReport(ReportFile& file, const ReportHead& head) {
+std::unique_ptr<ReportWriter> MakeTabReport(COXMarkupFile& file, const ReportHead& head) {
   return std::make_unique<TabReport>(file, head);
 }

@@ -30,7 +30,7 @@ std::string_view takeLine(std::string_view& text) {
 
 class TextReport : public ReportWriter {
  public:
-  TextReport(ReportFile& file, const ReportHead& head)
+  TextReport(COXMarkupFile& file, const ReportHead& head)
       : ReportWriter(file, head), m_widths(head.columns.size()), m_rest(head.columns.size()) {
     if (!head.isShown) return;
     for (size_t i = 0; i < m_widths.size(); ++i) Widen(i, head.columns[i].title);
@@ -122,6 +122,6 @@ class TextReport : public ReportWriter {
 
 }  // namespace
 
-std::unique_ptr<ReportWriter> MakeTextReport(ReportFile& file, const ReportHead& head) {
+std::unique_ptr<ReportWriter> MakeTextReport(COXMarkupFile& file, const ReportHead& head) {
   return std::make_unique<TextReport>(file, head);
 }

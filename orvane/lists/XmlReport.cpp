@@ -93,9 +93,9 @@ class ElementWriter : public COXParser {
 
 class XmlReport : public ReportWriter {
  public:
-  XmlReport(ReportFile& file, const ReportHead& head)
+  XmlReport(COXMarkupFile& file, const ReportHead& head)
       : ReportWriter(file, head),
-        m_writer(file.Markup()),
+        m_writer(file),
         m_root(nullptr, "report"),
         m_item(nullptr, "item") {}
 
@@ -187,6 +187,6 @@ class XmlReport : public ReportWriter {
 
 }  // namespace
 
-std::unique_ptr<ReportWriter> MakeXmlReport(ReportFile& file, const ReportHead& head) {
+std::unique_ptr<ReportWriter> MakeXmlReport(COXMarkupFile& file, const ReportHead& head) {
   return std::make_unique<XmlReport>(file, head);
 }

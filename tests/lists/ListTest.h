@@ -1,7 +1,5 @@
-// A list in a window, for tests.
+// A list of made-up files, for tests.
 #pragma once
-
-#include <afxcmn.h>
 
 #include <gtest/gtest.h>
 
@@ -9,7 +7,8 @@
 #include <vector>
 
 #include "lists/MListCtrl.h"
-#include "support/Watchdog.h"
+#include "settings/RegistryUtil.h"
+#include "support/RegistrySubtree.h"
 
 // So that messages of GoogleTest show the text.
 inline std::string str(const CString& text) {
@@ -19,14 +18,6 @@ inline std::string str(const CString& text) {
 // A number in the place of a text.
 inline const char* number(uint32_t value) {
   return reinterpret_cast<const char*>(static_cast<uintptr_t>(value));
-}
-
-inline void pumpMessages() {
-  MSG message;
-  while (PeekMessage(&message, nullptr, 0, 0, PM_REMOVE)) {
-    TranslateMessage(&message);
-    DispatchMessage(&message);
-  }
 }
 
 // The files of a made-up folder: name, state, time, size.
@@ -58,33 +49,13 @@ class Files : public MListCtrl {
     InitSelectedArray(ids);
     return {ids.GetData(), ids.GetData() + ids.GetSize()};
   }
-  unsigned long Focused() const { return GetSelectedItem(1); }
 };
 
 using Ids = std::vector<unsigned long>;
 
-// Temporary objects, which live until their thread is idle, end with the test.
-class ListWindowTest : public testing::Test {
- protected:
-  void SetUp() override {
-    m_parent.CreateEx(0, AfxRegisterWndClass(0), "Lists", WS_POPUP, 0, 0, 500, 400, nullptr,
-                      nullptr);
-    m_parent.ShowWindow(SW_SHOW);
-  }
-  void TearDown() override {
-    m_parent.DestroyWindow();
-    CWnd::DeleteTempMap();
-    CGdiObject::DeleteTempMap();
-    CDC::DeleteTempMap();
-    CMenu::DeleteTempMap();
-  }
-  void Show(MListCtrl& list) {
-    ASSERT_TRUE(list.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 480, 300), &m_parent, 1000));
-    pumpMessages();
-  }
-
-  CWnd m_parent;
-
- private:
-  watchdog::ExpectWindows m_windows;
+// A key whose user values are the user's own.
+class UserKey : public RegistrySubtree {
+ public:
+  UserKey() { MRegistry::InitProductRegistry(c_str(), 1); }
+  ~UserKey() { MRegistry::FreeProductRegistry(); }
 };

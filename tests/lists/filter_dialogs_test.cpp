@@ -1,20 +1,10 @@
 // The filters' dialogs, as the user sees and uses them.
-#include "dialogs/Driver.h"
-#include "lists/EnumFilterDialog.h"
-#include "lists/ListTest.h"
+#include "lists/DialogSteps.h"
 #include "lists/filter_dialogs_ids.h"
-#include "settings/RegistryUtil.h"
-#include "support/RegistrySubtree.h"
 
 namespace {
 
-void choose(HWND window, int id, int entry) {
-  SendDlgItemMessage(window, id, CB_SETCURSEL, static_cast<WPARAM>(entry), 0);
-  SendMessage(window, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE),
-              reinterpret_cast<LPARAM>(GetDlgItem(window, id)));
-}
-
-bool enabled(HWND window, int id) { return IsWindowEnabled(GetDlgItem(window, id)); }
+using FilterDialogs = TestWithWindows;
 
 // The entries of a combo box.
 std::vector<std::string> entries(HWND window, int id) {
@@ -28,40 +18,23 @@ std::vector<std::string> entries(HWND window, int id) {
   return texts;
 }
 
-// Temporary objects, which live until their thread is idle, end with the test.
-class FilterDialogs : public testing::Test {
- protected:
-  void TearDown() override {
-    CWnd::DeleteTempMap();
-    CGdiObject::DeleteTempMap();
-    CDC::DeleteTempMap();
-    CMenu::DeleteTempMap();
-  }
-};
-
 }  // namespace
 
 TEST_F(FilterDialogs, TextConditions) {
-  const RegistrySubtree key;
-  MRegistry::InitProductRegistry(key.c_str(), 1);
+  const UserKey key;
   StringFilter filter(MListCtrl::CompareStr, key.c_str());
+  const std::vector<int> edits = {IDC_FIRST_TEXT, IDC_SECOND_TEXT, IDC_AND, IDC_OR};
   {
-    Driver driver({[](HWND window) {
-                     EXPECT_EQ(Driver::TextOf(window), "String Filter");
+    Driver driver({expectTitle("String Filter"), expectEnabled(edits, "0000"),
+                   [](HWND window) {
                      EXPECT_EQ(entries(window, IDC_FIRST_CONDITION).size(), 11u);
                      EXPECT_EQ(entries(window, IDC_FIRST_CONDITION)[0], "include all");
                      EXPECT_EQ(entries(window, IDC_SECOND_CONDITION)[0], "not activated");
                      EXPECT_EQ(entries(window, IDC_SECOND_CONDITION)[9], "contains");
-                     EXPECT_FALSE(enabled(window, IDC_FIRST_TEXT));
-                     EXPECT_FALSE(enabled(window, IDC_OR));
-                     choose(window, IDC_FIRST_CONDITION, 3);
-                     EXPECT_TRUE(enabled(window, IDC_FIRST_TEXT));
-                     EXPECT_FALSE(enabled(window, IDC_SECOND_TEXT));
-                     choose(window, IDC_SECOND_CONDITION, 9);
-                     EXPECT_TRUE(enabled(window, IDC_SECOND_TEXT));
-                     SetDlgItemText(window, IDC_FIRST_TEXT, "first");
-                     SetDlgItemText(window, IDC_SECOND_TEXT, "second");
                    },
+                   choose(IDC_FIRST_CONDITION, 3), expectEnabled(edits, "1000"),
+                   choose(IDC_SECOND_CONDITION, 9), expectEnabled(edits, "1111"),
+                   type(IDC_FIRST_TEXT, "first"), type(IDC_SECOND_TEXT, "second"),
                    Driver::Click(IDC_OR), Driver::Click(IDOK)});
     EXPECT_TRUE(filter.Edit());
   }
@@ -72,8 +45,7 @@ TEST_F(FilterDialogs, TextConditions) {
   EXPECT_EQ(str(saved.Get().secondText), "second");
   EXPECT_FALSE(saved.Get().bothConditions);
   {
-    Driver driver({[](HWND window) { SetDlgItemText(window, IDC_FIRST_TEXT, "other"); },
-                   Driver::Press(VK_ESCAPE)});
+    Driver driver({type(IDC_FIRST_TEXT, "other"), Driver::Press(VK_ESCAPE)});
     EXPECT_FALSE(saved.Edit());
   }
   EXPECT_EQ(str(saved.Get().firstText), "first") << "cancelled";
@@ -85,12 +57,10 @@ TEST_F(FilterDialogs, TextConditions) {
          EXPECT_EQ(entries(window, IDC_FIRST_CONDITION),
                    (std::vector<std::string>{"include all", "begins with", "does not begin with",
                                              "contains", "does not contain"}));
-         choose(window, IDC_FIRST_CONDITION, 1);
        },
-       Driver::Press(VK_RETURN)});
+       choose(IDC_FIRST_CONDITION, 1), Driver::Press(VK_RETURN)});
   EXPECT_TRUE(withoutComparison.Edit());
   EXPECT_EQ(withoutComparison.Get().firstCondition, StringFilter::BeginsWith);
-  MRegistry::FreeProductRegistry();
 }
 
 TEST_F(FilterDialogs, ValuesAreBoxesInATree) {
@@ -106,53 +76,32 @@ TEST_F(FilterDialogs, ValuesAreBoxesInATree) {
     PostMessage(tree, WM_LBUTTONDOWN, MK_LBUTTON, point);
     PostMessage(tree, WM_LBUTTONUP, 0, point);
   };
-  {
-    Driver driver({[&](HWND window) {
-                     EXPECT_EQ(Driver::TextOf(window), "Enumeration Filter");
-                     click(window, 1);
-                   },
-                   [&](HWND window) { click(window, 0); }, [](HWND) {}, Driver::Click(IDOK)});
+  const auto edited = [&](std::vector<Driver::Step> steps) {
+    steps.push_back(Driver::Click(IDOK));
+    Driver driver(std::move(steps));
     EXPECT_TRUE(filter.Edit());
-  }
-  EXPECT_EQ(filter.GetMask() & 7, 6u);
-  {
-    Driver driver({Driver::Click(IDC_INVERT_VALUES), Driver::Click(IDOK)});
-    EXPECT_TRUE(filter.Edit());
-  }
-  EXPECT_EQ(filter.GetMask() & 7, 1u);
-  {
-    Driver driver({Driver::Click(IDC_SELECT_ALL_VALUES), Driver::Click(IDOK)});
-    EXPECT_TRUE(filter.Edit());
-  }
-  EXPECT_EQ(filter.GetMask() & 7, 7u);
+    return filter.GetMask() & 7;
+  };
+  EXPECT_EQ(edited({expectTitle("Enumeration Filter"), [&](HWND window) { click(window, 1); },
+                    [&](HWND window) { click(window, 0); }, [](HWND) {}}),
+            6u);
+  EXPECT_EQ(edited({Driver::Click(IDC_INVERT_VALUES)}), 1u);
+  EXPECT_EQ(edited({Driver::Click(IDC_SELECT_ALL_VALUES)}), 7u);
 }
 
 TEST_F(FilterDialogs, RangesMustNotBeReversed) {
   NumericFilter numbers(nullptr);
-  const auto isMessage = [](const char* part) {
-    return [part](HWND window) {
-      std::string all;
-      for (HWND child = GetWindow(window, GW_CHILD); child != nullptr;
-           child = GetWindow(child, GW_HWNDNEXT))
-        all += Driver::TextOf(child);
-      EXPECT_NE(all.find(part), std::string::npos) << all;
-    };
-  };
   {
-    Driver driver({[](HWND window) {
-                     EXPECT_EQ(Driver::TextOf(window), "Numeric Filter");
-                     EXPECT_EQ(IsDlgButtonChecked(window, IDC_EXCLUDE), 1u) << "a new filter";
-                     CheckRadioButton(window, IDC_INCLUDE, IDC_EXCLUDE, IDC_INCLUDE);
-                     SetDlgItemText(window, IDC_FROM_NUMBER, "7");
-                     SetDlgItemText(window, IDC_TO_NUMBER, "-7");
-                   },
-                   Driver::Click(IDOK), isMessage("Starting number is greater than ending number"),
-                   Driver::Press(VK_RETURN),
+    Driver driver({expectTitle("Numeric Filter"),
                    [](HWND window) {
-                     EXPECT_EQ(GetFocus(), GetDlgItem(window, IDC_FROM_NUMBER));
-                     SetDlgItemText(window, IDC_FROM_NUMBER, "-9");
+                     EXPECT_TRUE(IsDlgButtonChecked(window, IDC_EXCLUDE)) << "a new filter";
                    },
-                   Driver::Click(IDOK)});
+                   Driver::Click(IDC_INCLUDE), type(IDC_FROM_NUMBER, "7"),
+                   type(IDC_TO_NUMBER, "-7"), Driver::Click(IDOK),
+                   Driver::UntilShown("Starting number is greater than ending number"),
+                   Driver::Press(VK_RETURN),
+                   [](HWND window) { EXPECT_EQ(GetFocus(), GetDlgItem(window, IDC_FROM_NUMBER)); },
+                   type(IDC_FROM_NUMBER, "-9"), Driver::Click(IDOK)});
     EXPECT_TRUE(numbers.Edit());
   }
   EXPECT_EQ(numbers.GetFrom(), -9);
@@ -163,11 +112,18 @@ TEST_F(FilterDialogs, RangesMustNotBeReversed) {
   const CTime day(2020, 5, 17, 13, 14, 15), nextDay(2020, 5, 18, 1, 2, 3);
   times.Set(nextDay, day);
   {
-    Driver driver({Driver::Click(IDOK), isMessage("Starting (From) date is greater"),
+    Driver driver({Driver::Click(IDOK),
+                   Driver::UntilShown("Starting (From) date is greater than Ending (To) date"),
                    Driver::Press(VK_RETURN),
                    [&](HWND window) {
+                     EXPECT_EQ(GetFocus(), GetDlgItem(window, IDC_FROM_DATE));
                      SYSTEMTIME time;
+                     const HWND to = GetDlgItem(window, IDC_TO_DATE);
                      day.GetAsSystemTime(time);
+                     time.wYear = 2050;
+                     DateTime_SetSystemtime(to, GDT_VALID, &time);
+                     DateTime_GetSystemtime(to, &time);
+                     EXPECT_EQ(time.wYear, 2020) << "a time cannot be in that year";
                      SendDlgItemMessage(window, IDC_FROM_DATE, DTM_SETSYSTEMTIME, GDT_VALID,
                                         reinterpret_cast<LPARAM>(&time));
                    },

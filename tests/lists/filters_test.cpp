@@ -1,10 +1,9 @@
 // The filters on single columns, and what they keep.
 #include <memory>
 
+#include "lists/FilterWords.h"
 #include "lists/ListTest.h"
-#include "settings/RegistryUtil.h"
 #include "support/AssertionLog.h"
-#include "support/RegistrySubtree.h"
 #include "util/TimeUtil.h"
 
 namespace {
@@ -15,13 +14,6 @@ StringFilter::Settings conditions(int first, const char* firstText, int second =
                                   const char* secondText = "", int both = 1) {
   return {first, second, firstText, secondText, both};
 }
-
-// A key whose user values are the user's own.
-class UserKey : public RegistrySubtree {
- public:
-  UserKey() { MRegistry::InitProductRegistry(c_str(), 1); }
-  ~UserKey() { MRegistry::FreeProductRegistry(); }
-};
 
 }  // namespace
 
@@ -46,7 +38,7 @@ TEST(StringFilters, EachCondition) {
       {MListCtrl::CompareStr, conditions(11, ""), nullptr, "anything"},
       {MListCtrl::CompareStr, conditions(-1, ""), nullptr, "anything"},
       {MListCtrl::CompareStr, conditions(3, "b", 5, "d"), "c", "b"},
-      {MListCtrl::CompareStr, conditions(3, "b", 5, "d"), "c", "d"},
+      {MListCtrl::CompareStr, conditions(3, "b", 5, "d"), nullptr, "d"},
       {MListCtrl::CompareStr, conditions(1, "b", 1, "d", 0), "d", "c"},
       {MListCtrl::CompareStr, conditions(1, "b", 0, "", 0), "c", nullptr},  // one is always true
       // Neither greater nor less.
@@ -64,15 +56,6 @@ TEST(StringFilters, EachCondition) {
     EXPECT_FALSE(c.rejected != nullptr && filter.IsMatch(c.rejected)) << number;
     ++number;
   }
-}
-
-TEST(StringFilters, Ranges) {
-  const StringFilter closed(MListCtrl::CompareStr, "a", "m"), open(MListCtrl::CompareStr, "k", "");
-  EXPECT_TRUE(closed.IsMatch("m"));
-  EXPECT_FALSE(closed.IsMatch("ma"));
-  EXPECT_FALSE(closed.IsMatch("A"));
-  EXPECT_TRUE(open.IsMatch("z"));
-  EXPECT_FALSE(open.IsMatch("a"));
 }
 
 TEST(NumberFilters, Bounds) {
@@ -118,65 +101,47 @@ TEST(NumberFilters, Bounds) {
 TEST(SavedFilters, AreReadByTheNextOneOfTheirColumn) {
   const UserKey key;
   Files list;
-  const auto filter = [&]<class Filter>(Filter*, int column) {
-    return std::unique_ptr<Filter>(dynamic_cast<Filter*>(list.GetFilter(column, "Second")));
-  };
   {
     AssertionLog log;
     EXPECT_EQ(list.GetFilter(0), nullptr) << "no key";
     EXPECT_FALSE(log.Empty());
   }
   list.SetRegistryKey(key.c_str());
-  {
-    const auto texts = filter(static_cast<StringFilter*>(nullptr), Files::kName);
-    ASSERT_NE(texts, nullptr);
-    EXPECT_EQ(str(texts->GetKey()), key / "NameSecond");
-    texts->Set(conditions(3, "from", 9, "part", 0));
-    EXPECT_TRUE(texts->Save());
-    const auto values = filter(static_cast<EnumFilter*>(nullptr), Files::kState);
-    values->SetMask(5);
-    values->SetInvert(1);
-    EXPECT_TRUE(values->Save());
-    const auto times = filter(static_cast<TimeFilter*>(nullptr), Files::kTime);
-    times->Set(100, 200);
-    times->SetInvert(0);
-    EXPECT_TRUE(times->Save());
-    const auto numbers = filter(static_cast<NumericFilter*>(nullptr), Files::kSize);
-    numbers->Set(-7, 9);
-    numbers->SetInvert(0);
-    EXPECT_TRUE(numbers->Save());
+  const auto newFilter = [&](int column) {
+    return std::shared_ptr<DataFilter>(list.GetFilter(column, "Second"));
+  };
+  const auto words = [&](int column, const std::shared_ptr<DataFilter>& filter) {
+    return str(FilterInWords(list, {column, filter, true}, true));
+  };
+  const auto texts = newFilter(Files::kName), values = newFilter(Files::kState),
+             times = newFilter(Files::kTime), numbers = newFilter(Files::kSize);
+  static_cast<StringFilter&>(*texts).Set(conditions(3, "from", 9, "part", 0));
+  static_cast<EnumFilter&>(*values).SetMask(5);
+  static_cast<TimeFilter&>(*times).Set(1'000'000, 2'000'000);
+  static_cast<NumericFilter&>(*numbers).Set(-7, 9);
+  values->SetInvert(1);
+  times->SetInvert(0);
+  numbers->SetInvert(0);
+  int column = 0;
+  for (const auto& filter : {texts, values, times, numbers}) {
+    EXPECT_TRUE(filter->Save());
+    const auto saved = newFilter(column);
+    EXPECT_NE(words(column, saved), words(column, filter)) << "until it is asked to read";
+    saved->Reset(1);
+    EXPECT_EQ(words(column, saved), words(column, filter));
+    ++column;
   }
-  const auto texts = filter(static_cast<StringFilter*>(nullptr), Files::kName);
-  EXPECT_EQ(texts->Get().firstCondition, 0) << "until it is asked to read";
-  texts->Reset(1);
-  EXPECT_EQ(texts->Get().firstCondition, 3);
-  EXPECT_EQ(str(texts->Get().firstText), "from");
-  EXPECT_EQ(texts->Get().secondCondition, 9);
-  EXPECT_EQ(str(texts->Get().secondText), "part");
-  EXPECT_FALSE(texts->Get().bothConditions);
-  const auto values = filter(static_cast<EnumFilter*>(nullptr), Files::kState);
-  values->Reset(1);
-  EXPECT_EQ(values->GetMask(), 5u);
-  EXPECT_TRUE(values->GetInvert());
-  EXPECT_EQ(values->GetTexts().size(), 3u);
-  const auto times = filter(static_cast<TimeFilter*>(nullptr), Files::kTime);
-  times->Reset(1);
-  EXPECT_EQ(times->GetEnd().GetTime(), 200);
-  EXPECT_FALSE(times->GetInvert());
-  const auto numbers = filter(static_cast<NumericFilter*>(nullptr), Files::kSize);
-  numbers->Reset(1);
-  EXPECT_EQ(numbers->GetFrom(), -7);
-  numbers->Reset(0);
-  EXPECT_EQ(numbers->GetFrom(), 0);
-  EXPECT_TRUE(numbers->GetInvert());
 
   // A condition that there is not, and one that the column's kind of text cannot have.
-  const MRegistry damaged((key / "NameSecond").c_str());
+  EXPECT_EQ(str(texts->GetKey()), key / "NameSecond");
+  const MRegistry damaged(texts->GetKey());
   damaged.SetUserKey("FirstCondition", 77ul);
+  damaged.SetUserKey("SecondCondition", 0ul);
   texts->Reset(1);
-  EXPECT_EQ(texts->Get().firstCondition, 0);
-  StringFilter withoutComparison(nullptr, (key / "NameSecond").c_str());
+  EXPECT_EQ(words(0, texts), "Primary filter on column Name: include all");
+  StringFilter withoutComparison(nullptr, texts->GetKey());
   damaged.SetUserKey("FirstCondition", 3ul);
+  damaged.SetUserKey("SecondCondition", 9ul);
   withoutComparison.Reset(1);
   EXPECT_EQ(withoutComparison.Get().firstCondition, 0);
   EXPECT_EQ(withoutComparison.Get().secondCondition, 9);

