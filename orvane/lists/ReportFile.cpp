@@ -12,9 +12,8 @@ DWORD lastErrorOr(DWORD other) {
 }  // namespace
 
 DWORD ReportFile::Open(const CString& path) {
-  char full[MAX_PATH] = "";
-  const DWORD length = GetFullPathNameA(path, sizeof full, full, nullptr);
-  if (length == 0 || length >= sizeof full) return ERROR_BAD_PATHNAME;
+  char full[MAX_PATH];
+  if (!GetFullPath(path, full)) return ERROR_BAD_PATHNAME;
   EnsureFileFolder(full);
   return m_file.Create(full) ? 0 : lastErrorOr(ERROR_CANNOT_MAKE);
 }
