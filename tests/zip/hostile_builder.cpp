@@ -12,48 +12,38 @@ constexpr uint32_t kCentralSignature = 0x02014B50;
 // Puts an archive together and notes where its numbers stand.
 class Assembler {
  public:
-  void Put(uint16_t value) { PutNumber(value, 2); }
-  void Put(uint32_t value) { PutNumber(value, 4); }
-  void Put(const std::string& bytes) { m_layout.bytes += bytes; }
+  template <class... Values>
+  void Put(const Values&... values) {
+    (PutOne(values), ...);
+  }
 
   void PutLocal(const Entry& entry) {
-    Put(entry.local.signature);
+    PutOne(entry.local.signature);
     PutCommon(entry.local);
-    Put(entry.local.name);
-    Put(entry.local.extra);
-    Put(entry.data);
-    Put(entry.descriptor);
+    Put(entry.local.name, entry.local.extra, entry.data, entry.descriptor);
   }
 
   void PutCentral(const Entry& entry, uint32_t offset) {
-    Put(entry.central.signature);
-    Put(entry.madeBy);
+    Put(entry.central.signature, entry.madeBy);
     PutCommon(entry.central);
-    Put(entry.commentLength.value_or(static_cast<uint16_t>(entry.comment.size())));
-    Put(entry.disk);
-    Put(entry.internal);
-    Put(entry.external);
-    Put(entry.offset.value_or(offset));
-    Put(entry.central.name);
-    Put(entry.central.extra);
-    Put(entry.comment);
+    Put(entry.commentLength.value_or(static_cast<uint16_t>(entry.comment.size())), entry.disk,
+        entry.internal, entry.external, entry.offset.value_or(offset), entry.central.name,
+        entry.central.extra, entry.comment);
   }
 
   size_t size() const { return m_layout.bytes.size(); }
   Layout& layout() { return m_layout; }
 
  private:
+  void PutOne(uint16_t value) { PutNumber(value, 2); }
+  void PutOne(uint32_t value) { PutNumber(value, 4); }
+  void PutOne(const std::string& bytes) { m_layout.bytes += bytes; }
+
   void PutCommon(const Header& header) {
-    Put(header.version);
-    Put(header.flags);
-    Put(header.method);
-    Put(header.time);
-    Put(header.date);
-    Put(header.crc);
-    Put(header.compressed);
-    Put(header.uncompressed);
-    Put(header.nameLength.value_or(static_cast<uint16_t>(header.name.size())));
-    Put(header.extraLength.value_or(static_cast<uint16_t>(header.extra.size())));
+    Put(header.version, header.flags, header.method, header.time, header.date, header.crc,
+        header.compressed, header.uncompressed,
+        header.nameLength.value_or(static_cast<uint16_t>(header.name.size())),
+        header.extraLength.value_or(static_cast<uint16_t>(header.extra.size())));
   }
 
   void PutNumber(uint32_t value, unsigned width) {
@@ -89,8 +79,7 @@ Entry Deflated(const std::string& name, const std::string& plain) {
   return entry;
 }
 
-Entry Streamed(const std::string& name, const std::string& plain, bool withSignature) {
-  Entry entry = Deflated(name, plain);
+Entry Piped(Entry entry, bool withSignature) {
   entry.Both(&Header::flags, kHasDescriptor);
   entry.local.crc = entry.local.compressed = entry.local.uncompressed = 0;
   if (withSignature) entry.descriptor = "PK\7\10";
@@ -138,16 +127,11 @@ Layout Archive::LayOut() const {
   const size_t directoryEnd = assembler.size();
   assembler.Put(beforeEnd);
   const size_t end = assembler.size();
-  assembler.Put(endSignature);
-  assembler.Put(disk);
-  assembler.Put(directoryDisk);
-  assembler.Put(countHere.value_or(records));
-  assembler.Put(count.value_or(records));
-  assembler.Put(directorySize.value_or(static_cast<uint32_t>(directoryEnd - directory)));
-  assembler.Put(directoryOffset.value_or(static_cast<uint32_t>(directory - stub.size())));
-  assembler.Put(commentLength.value_or(static_cast<uint16_t>(comment.size())));
-  assembler.Put(comment);
-  assembler.Put(behind);
+  assembler.Put(endSignature, disk, directoryDisk, countHere.value_or(records),
+                count.value_or(records),
+                directorySize.value_or(static_cast<uint32_t>(directoryEnd - directory)),
+                directoryOffset.value_or(static_cast<uint32_t>(directory - stub.size())),
+                commentLength.value_or(static_cast<uint16_t>(comment.size())), comment, behind);
 
   Layout layout = std::move(assembler.layout());
   layout.offsets = offsets;
@@ -165,7 +149,7 @@ Archive GoodArchive() {
   archive.entries = {
       Deflated("text.txt", text), Stored("noise.bin", Noise(300, 1)),
       Folder("folder/"),          Deflated("folder/inner.txt", text.substr(100, 500)),
-      Stored("empty", ""),        Streamed("streamed.txt", text.substr(50))};
+      Stored("empty", ""),        Piped(Deflated("streamed.txt", text.substr(50)))};
   return archive;
 }
 
@@ -181,7 +165,7 @@ std::string ExtraBlock(uint16_t id, const std::string& bytes) {
 
 std::string Deflate(const std::string& plain) {
   z_stream stream = {};
-  if (deflateInit2(&stream, 9, Z_DEFLATED, -15, 8, Z_DEFAULT_STRATEGY) != Z_OK) return {};
+  if (deflateInit2(&stream, 8, Z_DEFLATED, -15, 8, Z_DEFAULT_STRATEGY) != Z_OK) return {};
   std::string data(deflateBound(&stream, static_cast<uLong>(plain.size())), 0);
   stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(plain.data()));
   stream.avail_in = static_cast<uInt>(plain.size());
@@ -196,8 +180,6 @@ std::string Deflate(const std::string& plain) {
 uint32_t Crc(const std::string& bytes) {
   return crc32(0, reinterpret_cast<const Bytef*>(bytes.data()), static_cast<uInt>(bytes.size()));
 }
-
-std::string Repeat(char c, size_t times) { return std::string(times, c); }
 
 std::string Noise(size_t size, uint32_t seed) {
   std::mt19937 random(seed);

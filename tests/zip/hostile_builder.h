@@ -72,9 +72,9 @@ struct Entry {
 
 Entry Stored(const std::string& name, const std::string& plain);
 Entry Deflated(const std::string& name, const std::string& plain);
-// Sizes and CRC stand behind the data, with the descriptor's usual signature or without.
-Entry Streamed(const std::string& name, const std::string& plain, bool withSignature = true);
 Entry Folder(const std::string& name);
+// The entry with its sizes and CRC behind the data, with the descriptor's usual signature or not.
+Entry Piped(Entry entry, bool withSignature = true);
 
 // The local header, data and descriptor of an entry.
 std::string LocalPart(const Entry& entry);
@@ -130,12 +130,9 @@ std::string U32(uint32_t value);
 // A field of an extra block: id, length, bytes.
 std::string ExtraBlock(uint16_t id, const std::string& bytes);
 
-// Raw deflate data of some bytes.
+// Raw deflate data of some bytes, of level 8.
 std::string Deflate(const std::string& plain);
 uint32_t Crc(const std::string& bytes);
-
-// A character so many times.
-std::string Repeat(char c, size_t times);
 
 // Bytes that don't compress, the same for the same seed.
 std::string Noise(size_t size, uint32_t seed);

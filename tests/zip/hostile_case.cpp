@@ -39,32 +39,14 @@ void CheckEntry(const Entry& entry, const EntryOutcome& outcome, char expected) 
   }
 }
 
-// Nothing is extracted as good but what went into the archive.
-void CheckNothingMadeUp(const Archive& archive, const Outcome& outcome) {
-  for (size_t i = 0; i < outcome.entries.size(); ++i) {
-    if (outcome.entries[i].memory != kZipOk) continue;
-    const bool known = std::any_of(
-        archive.entries.begin(), archive.entries.end(),
-        [&](const Entry& entry) { return DigestOf(entry.plain) == outcome.entries[i].bytes; });
-    EXPECT_TRUE(known) << "entry " << i << " is extracted as good, with wrong bytes";
-  }
-}
-
 void CheckOutcome(const Archive& archive, const Outcome& outcome, std::string expected) {
-  EXPECT_EQ(outcome.problem, "");
-  CheckNothingMadeUp(archive, outcome);
-  EXPECT_EQ(outcome.message, outcome.opened ? "" : "Zipfile is corrupt or not a zipfile");
-  if (expected == "any") return;
-  if (expected == "refused") {
-    EXPECT_FALSE(outcome.opened);
-    return;
-  }
+  ExpectNothingMadeUp(archive, outcome);
   const bool mayBeRefused = expected[0] == '~';
   if (mayBeRefused) expected.erase(0, 1);
   if (mayBeRefused && !outcome.opened) return;
-  ASSERT_TRUE(outcome.opened) << outcome.message;
+  ASSERT_EQ(outcome.opened, expected != "refused");
+  if (!outcome.opened) return;
   ASSERT_EQ(static_cast<size_t>(outcome.count), expected.size());
-
   size_t index = 0;
   for (const Entry& entry : archive.entries) {
     if (!entry.hasCentral || index == outcome.entries.size()) continue;
@@ -87,9 +69,7 @@ void Check(const Case& hostileCase) {
   const std::string bytes = archive.Bytes();
   const TempFolder folder;
   for (const ZipKind source : {kZipMemory, kZipFileName, kZipHandle}) {
-    SCOPED_TRACE(source == kZipMemory     ? "from memory"
-                 : source == kZipFileName ? "by file name"
-                                          : "by handle");
+    SCOPED_TRACE(testing::Message() << "source " << source);
     CheckOutcome(archive, ReadEverything(bytes, source, folder), hostileCase.expected);
   }
 }

@@ -18,7 +18,6 @@ struct Case {
   //   f  any failure
   //   .  any documented result
   // A "~" in front: the archive may also be refused when it is opened. "refused": it must be.
-  // "any": everything documented will do.
   const char* expected;
 
   // Makes the case out of GoodArchive().

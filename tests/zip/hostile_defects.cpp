@@ -22,27 +22,8 @@ void ReplaceData(Entry& entry, const std::string& data) {
 
 const Case kEndRecords[] = {
     {"Comment", "gggggg", [](Archive& a) { a.comment = FakeEnd(0, 0, 0) + "more comment"; }},
-    {"CommentThatFitsTheEnd", "any", [](Archive& a) { a.comment = FakeEnd(0, 0, 0); }},
-    {"CommentThatPointsNowhere", "any", [](Archive& a) { a.comment = FakeEnd(9, 0x7000, 0); }},
     {"CountTooHigh", "~gggggg.", [](Archive& a) { a.count = a.countHere = 7; }},
     {"CountTooLow", "~ggggg", [](Archive& a) { a.count = a.countHere = 5; }},
-    {"CountsDiffer", "any", [](Archive& a) { a.countHere = 3; }},
-    {"CountZero", "any", [](Archive& a) { a.count = a.countHere = 0; }},
-    {"CountHighest", "any", [](Archive& a) { a.count = a.countHere = 65535; }},
-    {"DirectorySizeTooLarge", "any", [](Archive& a) { a.directorySize = 1000; }},
-    {"DirectorySizeTooSmall", "any", [](Archive& a) { a.directorySize = 60; }},
-    {"DirectorySizeZero", "any", [](Archive& a) { a.directorySize = 0; }},
-    {"DirectorySizeHighest", "any", [](Archive& a) { a.directorySize = 0xFFFFFFFE; }},
-    {"DirectoryOffsetPastEnd", "any", [](Archive& a) { a.directoryOffset = 0x01000000; }},
-    {"DirectoryOffsetHighest", "any", [](Archive& a) { a.directoryOffset = 0xFFFFFFFE; }},
-    {"DirectoryOffsetZero", "any", [](Archive& a) { a.directoryOffset = 0; }},
-    {"DirectoryOffsetInsideData", "any", [](Archive& a) { a.directoryOffset = 100; }},
-    {"SizeAndOffsetWrapAround", "any",
-     [](Archive& a) {
-       a.directorySize = 0x80000010;
-       a.directoryOffset = 0x80000000;
-     }},
-    {"CommentLengthTooLong", "any", [](Archive& a) { a.commentLength = 100; }},
     {"CommentLengthTooShort", "~gggggg",
      [](Archive& a) {
        a.comment = "a comment";
@@ -55,25 +36,18 @@ const Case kEndRecords[] = {
        a.count = a.countHere = 0xFFFF;
        a.directorySize = a.directoryOffset = 0xFFFFFFFF;
      }},
-    {"FarBehindEndRecord", "any", [](Archive& a) { a.behind = std::string(70000, 'x'); }},
 };
 
 const Case kDirectories[] = {
-    {"FirstSignatureBroken", "any",
-     [](Archive& a) { a.entries[0].central.signature ^= 0x00010000; }},
     {"LastSignatureBroken", "~ggggg.",
      [](Archive& a) { a.entries[5].central.signature ^= 0x00010000; }},
     {"NameRunsPastEnd", "~ggggg.", [](Archive& a) { a.entries[5].central.nameLength = 60000; }},
-    {"ExtraRunsPastEnd", "~ggggg.", [](Archive& a) { a.entries[5].central.extraLength = 60000; }},
-    {"CommentRunsPastEnd", "~ggggg.", [](Archive& a) { a.entries[5].commentLength = 60000; }},
-    {"NameSwallowsNextRecord", "any", [](Archive& a) { a.entries[0].central.nameLength = 70; }},
     {"NameEmpty", "gggggg.", [](Archive& a) { a.entries.push_back(Stored("", "nameless")); }},
     {"NameWithZero", "gggggg.",
      [](Archive& a) { a.entries.push_back(Stored(std::string("a\0b", 3), "zero")); }},
     {"NameTwice", "gggggg.", [](Archive& a) { a.entries.push_back(Stored("text.txt", "again")); }},
     {"RecordOnSecondDisk", "gcgggg", [](Archive& a) { a.entries[kNoise].disk = 1; }},
     {"OffsetPastEnd", "gfgggg", [](Archive& a) { a.entries[kNoise].offset = 0x7FFFFFFF; }},
-    {"OffsetHighest", "gfgggg", [](Archive& a) { a.entries[kNoise].offset = 0xFFFFFFF0; }},
     {"OffsetMarkedFor64Bits", "gfgggg", [](Archive& a) { a.entries[kNoise].offset = 0xFFFFFFFF; }},
     {"OffsetBesideHeader", "gfgggg",
      [](Archive& a) {
@@ -81,8 +55,6 @@ const Case kDirectories[] = {
      }},
     {"OffsetAtDirectory", "gfgggg",
      [](Archive& a) { a.entries[kNoise].offset = static_cast<uint32_t>(a.LayOut().directory); }},
-    {"OffsetAtEndRecord", "gfgggg",
-     [](Archive& a) { a.entries[kNoise].offset = static_cast<uint32_t>(a.LayOut().end); }},
 };
 
 const Case kLocalHeaders[] = {
@@ -97,34 +69,22 @@ const Case kLocalHeaders[] = {
     {"ExtraRunsPastEnd", "gggggf", [](Archive& a) { a.entries[5].local.extraLength = 65535; }},
     {"ExtraRunsIntoData", "gc.ggg", [](Archive& a) { a.entries[kNoise].local.extraLength = 9; }},
     {"OtherName", ".ggggg", [](Archive& a) { a.entries[kText].local.name = "../x.txt"; }},
-    {"OtherMethod", ".ggggg", [](Archive& a) { a.entries[kText].local.method = kStored; }},
     {"OtherSizes", ".ggggg",
      [](Archive& a) {
        a.entries[kText].local.compressed = 0x7FFFFFFF;
        a.entries[kText].local.uncompressed = 0;
      }},
-    {"OtherCrc", ".ggggg", [](Archive& a) { a.entries[kText].local.crc ^= 1; }},
     {"EncryptedByItself", ".ggggg", [](Archive& a) { a.entries[kText].local.flags = kEncrypted; }},
     {"DescriptorLies", "ggggg.",
      [](Archive& a) { a.entries[kStreamed].descriptor = "PK\7\10" + std::string(12, '\xFF'); }},
 };
 
 const Case kExtraFields[] = {
-    {"LengthPastExtra", "gggggg",
-     [](Archive& a) { a.entries[kText].local.extra = U16(kTimeStamps) + U16(255) + "\7abcd"; }},
-    {"NoTimes", "gggggg",
-     [](Archive& a) { a.entries[kText].local.extra = ExtraBlock(kTimeStamps, "\7"); }},
-    {"NoFlags", "gggggg",
-     [](Archive& a) { a.entries[kText].local.extra = ExtraBlock(kTimeStamps, ""); }},
-    {"HalfATime", "gggggg",
-     [](Archive& a) { a.entries[kText].local.extra = ExtraBlock(kTimeStamps, "\7abcdef"); }},
     {"NoFlagsAtEndOfArchive", "g",
      [](Archive& a) {
        a.entries = {Stored("empty", "")};
        a.entries[0].local.extra = ExtraBlock(kTimeStamps, "");
      }},
-    {"OneByte", "gggggg", [](Archive& a) { a.entries[kText].local.extra = "U"; }},
-    {"ThreeBytes", "gggggg", [](Archive& a) { a.entries[kText].local.extra = "UT\5"; }},
     {"EmptyBlocks", "gggggg",
      [](Archive& a) {
        for (int i = 0; i < 16000; ++i) a.entries[kText].local.extra += ExtraBlock(0, "");
@@ -134,10 +94,8 @@ const Case kExtraFields[] = {
 
 const Case kUnsupported[] = {
     {"Encrypted", "cggggg", [](Archive& a) { a.entries[0].Both(&Header::flags, kEncrypted); }},
-    {"EncryptedStrongly", "cggggg", [](Archive& a) { a.entries[0].Both(&Header::flags, 0x0041); }},
     {"MethodShrunk", "cggggg", [](Archive& a) { a.entries[0].Both(&Header::method, 1); }},
     {"MethodBzip2", "cggggg", [](Archive& a) { a.entries[0].Both(&Header::method, 12); }},
-    {"MethodUnknown", "gcgggg", [](Archive& a) { a.entries[1].Both(&Header::method, 0xFFFF); }},
     {"Sizes64Bit", "fggggg",
      [](Archive& a) {
        Entry& entry = a.entries[kText];
@@ -162,12 +120,8 @@ const Case kSizesAndSums[] = {
      [](Archive& a) { a.entries[kText].Both(&Header::uncompressed, 100); }},
     {"UncompressedTooLarge", "eggggg",
      [](Archive& a) { a.entries[kText].Both(&Header::uncompressed, 5000); }},
-    {"UncompressedHuge", "eggggg",
-     [](Archive& a) { a.entries[kText].Both(&Header::uncompressed, 0xFFFFFFF0); }},
     {"UncompressedZero", "eggggg",
      [](Archive& a) { a.entries[kText].Both(&Header::uncompressed, 0); }},
-    {"CompressedTooSmall", "fggggg",
-     [](Archive& a) { a.entries[0].Both(&Header::compressed, a.entries[0].data.size() - 5); }},
     {"CompressedZero", "fggggg", [](Archive& a) { a.entries[0].Both(&Header::compressed, 0); }},
     {"CompressedTooLarge", ".ggggg",
      [](Archive& a) {
@@ -176,8 +130,6 @@ const Case kSizesAndSums[] = {
      }},
     {"CompressedPastEnd", "gggggf",
      [](Archive& a) { a.entries[kStreamed].Both(&Header::compressed, 0x7FFFFFFF); }},
-    {"CompressedHighest", "gggggf",
-     [](Archive& a) { a.entries[kStreamed].Both(&Header::compressed, 0xFFFFFFFE); }},
     {"StoredAnnouncesLess", "gfgggg",
      [](Archive& a) { a.entries[kNoise].Both(&Header::uncompressed, 200); }},
     {"StoredAnnouncesMore", "gfgggg",
@@ -204,8 +156,6 @@ const Case kDeflateData[] = {
      [](Archive& a) { ReplaceData(a.entries[kText], std::string("\3\2\0\0", 4)); }},
     {"StoredBlockLengthWrong", "dggggg",
      [](Archive& a) { ReplaceData(a.entries[kText], std::string("\1\5\0\0\0hello", 10)); }},
-    {"StoredBlockPastEnd", "fggggg",
-     [](Archive& a) { ReplaceData(a.entries[kText], std::string("\1\xFF\0\0\xFFhello", 10)); }},
     {"NoFinalBlock", "fggggg",
      [](Archive& a) { ReplaceData(a.entries[kText], std::string("\0\5\0\xFA\xFFhello", 10)); }},
     {"Empty", "fggggg", [](Archive& a) { ReplaceData(a.entries[kText], ""); }},

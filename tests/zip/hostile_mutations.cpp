@@ -26,20 +26,14 @@ std::vector<Archive> Seeds() {
     entry.comment = "remark";
   }
 
-  Archive stored;
-  for (int i = 0; i < 12; ++i) {
+  Archive stored, piped;
+  for (int i = 0; i < 12; ++i)
     stored.entries.push_back(Stored("dir/" + std::to_string(i), Noise(i * 7, 30 + i)));
-  }
-
-  Archive streamed;
   for (int i = 0; i < 4; ++i) {
-    streamed.entries.push_back(Streamed("stream" + std::to_string(i),
-                                        std::string(3000, static_cast<char>('a' + i)), i % 2));
+    const std::string text(3000, static_cast<char>('a' + i));
+    piped.entries.push_back(Piped(Deflated("stream" + std::to_string(i), text), i % 2));
   }
-
-  Archive none;
-  none.comment = "empty";
-  return {good, decorated, stored, streamed, none};
+  return {good, decorated, stored, piped};
 }
 
 // Changes an archive in a way that depends on a number alone.
@@ -49,17 +43,33 @@ class Mutator {
       : m_layout(layout), m_bytes(layout.bytes), m_random(number) {}
 
   std::string ChangeBytes() {
-    for (unsigned changes = Below(4) + 1; changes > 0; --changes) ChangeBytesOnce();
+    for (unsigned changes = Below(4) + 1; changes > 0; --changes) {
+      const size_t at = Below(m_bytes.size());
+      const size_t run = std::min<size_t>(Below(40) + 1, m_bytes.size() - at);
+      switch (Below(5)) {
+        case 0:
+          m_bytes[at] = static_cast<char>(m_bytes[at] ^ (1 << Below(8)));
+          break;
+        case 1:
+          m_bytes.replace(at, run, run, Below(2) ? '\xFF' : '\0');
+          break;
+        case 2:
+          m_bytes.insert(at, Noise(run, m_random()));
+          break;
+        case 3:
+          m_bytes.erase(at, run);
+          break;
+        default:
+          m_bytes.insert(Below(m_bytes.size()), m_bytes.substr(at, run));
+      }
+    }
     return m_bytes;
   }
 
   std::string ChangeNumbers() {
     for (unsigned changes = Below(3) + 1; changes > 0; --changes) {
       const Number& number = m_layout.numbers[Below(m_layout.numbers.size())];
-      const uint32_t value = Interesting(number);
-      for (unsigned i = 0; i < number.width; ++i) {
-        m_bytes[number.at + i] = static_cast<char>(value >> (8 * i));
-      }
+      m_bytes.replace(number.at, number.width, U32(Interesting(number)), 0, number.width);
     }
     return m_bytes;
   }
@@ -67,39 +77,10 @@ class Mutator {
  private:
   unsigned Below(size_t limit) { return static_cast<unsigned>(m_random() % limit); }
 
-  void ChangeBytesOnce() {
-    if (m_bytes.empty()) return;
-    const size_t at = Below(m_bytes.size());
-    const size_t run = std::min<size_t>(Below(40) + 1, m_bytes.size() - at);
-    switch (Below(7)) {
-      case 0:
-        m_bytes[at] = static_cast<char>(m_bytes[at] ^ (1 << Below(8)));
-        break;
-      case 1:
-        m_bytes[at] = static_cast<char>(m_random());
-        break;
-      case 2:
-        m_bytes.replace(at, run, run, Below(2) ? '\xFF' : '\0');
-        break;
-      case 3:
-        m_bytes.insert(at, Noise(run, m_random()));
-        break;
-      case 4:
-        m_bytes.erase(at, run);
-        break;
-      case 5:
-        m_bytes.insert(Below(m_bytes.size()), m_bytes.substr(at, run));
-        break;
-      default:
-        m_bytes.replace(Below(m_bytes.size() - run + 1), run, m_bytes.substr(at, run));
-    }
-  }
-
   uint32_t ValueOf(const Number& number) const {
     uint32_t value = 0;
-    for (unsigned i = 0; i < number.width; ++i) {
-      value |= static_cast<uint32_t>(static_cast<unsigned char>(m_bytes[number.at + i])) << (8 * i);
-    }
+    for (unsigned i = number.width; i-- > 0;)
+      value = value << 8 | static_cast<unsigned char>(m_bytes[number.at + i]);
     return value;
   }
 
@@ -109,17 +90,13 @@ class Mutator {
     const auto size = static_cast<uint32_t>(m_bytes.size());
     const auto directory = static_cast<uint32_t>(m_layout.directory);
     const auto end = static_cast<uint32_t>(m_layout.end);
-    const uint32_t values[] = {0,          1,          8,          0x7FFF,       0x8000,
-                               0xFFFE,     0xFFFF,     0x10000,    size,         size - 1,
-                               size + 1,   directory,  directory,  end,          end - 1,
-                               0x7FFFFFFF, 0x80000000, 0xFFFFFFFF, ~old,         old + 1,
-                               old - 1,    old * 2,    old / 2,    old ^ 0x8000, m_random()};
-    const unsigned choice = Below(std::size(values) + 6);
-    if (choice < std::size(values)) return values[choice];
-    if (choice < std::size(values) + 3 && !m_layout.offsets.empty()) {
-      return static_cast<uint32_t>(m_layout.offsets[Below(m_layout.offsets.size())]);
-    }
-    return ValueOf(m_layout.numbers[Below(m_layout.numbers.size())]);
+    const auto entry = static_cast<uint32_t>(m_layout.offsets[Below(m_layout.offsets.size())]);
+    const uint32_t other = ValueOf(m_layout.numbers[Below(m_layout.numbers.size())]);
+    const uint32_t values[] = {
+        0,     1,     8,     0x7FFF,    0x8000,    0xFFFE,  0xFFFF,     0x10000,    size,
+        entry, entry, entry, directory, directory, end,     0x7FFFFFFF, 0x80000000, 0xFFFFFFFF,
+        other, other, ~old,  old + 1,   old - 1,   old * 2, old / 2,    m_random()};
+    return values[Below(std::size(values))];
   }
 
   const Layout& m_layout;
@@ -132,14 +109,10 @@ class ZipMutation : public testing::Test {
   // Reads an archive that was made of a seed; every eighth in all three ways, which must agree.
   void Read(const Archive& seed, const std::string& bytes, unsigned number) {
     const Outcome outcome = ReadGuarded(bytes, kZipMemory);
-    EXPECT_EQ(outcome.problem, "");
-    ExpectSeedBytes(seed, outcome);
+    ExpectNothingMadeUp(seed, outcome);  // no change at random fits a CRC
     if (number % 8 != 0) return;
-    for (const ZipKind source : {kZipFileName, kZipHandle}) {
-      const Outcome other = ReadGuarded(bytes, source);
-      EXPECT_EQ(other.problem, "");
-      EXPECT_TRUE(Same(outcome, other)) << "memory and source " << source << " differ";
-    }
+    for (const ZipKind source : {kZipFileName, kZipHandle})
+      EXPECT_TRUE(ReadGuarded(bytes, source) == outcome) << "memory and source " << source;
   }
 
   void Mutate(std::string (Mutator::*change)()) {
@@ -160,53 +133,17 @@ class ZipMutation : public testing::Test {
     return ReadEverything(bytes, source, m_folder);
   }
 
-  // A random change doesn't make up another file that fits its CRC.
-  static void ExpectSeedBytes(const Archive& seed, const Outcome& outcome) {
-    for (const EntryOutcome& entry : outcome.entries) {
-      if (entry.memory != kZipOk || entry.bytes == Digest()) continue;
-      EXPECT_TRUE(std::any_of(seed.entries.begin(), seed.entries.end(), [&](const Entry& known) {
-        return DigestOf(known.plain) == entry.bytes;
-      })) << "an entry is extracted as good, with wrong bytes";
-    }
-  }
-
-  static bool Same(const Outcome& left, const Outcome& right) {
-    return left.opened == right.opened && left.count == right.count &&
-           std::equal(left.entries.begin(), left.entries.end(), right.entries.begin(),
-                      right.entries.end(), [](const EntryOutcome& a, const EntryOutcome& b) {
-                        return a.look == b.look && a.found == b.found && a.memory == b.memory &&
-                               a.file == b.file && a.bytes == b.bytes;
-                      });
-  }
-
   TempFolder m_folder;
 };
 
 TEST_F(ZipMutation, CutAtEveryByte) {
-  const Archive archive = GoodArchive();
-  const std::string whole = archive.Bytes();
-  for (size_t size = 0; size <= whole.size() && !HasFailure(); ++size) {
-    SCOPED_TRACE(testing::Message() << "the first " << size << " of " << whole.size());
-    Read(archive, whole.substr(0, size), static_cast<unsigned>(size));
-  }
-}
-
-TEST_F(ZipMutation, BeginsAtEveryByte) {
-  const Archive archive = GoodArchive();
-  const std::string whole = archive.Bytes();
-  for (size_t start = 0; start <= whole.size() && !HasFailure(); ++start) {
-    SCOPED_TRACE(testing::Message() << "from byte " << start << " of " << whole.size());
-    Read(archive, whole.substr(start), static_cast<unsigned>(start));
-  }
-}
-
-TEST_F(ZipMutation, CutInsideItsComment) {
   Archive archive = GoodArchive();
   archive.comment = "PK\5\6 a comment";
-  const Layout whole = archive.LayOut();
-  for (size_t size = whole.end; size < whole.bytes.size() && !HasFailure(); ++size) {
-    SCOPED_TRACE(testing::Message() << "the first " << size << " of " << whole.bytes.size());
-    Read(archive, whole.bytes.substr(0, size), 0);
+  const std::string whole = archive.Bytes();
+  for (size_t at = 0; at <= whole.size() && !HasFailure(); ++at) {
+    SCOPED_TRACE(testing::Message() << "byte " << at << " of " << whole.size());
+    Read(archive, whole.substr(0, at), static_cast<unsigned>(at));
+    Read(archive, whole.substr(at), static_cast<unsigned>(at));
   }
 }
 

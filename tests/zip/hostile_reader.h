@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "hostile_builder.h"
 #include "support/TempFolder.h"
 #include "zip/XUnzip.h"
 
@@ -29,18 +30,21 @@ struct EntryOutcome {
   unsigned long memory = 0;  // the last result of UnzipItem into memory
   unsigned long file = 0;    // of UnzipItem to a file or handle
   Digest bytes;              // handed out into memory
+  bool operator==(const EntryOutcome&) const = default;
 };
 
 struct Outcome {
   bool opened = false;
-  std::string message;                // of the last result when it could not be opened
   int count = 0;                      // entries, by the reader
   std::vector<EntryOutcome> entries;  // the first hundred
-  std::string problem;                // the first rule that did not hold; empty: none
+  bool operator==(const Outcome&) const = default;
 };
 
 // source tells how the reader gets at the archive: kZipMemory (in a block with pages without access
 // on both sides), kZipFileName, or kZipHandle (behind other bytes of its file).
 Outcome ReadEverything(const std::string& archive, ZipKind source, const TempFolder& folder);
+
+// Nothing is extracted as good but the bytes of the archive's entries.
+void ExpectNothingMadeUp(const Archive& archive, const Outcome& outcome);
 
 }  // namespace hostile
