@@ -8,35 +8,14 @@
 namespace hostile {
 namespace {
 
-constexpr size_t kNameKept = MAX_PATH - 1;
-
-void CheckEntry(const Entry& entry, const EntryOutcome& outcome, char expected) {
-  const bool failed = outcome.memory != kZipOk && (outcome.file != kZipOk || outcome.folder);
-  switch (expected) {
-    case 'g':
-      EXPECT_EQ(outcome.look, kZipOk);
-      EXPECT_TRUE(outcome.found || entry.central.name.size() > kNameKept);
-      EXPECT_EQ(outcome.memory, kZipOk);
-      EXPECT_EQ(outcome.file, kZipOk);
-      EXPECT_EQ(outcome.bytes, DigestOf(entry.plain)) << outcome.bytes.size << " bytes";
-      break;
-    case 'c':
-      EXPECT_EQ(outcome.memory, kZipCorrupt);
-      EXPECT_EQ(outcome.bytes.size, 0u);
-      break;
-    case 'e':
-      EXPECT_EQ(outcome.memory, kZipCorrupt);
-      break;
-    case 'd':
-      EXPECT_EQ(outcome.memory, kZipFlateError);
-      EXPECT_EQ(outcome.file, kZipWriteError);
-      break;
-    case 'f':
-      EXPECT_TRUE(failed) << std::hex << "0x" << outcome.memory << " and 0x" << outcome.file;
-      break;
-    default:
-      break;
-  }
+// As in Case::expected; "?" for what nothing expects.
+char LetterOf(const Entry& entry, const EntryOutcome& outcome) {
+  if (outcome.memory == kZipFlateError) return 'd';
+  if (outcome.memory == kZipCorrupt) return outcome.bytes.size == 0 ? 'c' : 'e';
+  const bool isCut = entry.central.name.size() >= MAX_PATH;
+  const bool isGood = outcome.look == kZipOk && (outcome.found || isCut) &&
+                      outcome.file == kZipOk && outcome.bytes == DigestOf(entry.plain);
+  return isGood ? 'g' : '?';
 }
 
 void CheckOutcome(const Archive& archive, const Outcome& outcome, std::string expected) {
@@ -46,15 +25,14 @@ void CheckOutcome(const Archive& archive, const Outcome& outcome, std::string ex
   if (mayBeRefused && !outcome.opened) return;
   ASSERT_EQ(outcome.opened, expected != "refused");
   if (!outcome.opened) return;
-  ASSERT_EQ(static_cast<size_t>(outcome.count), expected.size());
-  size_t index = 0;
+  EXPECT_EQ(static_cast<size_t>(outcome.count), expected.size());
+  std::string letters;
   for (const Entry& entry : archive.entries) {
-    if (!entry.hasCentral || index == outcome.entries.size()) continue;
-    SCOPED_TRACE(testing::Message()
-                 << "entry " << index << ": " << entry.central.name.substr(0, 80));
-    CheckEntry(entry, outcome.entries[index], expected[index]);
-    ++index;
+    if (!entry.hasCentral || letters.size() >= outcome.entries.size()) continue;
+    const bool isOpen = expected[letters.size()] == '.';
+    letters += isOpen ? '.' : LetterOf(entry, outcome.entries[letters.size()]);
   }
+  EXPECT_EQ(letters, expected.substr(0, letters.size()));
 }
 
 }  // namespace

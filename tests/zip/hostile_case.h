@@ -15,7 +15,6 @@ struct Case {
   //   c  0x700 before any byte of it is handed out
   //   e  0x700 at its end: bytes were handed out, but no more than announced
   //   d  its data can't be read: 0x5000000 into memory, 0x400 to a file
-  //   f  any failure
   //   .  any documented result
   // A "~" in front: the archive may also be refused when it is opened. "refused": it must be.
   const char* expected;

@@ -64,9 +64,7 @@ class Reading {
       VisitAll();
       EXPECT_EQ(CloseZipU(m_zip), kZipOk);
     } else {
-      char text[100] = "";
-      FormatZipMessageU(kZipRecent, text, sizeof text);
-      EXPECT_STREQ(text, "Zipfile is corrupt or not a zipfile");
+      EXPECT_EQ(MessageU(kZipRecent), "Zipfile is corrupt or not a zipfile");
     }
     EXPECT_LE(allocations::Peak() - before, kMemoryPerByte * m_size + kMemoryFixed);
     EXPECT_LT(GetTickCount64() - start, kMilliseconds);

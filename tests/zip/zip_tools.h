@@ -17,6 +17,18 @@
 // Texts as the untyped arguments of the zip functions.
 inline void* Arg(const std::string& text) { return const_cast<char*>(text.c_str()); }
 
+// The texts of result codes.
+inline std::string MessageZ(unsigned long code) {
+  char text[100] = "";
+  FormatZipMessageZ(code, text, sizeof text);
+  return text;
+}
+inline std::string MessageU(unsigned long code) {
+  char text[100] = "";
+  FormatZipMessageU(code, text, sizeof text);
+  return text;
+}
+
 inline unsigned long AddText(HZIP zip, const std::string& name, const std::string& text) {
   return ZipAdd(zip, name.c_str(), Arg(text), static_cast<unsigned>(text.size()), kZipMemory);
 }
