@@ -9,7 +9,7 @@ namespace {
 constexpr uint32_t kLocalSignature = 0x04034B50;
 constexpr uint32_t kCentralSignature = 0x02014B50;
 
-// Puts an archive together and notes where its numbers stand.
+// Puts an archive together.
 class Assembler {
  public:
   template <class... Values>
@@ -47,7 +47,6 @@ class Assembler {
   }
 
   void PutNumber(uint32_t value, unsigned width) {
-    m_layout.numbers.push_back({size(), width});
     for (unsigned i = 0; i < width; ++i) m_layout.bytes += static_cast<char>(value >> (8 * i));
   }
 

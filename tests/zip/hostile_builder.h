@@ -82,15 +82,8 @@ std::string LocalPart(const Entry& entry);
 // The central record of an entry whose local header is at an offset.
 std::string CentralPart(const Entry& entry, size_t offset);
 
-// The place of a number in a laid-out archive.
-struct Number {
-  size_t at;
-  unsigned width;
-};
-
 struct Layout {
   std::string bytes;
-  std::vector<Number> numbers;
   std::vector<size_t> offsets;  // of each entry's local header, from the start of the bytes
   size_t directory = 0;
   size_t end = 0;

@@ -91,57 +91,43 @@ TEST(Writer, MethodByName) {
   ExpectWritten(zip.Bytes(), entries);
 }
 
+// Only files that begin with AD 54 are marked as programs; real ones, which begin with "MZ", are
+// not.
 TEST(Writer, AttributesOfDiskFiles) {
-  const struct {
-    DWORD windows;
-    uint32_t external;
-  } cases[] = {
-      {FILE_ATTRIBUTE_NORMAL, 0x81800000},
-      {FILE_ATTRIBUTE_READONLY, 0x81000001},
-      {FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM, 0x81800006},
-      {FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED, 0x81800020},
-  };
-  const TempFolder folder;
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.windows);
-    const std::string path = folder.Write("file", kLines);
-    ASSERT_TRUE(SetFileAttributesA(path.c_str(), c.windows));
-    // What the file system doesn't keep can't be expected.
-    const DWORD kept = GetFileAttributesA(path.c_str()) & 0x27;
-    MemoryZip zip;
-    EXPECT_EQ(AddFile(zip, "file", path), kZipOk);
-    ExpectWritten(zip.Bytes(), {With((c.external & ~0x27u) | kept, Deflated("file", kLines))});
-    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-  }
-}
-
-// Only files that begin with AD 54 are looked at; real programs, which begin with "MZ", are not.
-TEST(Writer, ProgramsAreMarkedByTheirHeader) {
   const auto program = [](const std::string& begin, const std::string& signature, size_t size) {
     std::string bytes(size, 0);
     bytes.replace(0, begin.size(), begin);
     bytes.replace(36, 4, U32(64));
-    bytes.replace(64, signature.size(), signature);
-    return bytes;
+    return bytes.replace(64, signature.size(), signature);
   };
+  constexpr DWORD kHidden = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
   const struct {
     const char* name;
+    DWORD windows;
     std::string bytes;
-    bool isMarked;
+    uint32_t external;
   } cases[] = {
-      {"marked", program("\xAD\x54", "PE", 200), true},
-      {"real", program("MZ", "PE", 200), false},
-      {"other signature", program("\xAD\x54", "XX", 200), false},
-      {"ends too early", program("\xAD\x54", "NE", 116), false},
-      {"just long enough", program("\xAD\x54", "LE", 117), true},
-      {"short", "\xAD\x54", false},
+      {"normal", FILE_ATTRIBUTE_NORMAL, kLines, 0x81800000},
+      {"read-only", FILE_ATTRIBUTE_READONLY, kLines, 0x81000001},
+      {"hidden", kHidden, kLines, 0x81800006},
+      {"archive", FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_TEMPORARY, kLines, 0x81800020},
+      {"marked", FILE_ATTRIBUTE_NORMAL, program("\xAD\x54", "PE", 200), 0x81C00000},
+      {"real", FILE_ATTRIBUTE_NORMAL, program("MZ", "PE", 200), 0x81800000},
+      {"other signature", FILE_ATTRIBUTE_NORMAL, program("\xAD\x54", "XX", 200), 0x81800000},
+      {"ends too early", FILE_ATTRIBUTE_NORMAL, program("\xAD\x54", "NE", 116), 0x81800000},
+      {"just long enough", FILE_ATTRIBUTE_NORMAL, program("\xAD\x54", "LE", 117), 0x81C00000},
+      {"short", FILE_ATTRIBUTE_NORMAL, "\xAD\x54", 0x81800000},
   };
   const TempFolder folder;
   MemoryZip zip;
   std::vector<Entry> entries;
   for (const auto& c : cases) {
-    ASSERT_EQ(AddFile(zip, c.name, folder.Write(c.name, c.bytes)), kZipOk);
-    entries.push_back(With(c.isMarked ? 0x81C00020 : 0x81800020, Deflated(c.name, c.bytes)));
+    const std::string path = folder.Write(c.name, c.bytes);
+    ASSERT_TRUE(SetFileAttributesA(path.c_str(), c.windows));
+    // What the file system doesn't keep can't be expected.
+    const DWORD kept = GetFileAttributesA(path.c_str()) & 0x27;
+    ASSERT_EQ(AddFile(zip, c.name, path), kZipOk);
+    entries.push_back(With((c.external & ~0x27u) | kept, Deflated(c.name, c.bytes)));
   }
   ExpectWritten(zip.Bytes(), entries);
 }

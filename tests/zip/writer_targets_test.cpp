@@ -174,6 +174,7 @@ TEST(Writer, HandlesOfTheOtherKind) {
   EXPECT_EQ(UnzipItem(made, 0, &entry, 1, kZipMemory), kZipWrongKind);
   EXPECT_EQ(CloseZipU(made), kZipWrongKind);
   OpenZip reader(made.Bytes());
+  EXPECT_EQ(AddText(made, "a", "x"), kZipEnded);
   unsigned long position = 1;
   EXPECT_EQ(ZipAdd(reader, "a", Arg("x"), 1, kZipMemory, position), kZipWrongKind);
   EXPECT_EQ(position, 0u);
