@@ -107,6 +107,8 @@ struct Archive {
   Lie<uint32_t> directoryOffset;
   Lie<uint16_t> commentLength;
 
+  Entry& operator[](size_t index) { return entries[index]; }
+
   Layout LayOut() const;
   std::string Bytes() const { return LayOut().bytes; }
 };

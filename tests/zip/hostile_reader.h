@@ -59,7 +59,7 @@ struct Case {
   //   e  0x700 at its end: bytes were handed out, but no more than announced
   //   d  its data can't be read: 0x5000000 into memory, 0x400 to a file
   //   .  any documented result
-  // A "~" in front: the archive may also be refused when it is opened. "refused": it must be.
+  // "refused": the archive, when it is opened.
   const char* expected;
 
   // Makes the case out of GoodArchive().
