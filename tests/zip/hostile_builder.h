@@ -17,9 +17,8 @@ constexpr uint16_t kDeflated = 8;
 constexpr uint16_t kEncrypted = 0x0001;      // flag bit 0
 constexpr uint16_t kHasDescriptor = 0x0008;  // flag bit 3
 
-constexpr size_t kLocalSize = 30;    // a local header without name and extra field
-constexpr size_t kCentralSize = 46;  // a central record without name, extra field and comment
-constexpr size_t kEndSize = 22;      // an end record without comment
+constexpr size_t kLocalSize = 30;  // a local header without name and extra field
+constexpr size_t kEndSize = 22;    // an end record without comment
 
 // Set: written as it is. Not set: the truth is written.
 template <class Number>
@@ -28,7 +27,6 @@ using Lie = std::optional<Number>;
 // What a local header and a central record have in common.
 struct Header {
   uint32_t signature = 0;
-  uint16_t version = 20;
   uint16_t flags = 0;
   uint16_t method = kStored;
   uint16_t time = 0x6000;  // 12:00:00
@@ -53,12 +51,9 @@ struct Entry {
 
   bool hasCentral = true;
   Header central;
-  uint16_t madeBy = 0x0B17;
   uint16_t disk = 0;
-  uint16_t internal = 0;
   uint32_t external = 0x81800020;
   std::string comment;
-  Lie<uint16_t> commentLength;
   Lie<uint32_t> offset;
 
   // Changes a field of both headers: entry.Both(&Header::crc, 1).
@@ -94,7 +89,6 @@ struct Archive {
   std::vector<Entry> entries;
   std::string beforeDirectory;
   std::string insideDirectory;  // behind the records, counted in the directory's size
-  std::string beforeEnd;
   std::string comment;
   std::string behind;  // after the end record and its comment
 

@@ -1,4 +1,4 @@
-// Good archives cut at every byte, and changed at random: plain bytes, or the numbers of headers.
+// Good archives cut at every byte, and changed at random.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -30,7 +30,7 @@ struct EntryOutcome {
   bool found = false;        // by FindZipItemA under its own name, at its own index
   bool folder = false;       // the record says so
   unsigned long memory = 0;  // the last result of UnzipItem into memory
-  unsigned long file = 0;    // of UnzipItem to a file or handle
+  unsigned long file = 0;    // of UnzipItem to a file
   Digest bytes;              // handed out into memory
   bool operator==(const EntryOutcome&) const = default;
 };

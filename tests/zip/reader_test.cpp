@@ -38,22 +38,18 @@ TEST(Reader, RecordsOfEntries) {
 }
 
 TEST(Reader, AttributesOfRecords) {
-  const struct {
-    uint32_t external;
-    unsigned long attributes;
-  } cases[] = {
+  constexpr std::pair<uint32_t, unsigned long> kExternalAndWindows[] = {
       {0x81800000, 0x80}, {0x81800001, 0x81}, {0x00000000, 0x81},
       {0x00000020, 0xA1}, {0x81800027, 0xA7}, {0x41C00010, 0x90},
       {0x40000000, 0x91}, {0x00000010, 0x91}, {0x00800006, 0x86},
   };
   hostile::Archive archive;
   archive.entries = {hostile::Stored("a", "a")};
-  for (const auto& c : cases) {
-    archive.entries[0].external = c.external;
-    OpenZip zip(archive.Bytes());
+  for (const auto& [external, attributes] : kExternalAndWindows) {
+    archive.entries[0].external = external;
     ZIPENTRY entry;
-    EXPECT_EQ(GetZipItemA(zip, 0, &entry), kZipOk);
-    EXPECT_EQ(entry.attr, c.attributes) << std::hex << c.external;
+    EXPECT_EQ(GetZipItemA(OpenZip(archive.Bytes()), 0, &entry), kZipOk);
+    EXPECT_EQ(entry.attr, attributes) << std::hex << external;
   }
 }
 
