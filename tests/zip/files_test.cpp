@@ -116,17 +116,6 @@ TEST_F(ZipFilesTest, ExtractsOverWhatIsThere) {
   EXPECT_EQ(OpenZipFile((m_folder / "out\\top.txt").c_str(), "", last), 0) << "no archive";
 }
 
-// Programs know a customised folder by this attribute.
-TEST_F(ZipFilesTest, FolderThatIsThereStaysReadOnly) {
-  const std::string path = MakeArchive(), folder = m_folder / "out\\empty\\folder";
-  std::filesystem::create_directories(folder);
-  SetFileAttributesA(folder.c_str(), FILE_ATTRIBUTE_READONLY);
-  const DWORD before = GetFileAttributesA(folder.c_str());
-  CString last;
-  EXPECT_EQ(OpenZipFile(path.c_str(), (m_folder / "out").c_str(), last), 1);
-  EXPECT_EQ(GetFileAttributesA(folder.c_str()), before);
-}
-
 TEST_F(ZipFilesTest, ListsNames) {
   const std::string path = MakeArchive();
   CArray<CString, const char*> names;
