@@ -3,6 +3,7 @@
 #include <shlwapi.h>
 
 #include "entry/Handles.h"
+#include "entry/PathUtils.h"
 #include "entry/strutils.h"
 
 CString AbsoluteFolder(const char* typed) {
@@ -10,9 +11,8 @@ CString AbsoluteFolder(const char* typed) {
   path.TrimLeft(" \t\"");
   path.TrimRight(" \t\"");
   if (path.IsEmpty()) return path;
-  char full[MAX_PATH] = "";
-  const DWORD length = GetFullPathNameA(path, sizeof full, full, nullptr);
-  if (length == 0 || length >= sizeof full) return path;
+  char full[MAX_PATH];
+  if (!GetFullPath(path, full)) return path;
   if (!PathIsRootA(full)) PathRemoveBackslashA(full);
   return full;
 }

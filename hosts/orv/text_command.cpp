@@ -8,8 +8,8 @@
 #include <functional>
 
 #include "commands.h"
+#include "entry/DestinationFile.h"
 #include "util/MFile.h"
-#include "whole_file.h"
 
 namespace {
 
@@ -68,21 +68,11 @@ bool Print(MFile& text) {
 
 // The bytes as they are.
 bool Copy(MFile& text, const char* target) {
-  CFile out;
-  if (!out.Open(target, CFile::modeCreate | CFile::modeWrite | CFile::shareExclusive)) return false;
+  DestinationFile out;
   const auto write = [&out](const char* piece, size_t size) {
-    out.Write(piece, static_cast<UINT>(size));
-    return true;
+    return out.Write(piece, static_cast<DWORD>(size));
   };
-  try {
-    const bool complete = ReadPieces(text, write);
-    out.Close();
-    if (complete) return true;
-  } catch (CFileException* error) {
-    error->Delete();
-  }
-  out.Abort();
-  return false;
+  return out.Open(target) && ReadPieces(text, write) && out.Commit();
 }
 
 // What the text was, to be told from what was written: a pipe cannot be read again.
@@ -98,9 +88,8 @@ const char* EncodingOf(const MFile& text, const char* target) {
 
 bool Convert(MFile& text, const char* target) {
   int nonAscii, wasUnicode;
-  const bool converted = WriteWholeFile(target, [&](const char* part) {
-    return text.UnicodeToTextFile(part, nonAscii, wasUnicode) || (!wasUnicode && Copy(text, part));
-  });
+  const bool converted =
+      text.UnicodeToTextFile(target, nonAscii, wasUnicode) || (!wasUnicode && Copy(text, target));
   if (converted) puts(EncodingOf(text, target));
   return converted;
 }

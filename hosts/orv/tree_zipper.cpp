@@ -7,17 +7,12 @@
 #include <utility>
 #include <vector>
 
-#include "entry/Handles.h"
+#include "entry/PathUtils.h"
 #include "operation_run.h"
+#include "ops/FolderEntries.h"
 #include "zip_messages.h"
 
 namespace {
-
-std::string FullPath(const std::string& path) {
-  char full[MAX_PATH] = "";
-  const DWORD length = GetFullPathNameA(path.c_str(), MAX_PATH, full, nullptr);
-  return length > 0 && length < MAX_PATH ? full : path;
-}
 
 struct Names {
   std::vector<std::string> files;
@@ -26,17 +21,14 @@ struct Names {
 
 // What a folder holds, each list in order; false when it can't be read.
 bool ReadFolder(const std::string& folder, Names& names) {
-  WIN32_FIND_DATAA found;
-  const unique_find search(FindFirstFileA((folder + "\\*.*").c_str(), &found));
-  if (!search) return false;
-  do {
-    const std::string name = found.cFileName;
-    const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    if (isFolder && (name == "." || name == "..")) continue;
+  FolderEntries entries(folder.c_str());
+  if (!entries.Opened()) return false;
+  while (entries.Next()) {
     // A link to another folder is not followed: it may lead back into this tree.
-    if (isFolder && (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) continue;
-    (isFolder ? names.folders : names.files).push_back(name);
-  } while (FindNextFileA(search.get(), &found));
+    if (entries.IsFolder() && entries.IsLink()) continue;
+    (entries.IsFolder() ? names.folders : names.files).push_back(entries.Name());
+  }
+  if (entries.Unreadable()) return false;
   std::sort(names.files.begin(), names.files.end());
   std::sort(names.folders.begin(), names.folders.end());
   return true;
@@ -45,7 +37,9 @@ bool ReadFolder(const std::string& folder, Names& names) {
 }  // namespace
 
 TreeZipper::TreeZipper(std::string folder, std::string pattern, std::string skipped)
-    : m_folder(std::move(folder)), m_pattern(std::move(pattern)), m_skipped(FullPath(skipped)) {
+    : m_folder(std::move(folder)),
+      m_pattern(std::move(pattern)),
+      m_skipped(FullPathOf(skipped.c_str())) {
   m_read = ListFolder("");
   SetRange(0, static_cast<unsigned>(m_names.size()));
   SetTitle("Zipping", m_folder.c_str());
@@ -67,7 +61,7 @@ bool TreeZipper::ListFolder(const std::string& prefix) {
 }
 
 void TreeZipper::ListFile(const std::string& name) {
-  if (_stricmp(FullPath(PathOf(name)).c_str(), m_skipped.c_str()) != 0) m_names.push_back(name);
+  if (lstrcmpiA(FullPathOf(PathOf(name).c_str()), m_skipped) != 0) m_names.push_back(name);
 }
 
 void TreeZipper::Run(HZIP archive) {

@@ -39,7 +39,7 @@ class TreeZipper : public MMultiOperation {
   HZIP m_archive = nullptr;
   std::string m_folder;
   std::string m_pattern;
-  std::string m_skipped;
+  CString m_skipped;                 // in full
   std::vector<std::string> m_names;  // of entries; those of folders end in "/"
   bool m_read;
   int m_added = 0;

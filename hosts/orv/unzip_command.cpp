@@ -5,28 +5,15 @@
 
 #include "archive_reader.h"
 #include "commands.h"
-#include "entry/PathUtils.h"
 #include "operation_run.h"
 #include "ops/DirOp.h"
 #include "zip/EntryPath.h"
+#include "zip/FolderTarget.h"
 #include "zip_messages.h"
 
 namespace {
 
 bool IsFolderEntry(const ZIPENTRY& entry) { return (entry.attr & FILE_ATTRIBUTE_DIRECTORY) != 0; }
-
-// Replaces what stands there, a read-only file too, when the new one is whole.
-unsigned long ExtractFile(HZIP archive, const ZIPENTRY& entry, const std::string& path) {
-  EnsureFileFolder(path.c_str());
-  const DWORD attributes = GetFileAttributesA(path.c_str());
-  const bool isReadOnly =
-      attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
-  if (isReadOnly) SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-  std::string target = path;
-  const unsigned long result = UnzipItem(archive, entry.index, target.data(), 0, kZipFileName);
-  if (isReadOnly && result != kZipOk) SetFileAttributesA(path.c_str(), attributes);
-  return result;
-}
 
 class UnzipOperation : public MMultiOperation {
  public:
@@ -54,9 +41,11 @@ class UnzipOperation : public MMultiOperation {
       m_failed = 1;
       return kZipOk;
     }
-    const std::string path = m_folder + "\\" + entry.name;
-    if (IsFolderEntry(entry)) return CreateDirectoryA(path.c_str()) ? kZipOk : kZipNoFile;
-    const unsigned long result = ExtractFile(archive, entry, path);
+    const CString begin = EntryPathBegin(m_folder.c_str());
+    CString path = begin + entry.name;
+    if (IsFolderEntry(entry))
+      return CreateDirectoryA(static_cast<const char*>(path)) ? kZipOk : kZipNoFile;
+    const unsigned long result = ExtractBelow(archive, entry.index, begin, path);
     m_extracted += result == kZipOk;
     return result;
   }

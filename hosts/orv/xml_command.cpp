@@ -11,7 +11,6 @@
 
 #include "commands.h"
 #include "markup/OXParser.h"
-#include "whole_file.h"
 #include "xml_html_parser.h"
 
 namespace {
@@ -123,9 +122,7 @@ int XmlCommand(int count, char** arguments) {
   }
   if (!parsed) return kFailed;
 
-  if (options.out != nullptr && !WriteWholeFile(options.out, [&](const char* part) {
-        return parser->WriteFile(part) != 0;
-      })) {
+  if (options.out != nullptr && !parser->WriteFile(options.out)) {
     fprintf(stderr, "orv: %s: %s\n", options.out,
             parser->IsEmpty() ? "there is nothing to write" : "can't be written");
     return kFailed;

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "commands.h"
-#include "entry/PathUtils.h"
+#include "entry/DestinationFile.h"
 #include "tree_zipper.h"
 #include "zip_messages.h"
 
@@ -29,33 +29,31 @@ bool ZipToOutput(TreeZipper& zipper) {
   return ZipInto(archive, zipper);
 }
 
-std::string PartOf(const std::string& name) { return name + ".part"; }
-
 // The archive is written beside its name and put in place when it is finished, so that a run that
 // is stopped or broken off leaves what stood there.
 bool ZipToFile(const std::string& name, TreeZipper& zipper) {
-  std::string part = PartOf(name);
-  const HZIP archive = CreateZipZ(part.data(), 0, kZipFileName);
+  DestinationFile file;
+  const HZIP archive = file.Open(name.c_str(), {.alwaysBeside = true})
+                           ? CreateZipZ(file.Handle(), 0, kZipHandle)
+                           : nullptr;
   if (archive == nullptr) {
-    Complain(part, ZipText(kZipNoFile));
+    Complain(name, ZipText(kZipNoFile));
     return false;
   }
-  if (!ZipInto(archive, zipper)) {
-    ForceDeleteFile(part.c_str());
-    return false;
-  }
-  if (MoveFileExA(part.c_str(), name.c_str(), MOVEFILE_REPLACE_EXISTING)) return true;
-  Complain(name, "the archive can't be put in place; it is " + part);
+  if (!ZipInto(archive, zipper)) return false;
+  if (file.Commit()) return true;
+  Complain(name, "the archive can't be put in place");
   return false;
 }
 
 bool Zip(const std::string& name, const std::string& folder, const std::string& pattern) {
-  TreeZipper zipper(folder, pattern, PartOf(name));
+  const bool toOutput = name == "-";
+  TreeZipper zipper(folder, pattern, toOutput ? "" : name);
   if (!zipper.read()) {
     Complain(folder, "the folder can't be read");
     return false;
   }
-  const bool good = name == "-" ? ZipToOutput(zipper) : ZipToFile(name, zipper);
+  const bool good = toOutput ? ZipToOutput(zipper) : ZipToFile(name, zipper);
   fprintf(stderr, "%d entries added, %d failed\n", zipper.added(), zipper.failed());
   return good && zipper.failed() == 0;
 }

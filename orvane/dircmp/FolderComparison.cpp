@@ -5,6 +5,7 @@
 
 #include "diag/AssertVerifyTrace.h"
 #include "dircmp/FolderScan.h"
+#include "entry/PathUtils.h"
 #include "entry/strutils.h"
 
 namespace {
@@ -13,12 +14,8 @@ namespace {
 std::string FolderOf(const char* path) {
   std::string folder = static_cast<LPCSTR>(WithBackslashes(path));
   if (folder.empty()) return folder;
-  if (folder == "\\" || folder.back() == ':') {
-    // The root of the current drive, or the current folder of a drive, which have to be named.
-    char full[MAX_PATH];
-    const DWORD size = GetFullPathNameA(path, MAX_PATH, full, nullptr);
-    if (size > 0 && size < MAX_PATH) folder = full;
-  }
+  // The root of the current drive, or the current folder of a drive, which have to be named.
+  if (folder == "\\" || folder.back() == ':') folder = FullPathOf(path);
   // The last byte of a Japanese name may be a backslash, too.
   while (!folder.empty() && *CharPrevA(folder.c_str(), folder.c_str() + folder.size()) == '\\') {
     folder.pop_back();

@@ -42,18 +42,6 @@ int RankOf(FileState state) {
                           std::begin(kSections));
 }
 
-// Without backslashes at its end; the path as it is when it is too long.
-CString FullPathOf(const CString& path) {
-  char full[MAX_PATH];
-  const DWORD size = GetFullPathNameA(path, MAX_PATH, full, nullptr);
-  const CString result = size > 0 && size < MAX_PATH ? CString(full) : path;
-  const LPCSTR begin = result;
-  int length = result.GetLength();
-  // The last byte of a Japanese name may be a backslash, too.
-  while (length > 0 && *CharPrevA(begin, begin + length) == '\\') --length;
-  return result.Left(length);
-}
-
 std::string TimeHtml(const CTime& time) {
   return time == CTime() ? std::string() : HtmlOf(time.Format("%Y-%m-%d %H:%M"));
 }
@@ -140,11 +128,11 @@ void HyperLinkReport::AddAll() {
 
 HyperLinkReport::Target HyperLinkReport::Prepare(const char* folder) {
   Sort();
-  m_folder = FullPathOf(folder);
+  m_folder = FullFolderOf(folder);
   if (!IsEmpty(m_folder) && !IsReportPage(IndexPath())) return Target::Occupied;
   // An earlier report's folder that the documents have been moved into.
   for (const CString& compared : {m_comparison.baseFolder(), m_comparison.revisedFolder()}) {
-    if (IsInFolder(FullPathOf(compared + "\\"), m_folder)) return Target::Occupied;
+    if (IsInFolder(FullFolderOf(compared + "\\"), m_folder)) return Target::Occupied;
   }
   if (!CreateDirectoryA(static_cast<LPCSTR>(m_folder))) return Target::NotCreated;
   DeletePages(m_folder + kPagesFolder);
@@ -178,7 +166,7 @@ HyperLinkReport::Links HyperLinkReport::LinksOf(const DocumentRecord& record) co
   return {PageUrl(number), found->baseUrl, found->revisedUrl};
 }
 
-std::string HyperLinkReport::UrlInPlace(const CString& path) { return FileUrl(FullPathOf(path)); }
+std::string HyperLinkReport::UrlInPlace(const CString& path) { return FileUrl(FullFolderOf(path)); }
 
 std::string HyperLinkReport::SectionUrl(FileState state) const {
   return HasSection(state) ? std::string("index.html#") + ClassOf(state) : std::string();

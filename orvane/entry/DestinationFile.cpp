@@ -7,19 +7,13 @@
 #include <cstring>
 
 #include "diag/trace.h"
+#include "entry/PathUtils.h"
 
 namespace {
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr int kMostTries = 100;
 constexpr size_t kTemporaryName = 13;  // the name that GetTempFileName makes, and a zero
-
-bool getFullPath(const char* path, char (&full)[MAX_PATH]) {
-  const DWORD length = GetFullPathNameA(path, MAX_PATH, full, nullptr);
-  if (length > 0 && length < MAX_PATH) return true;
-  if (length != 0) SetLastError(ERROR_FILENAME_EXCED_RANGE);
-  return false;
-}
 
 // Where the name begins, behind the last "\"; a trail byte that looks like one is none.
 size_t nameStart(const char* path) {
@@ -64,7 +58,7 @@ bool MakeFileBeside(const char* path, const char* prefix, char (&made)[MAX_PATH]
 bool DestinationFile::Open(const char* path, const Options& options) {
   Discard();
   m_options = options;
-  if (!getFullPath(path, m_path)) return false;
+  if (!GetFullPath(path, m_path)) return false;
   m_replaces = false;
   if (!m_options.alwaysBeside) {
     if (OpenNew(path)) return true;

@@ -4,12 +4,13 @@
 #include <afxwin.h>
 
 #include "entry/Handles.h"
+#include "entry/export.h"
 
 // Where something stands at the destination already, writes beside it and moves the result there at
 // the end, so that whoever looks at the destination, at any moment, finds what stood there before
 // or all of the new file. A destination that names a device is written to as it is. Members give
 // false when the system refuses something; its last error says why. Nothing is thrown.
-class DestinationFile {
+class ORVANE_API DestinationFile {
  public:
   struct Options {
     DWORD attributes = FILE_ATTRIBUTE_NORMAL;  // of the new file

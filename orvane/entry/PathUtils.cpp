@@ -9,6 +9,26 @@
 #include "entry/strutils.h"
 #include "ops/DirOp.h"
 
+bool GetFullPath(const char* path, char (&full)[MAX_PATH]) {
+  const DWORD length = GetFullPathNameA(path, sizeof full, full, nullptr);
+  if (length > 0 && length < sizeof full) return true;
+  if (length > 0) SetLastError(ERROR_FILENAME_EXCED_RANGE);
+  return false;
+}
+
+CString FullPathOf(const char* path) {
+  char full[MAX_PATH];
+  return GetFullPath(path, full) ? CString(full) : WithBackslashes(path);
+}
+
+CString FullFolderOf(const char* path) {
+  const CString full = FullPathOf(path);
+  if (full.IsEmpty()) return full;
+  CString folder, name;
+  SplitAtLastBackslash(full, folder, name);
+  return name.IsEmpty() ? folder : full;
+}
+
 void ForceDeleteFile(const char* path) {
   if (_chmod(path, _S_IREAD | _S_IWRITE) != 0) return;
   VERIFY(_unlink(path) == 0);

@@ -11,7 +11,9 @@ SetGetCurrentDir::SetGetCurrentDir(const char* folder) {
 
   if (folder == nullptr || *folder == 0) return;
   CreateDirectoryA(folder);
-  const bool entered = SetCurrentDirectoryA(folder) != FALSE;
+  const bool isDrive = folder[1] == ':' && folder[2] == 0;
+  const char root[] = {folder[0], ':', '\\', 0};
+  const bool entered = SetCurrentDirectoryA(isDrive ? root : folder) != FALSE;
   ASSERT(entered);
   static_cast<void>(entered);
 }

@@ -10,7 +10,8 @@
 // reported by ASSERT, and the scope runs on where it is.
 class ORVANE_API SetGetCurrentDir {
  public:
-  // Makes folder current, creating it with its parents; null or empty: the current one stays.
+  // Makes folder current, creating it with its parents; null or empty: the current one stays. A
+  // drive alone ("C:") is its root: that is what is left of a path split at its only backslash.
   explicit SetGetCurrentDir(const char* folder);
   ~SetGetCurrentDir();
   SetGetCurrentDir(const SetGetCurrentDir&) = delete;

@@ -56,9 +56,8 @@ DWORD lastErrorOr(DWORD other) {
 // Begins the file, in a folder that is made when missing. 0, or the system's error: also when what
 // stands at path could not be replaced.
 DWORD openFile(COXMarkupFile& file, const CString& path) {
-  char full[MAX_PATH] = "";
-  const DWORD length = GetFullPathNameA(path, sizeof full, full, nullptr);
-  if (length == 0 || length >= sizeof full) return ERROR_BAD_PATHNAME;
+  char full[MAX_PATH];
+  if (!GetFullPath(path, full)) return ERROR_BAD_PATHNAME;
   EnsureFileFolder(full);
   return file.Create(full) ? 0 : lastErrorOr(ERROR_CANNOT_MAKE);
 }

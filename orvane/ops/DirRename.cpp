@@ -105,8 +105,8 @@ bool MoveEntries(const CString& from, const CString& to) {
 
 // The same folder under a name that differs in letter case, or not at all.
 bool RenameToItself(const char* oldFolder, const char* newFolder) {
-  const CString oldPath = FullPath(oldFolder);
-  const CString newPath = FullPath(newFolder);
+  const CString oldPath = FullFolderOf(oldFolder);
+  const CString newPath = FullFolderOf(newFolder);
   const bool otherCase = oldPath != newPath && ComparedPath(oldPath) == ComparedPath(newPath);
   if (!otherCase) return true;
   if (IsFolderLink(oldPath)) return MoveTreeLink(oldPath, newPath);

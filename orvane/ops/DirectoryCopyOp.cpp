@@ -59,7 +59,7 @@ class FileBeside {
 // Copies over a file by way of a new one beside it.
 bool CopyOver(const char* source, const char* target, DWORD targetAttributes) {
   if (targetAttributes & FILE_ATTRIBUTE_DIRECTORY) return false;
-  FileBeside beside(FullPath(target));
+  FileBeside beside(FullPathOf(target));
   if (!beside || !CopyFileA(source, beside.path(), FALSE)) return false;
   if (targetAttributes & FILE_ATTRIBUTE_READONLY) SetTreeFileReadOnly(target, false);
   if (beside.TakePlaceOf(target)) return true;

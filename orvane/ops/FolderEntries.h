@@ -4,8 +4,9 @@
 #include <afxwin.h>
 
 #include "entry/Handles.h"
+#include "entry/export.h"
 
-class FolderEntries {
+class ORVANE_API FolderEntries {
  public:
   // The entries of folder that match pattern. "." and ".." are left out. An empty name is no
   // folder.

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "entry/Handles.h"
+#include "entry/PathUtils.h"
 #include "entry/strutils.h"
 
 namespace {
@@ -27,19 +28,8 @@ struct Identity {
 
 }  // namespace
 
-CString FullPath(const char* path) {
-  char full[2 * MAX_PATH];
-  const DWORD length = GetFullPathNameA(path, sizeof full, full, nullptr);
-  CString result = length > 0 && length < sizeof full ? CString(full) : WithBackslashes(path);
-  CString folder, name;
-  if (result.IsEmpty()) return result;
-  SplitAtLastBackslash(result, folder, name);
-  if (name.IsEmpty()) result = folder;
-  return result;
-}
-
 CString ComparedPath(const char* path) {
-  CString result = FullPath(path);
+  CString result = FullFolderOf(path);
   result.MakeLower();
   return result;
 }
@@ -57,7 +47,7 @@ bool HoldsFolder(const char* outer, const char* inner) {
   Identity wanted, folder;
   if (!wanted.Read(outer)) return false;
   CString parent, name;
-  for (CString path = FullPath(inner); !path.IsEmpty(); path = parent) {
+  for (CString path = FullFolderOf(inner); !path.IsEmpty(); path = parent) {
     if (folder.Read(path.Right(1) == ":" ? path + "\\" : path) && folder == wanted) return true;
     SplitAtLastBackslash(path, parent, name);
     if (parent.GetLength() == path.GetLength()) break;

@@ -3,9 +3,6 @@
 
 #include <afxwin.h>
 
-// The path in full, with single backslashes and none at the end.
-CString FullPath(const char* path);
-
 // The path in the one form in which paths are compared: full, in lower case.
 CString ComparedPath(const char* path);
 

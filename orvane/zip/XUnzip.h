@@ -78,7 +78,7 @@ ORVANE_API unsigned long FindZipItemW(HZIP archive, const char* name, bool ignor
 ORVANE_API unsigned long UnzipItem(HZIP archive, int index, void* destination, unsigned int length,
                                    unsigned long kind);
 
-// Closes the archive and frees the handle.
+// Closes the archive and frees the handle. kZipBadArguments for null, kZipWrongKind for a writer's.
 ORVANE_API unsigned long CloseZipU(HZIP archive);
 
 // Whether a handle is a reader's. A null handle counts as one, by design: hosts test their handle

@@ -6,10 +6,10 @@
 #include <utility>
 
 #include "diag/trace.h"
-#include "entry/Handles.h"
 #include "entry/PathUtils.h"
 #include "entry/SetGetCurrentDir.h"
 #include "entry/strutils.h"
+#include "ops/FolderEntries.h"
 #include "zip/FolderTarget.h"
 #include "zip/ZipArchive.h"
 
@@ -98,17 +98,14 @@ int ZipDir(const char* archive, const char* folder, const char* pattern) {
 
 int DoZipDir(HZIP archive, const char* folder, const char* pattern, int prefixLength) {
   return Guarded([&] {
-    const CString begin = CString(OrEmpty(folder)) + "\\";
-    WIN32_FIND_DATAA found;
-    const unique_find search(FindFirstFileA(begin + OrEmpty(pattern), &found));
-    if (!search) return 0;
-    do {
-      const CString path = begin + found.cFileName;
-      if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
-        AddWithoutPrefix(archive, path, static_cast<size_t>(std::max(prefixLength, 0)));
-      else if (std::strcmp(found.cFileName, ".") != 0 && std::strcmp(found.cFileName, "..") != 0)
-        DoZipDir(archive, path, pattern, prefixLength);
-    } while (FindNextFileA(search.get(), &found));
+    FolderEntries entries(OrEmpty(folder), OrEmpty(pattern));
+    if (!entries.Opened()) return 0;
+    while (entries.Next()) {
+      if (!entries.IsFolder())
+        AddWithoutPrefix(archive, entries.Path(), static_cast<size_t>(std::max(prefixLength, 0)));
+      else if (!entries.IsLink())
+        DoZipDir(archive, entries.Path(), pattern, prefixLength);
+    }
     return 1;
   });
 }

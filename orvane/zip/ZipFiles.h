@@ -9,11 +9,12 @@
 #include "zip/XUnzip.h"
 #include "zip/ZipWriter.h"
 
-// Zips the files of folder and its sub-folders that match pattern ("*.*" is every one) into a new
-// archive, a relative archive name being taken inside folder. Entries are named relative to folder.
-// Empty folders are not kept, and a sub-folder is entered only when it matches pattern itself: one
-// search per level, by design. Returns the result of DoZipDir, or 0 when the archive could not be
-// written. With 0, one that stood there stays, as it does for the next two functions.
+// Zips the files of folder (an absolute path) and its sub-folders that match pattern ("*.*" is
+// every one) into a new archive, a relative archive name being taken inside folder. Entries are
+// named relative to folder. Empty folders are not kept, links to folders not entered, and a
+// sub-folder is entered only when it matches pattern itself: one search per level, by design.
+// Returns the result of DoZipDir, or 0 when the archive could not be written. With 0, one that
+// stood there stays, as it does for the next two functions.
 ORVANE_API int ZipDir(const char* archive, const char* folder, const char* pattern);
 
 // The same into an open archive; entry names, and the paths that files are read from, are what

@@ -54,7 +54,7 @@ void ZipOp::PostOperationLoop() { DropArchive(); }
 const char* ZipOp::EntryName(const CString& file) const {
   const char* const text = file;
   if (m_rootPath.IsEmpty()) return text;
-  if (*text == '\\') return text + 1;
+  if (*text == '\\' && text[1] != '\\') return text + 1;
   const int length = m_rootPath.GetLength();
   ASSERT(EqualsIgnoringCase(file.Left(length), m_rootPath));
   const char* const rest = text + std::min(length, file.GetLength());

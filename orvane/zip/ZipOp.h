@@ -18,7 +18,8 @@ class ORVANE_API ZipOp : public MMultiOperation {
  public:
   // files       the paths to pack; stays the caller's and must outlive the operation
   // rootPath    the folder that entry names are relative to, with which every path begins (ASSERT)
-  //             save those that begin with "\": they are relative to it. Empty: paths are names.
+  //             save those that begin with one "\": they are relative to it. Empty: paths are
+  //             names.
   // sizeLimit   bytes of an archive; 0: one file in each
   ZipOp(const CArray<CString, const char*>& files, const char* rootPath, unsigned long sizeLimit);
   ~ZipOp() override;

@@ -18,9 +18,10 @@
 //   kZipFileName  target is a path. The file is created and not shared. An existing one is replaced
 //                 when the archive is closed; until then it is kept from everybody else.
 //   kZipMemory    target is the caller's block of length bytes, or null: then the library maps a
-//                 block of length bytes of its own (0: 0x30000), which ZipGetMemory shows.
+//                 block of length bytes of its own, which ZipGetMemory shows. Neither grows.
 //
-// Returns the handle, or null: kZipNoDuplicate, kZipNoFile, kZipNoMemory or kZipBadArguments.
+// Returns the handle, or null: kZipNoDuplicate, kZipNoFile, kZipNoMemory, kZipMemoryFull for a
+// block of no bytes, or kZipBadArguments.
 ORVANE_API HZIP CreateZipZ(void* target, unsigned int length, unsigned long kind);
 
 // Adds an entry.
@@ -61,7 +62,9 @@ ORVANE_API unsigned long ZipGetMemory(HZIP archive, void** memory, unsigned long
 
 // Writes the central directory, unless ZipGetMemory did, and frees the handle, whatever the result.
 // When that fails, no file is left of an archive that was created by name, and one that it was to
-// replace stays. That one also stays when a write has failed before: kZipEarlierError.
+// replace stays. That one also stays when a write has failed before: kZipEarlierError. What ZipAdd
+// gives for failed writes; for a handle that is null or a reader's, kZipBadArguments or
+// kZipWrongKind, and nothing is freed.
 ORVANE_API unsigned long CloseZipZ(HZIP archive);
 
 // Whether a handle is a writer's. A null handle counts as one, by design: hosts test their handle

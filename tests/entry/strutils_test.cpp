@@ -4,6 +4,7 @@
 
 #include <mbctype.h>
 
+#include "entry/PathUtils.h"
 #include "support/AssertionLog.h"
 
 TEST(SplitAtLastBackslash, Table) {
@@ -57,4 +58,26 @@ TEST(DoubleByteTexts, AreCutBetweenCharacters) {
   const char* const text = "\x83\x41 A";
   EXPECT_EQ(TextAfter(text, "A"), text + 4);
   _setmbcp(_MB_CP_ANSI);
+}
+
+TEST(FullPath, FilesAndFolders) {
+  const struct {
+    const char* path;
+    const char* file;
+    const char* folder;
+  } kCases[] = {
+      {"C:\\a\\..\\b/c", "C:\\b\\c", "C:\\b\\c"},
+      {"C:/a//b/", "C:\\a\\b\\", "C:\\a\\b"},
+      {"C:\\", "C:\\", "C:"},
+      {"", "", ""},
+  };
+  for (const auto& c : kCases) {
+    EXPECT_STREQ(FullPathOf(c.path), c.file);
+    EXPECT_STREQ(FullFolderOf(c.path), c.folder);
+  }
+  char full[MAX_PATH];
+  const std::string longest = "C:\\" + std::string(MAX_PATH - 4, 'n');
+  EXPECT_TRUE(GetFullPath(longest.c_str(), full));
+  EXPECT_FALSE(GetFullPath((longest + "n").c_str(), full));
+  EXPECT_EQ(GetLastError(), ERROR_FILENAME_EXCED_RANGE);
 }

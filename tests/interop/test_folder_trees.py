@@ -62,6 +62,9 @@ def links_are_not_entered(orv, folder):
     check_equal(orv.run("size", tree).expect().stdout.split(), [b"2", b"2"], "bytes and files")
     orv.run("copy", tree, folder / "copy").expect()
     check_equal(sorted(_tree(folder / "copy")), ["a/keep", "a/note.tmp"], "the files copied")
+    orv.run("zip", folder / "a.zip", tree).expect()
+    with zipfile.ZipFile(folder / "a.zip") as archive:
+        check_equal(sorted(archive.namelist()), ["a/keep", "a/note.tmp"], "the files zipped")
     orv.run("clean", tree, "note.tmp").expect()
     check(not (tree / "a/note.tmp").exists(), "the file of the name is still there")
     orv.other("trees_host").run("read-only", tree).expect()
@@ -136,7 +139,7 @@ def full_disk_loses_nothing(orv, folder):
         check_equal(sorted(_tree(disk / "out")), ["small", "sub/large"], "the files extracted")
         for name in ("copy/sub/large", "a.zip", "out/sub/large"):
             check_equal((disk / name).read_bytes(), b"of before", f"{name}, of before")
-        check_equal(list(disk.rglob("*.part")), [], "files left half")
+        check_equal(list(disk.rglob("*.tmp")), [], "files left half")
         if disk.is_mount():  # otherwise nothing is copied in a move
             before = _tree(tree)
             orv.other("trees_host").run("rename", tree, disk / "moved").expect(1)
@@ -154,10 +157,10 @@ def stopped_zip_leaves_what_was(orv, folder):
     for i in range(_MANY):
         _write(folder / f"tree/file {i}", b"%d" % i)
     archive = _write(folder / "a.zip", b"of before")
-    part = folder / "a.zip.part"
-    _stop(orv, folder, part.exists, "zip", archive, folder / "tree")
+    begun = lambda: list(folder.glob("new*.tmp"))
+    _stop(orv, folder, begun, "zip", archive, folder / "tree")
     check_equal(archive.read_bytes(), b"of before", "the archive of before")
-    check(not part.exists(), "the half archive is left")
+    check_equal(begun(), [], "the half archive is left")
 
 
 def stopped_unzip_leaves_whole_files(orv, folder):

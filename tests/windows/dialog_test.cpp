@@ -1,6 +1,7 @@
 // Dialogs: their life, their keys, and what they leave behind.
 #include <afxwin.h>
 
+#include "windows/BoxAnswer.h"
 #include "windows/Steps.h"
 
 namespace {
@@ -54,6 +55,14 @@ class InitialDialog : public StepDialog {
 };
 
 }  // namespace
+
+// The exception is shown, and ends there: the dialog manager's frames lie between here and DoModal.
+TEST_F(Dialog, ExceptionOfOnInitDialogIsShown) {
+  InitialDialog dialog(simple(), [](InitialDialog&) -> BOOL { throw "the reason"; });
+  BoxAnswer box(IDOK);
+  EXPECT_EQ(dialog.DoModal(), StepDialog::kStepsDone);
+  EXPECT_EQ(box.text, "the reason");
+}
 
 TEST_F(Dialog, EndedInOnInitDialogNeverShows) {
   InitialDialog dialog(simple(), [](InitialDialog& self) {

@@ -8,61 +8,15 @@ namespace {
 
 constexpr uint32_t kLocalSignature = 0x04034B50;
 constexpr uint32_t kCentralSignature = 0x02014B50;
+constexpr uint16_t kVersion = 20, kMadeBy = 0x0B17, kNoAttributes = 0;
 
-// Puts an archive together and notes where its numbers stand.
-class Assembler {
- public:
-  void Put(uint16_t value) { PutNumber(value, 2); }
-  void Put(uint32_t value) { PutNumber(value, 4); }
-  void Put(const std::string& bytes) { m_layout.bytes += bytes; }
-
-  void PutLocal(const Entry& entry) {
-    Put(entry.local.signature);
-    PutCommon(entry.local);
-    Put(entry.local.name);
-    Put(entry.local.extra);
-    Put(entry.data);
-    Put(entry.descriptor);
-  }
-
-  void PutCentral(const Entry& entry, uint32_t offset) {
-    Put(entry.central.signature);
-    Put(entry.madeBy);
-    PutCommon(entry.central);
-    Put(entry.commentLength.value_or(static_cast<uint16_t>(entry.comment.size())));
-    Put(entry.disk);
-    Put(entry.internal);
-    Put(entry.external);
-    Put(entry.offset.value_or(offset));
-    Put(entry.central.name);
-    Put(entry.central.extra);
-    Put(entry.comment);
-  }
-
-  size_t size() const { return m_layout.bytes.size(); }
-  Layout& layout() { return m_layout; }
-
- private:
-  void PutCommon(const Header& header) {
-    Put(header.version);
-    Put(header.flags);
-    Put(header.method);
-    Put(header.time);
-    Put(header.date);
-    Put(header.crc);
-    Put(header.compressed);
-    Put(header.uncompressed);
-    Put(header.nameLength.value_or(static_cast<uint16_t>(header.name.size())));
-    Put(header.extraLength.value_or(static_cast<uint16_t>(header.extra.size())));
-  }
-
-  void PutNumber(uint32_t value, unsigned width) {
-    m_layout.numbers.push_back({size(), width});
-    for (unsigned i = 0; i < width; ++i) m_layout.bytes += static_cast<char>(value >> (8 * i));
-  }
-
-  Layout m_layout;
-};
+std::string Common(const Header& header) {
+  const size_t name = header.nameLength.value_or(static_cast<uint16_t>(header.name.size()));
+  const size_t extra = header.extraLength.value_or(static_cast<uint16_t>(header.extra.size()));
+  return U16(kVersion) + U16(header.flags) + U16(header.method) + U16(header.time) +
+         U16(header.date) + U32(header.crc) + U32(header.compressed) + U32(header.uncompressed) +
+         U16(name) + U16(extra);
+}
 
 Entry MakeEntry(const std::string& name, const std::string& plain) {
   Entry entry;
@@ -89,8 +43,7 @@ Entry Deflated(const std::string& name, const std::string& plain) {
   return entry;
 }
 
-Entry Streamed(const std::string& name, const std::string& plain, bool withSignature) {
-  Entry entry = Deflated(name, plain);
+Entry Piped(Entry entry, bool withSignature) {
   entry.Both(&Header::flags, kHasDescriptor);
   entry.local.crc = entry.local.compressed = entry.local.uncompressed = 0;
   if (withSignature) entry.descriptor = "PK\7\10";
@@ -106,53 +59,41 @@ Entry Folder(const std::string& name) {
 }
 
 std::string LocalPart(const Entry& entry) {
-  Assembler assembler;
-  assembler.PutLocal(entry);
-  return assembler.layout().bytes;
+  return U32(entry.local.signature) + Common(entry.local) + entry.local.name + entry.local.extra +
+         entry.data + entry.descriptor;
 }
 
 std::string CentralPart(const Entry& entry, size_t offset) {
-  Assembler assembler;
-  assembler.PutCentral(entry, static_cast<uint32_t>(offset));
-  return assembler.layout().bytes;
+  return U32(entry.central.signature) + U16(kMadeBy) + Common(entry.central) +
+         U16(entry.comment.size()) + U16(entry.disk) + U16(kNoAttributes) + U32(entry.external) +
+         U32(entry.offset.value_or(static_cast<uint32_t>(offset))) + entry.central.name +
+         entry.central.extra + entry.comment;
 }
 
 Layout Archive::LayOut() const {
-  Assembler assembler;
-  std::vector<size_t> offsets;
-  assembler.Put(stub);
+  Layout layout;
+  std::string& bytes = layout.bytes = stub;
   for (const Entry& entry : entries) {
-    assembler.Put(entry.before);
-    offsets.push_back(assembler.size());
-    if (entry.hasLocal) assembler.PutLocal(entry);
+    bytes += entry.before;
+    layout.offsets.push_back(bytes.size());
+    if (entry.hasLocal) bytes += LocalPart(entry);
   }
-  assembler.Put(beforeDirectory);
-  const size_t directory = assembler.size();
+  bytes += beforeDirectory;
+  layout.directory = bytes.size();
   uint16_t records = 0;
   for (size_t i = 0; i < entries.size(); ++i) {
     if (!entries[i].hasCentral) continue;
-    assembler.PutCentral(entries[i], static_cast<uint32_t>(offsets[i] - stub.size()));
+    bytes += CentralPart(entries[i], layout.offsets[i] - stub.size());
     ++records;
   }
-  assembler.Put(insideDirectory);
-  const size_t directoryEnd = assembler.size();
-  assembler.Put(beforeEnd);
-  const size_t end = assembler.size();
-  assembler.Put(endSignature);
-  assembler.Put(disk);
-  assembler.Put(directoryDisk);
-  assembler.Put(countHere.value_or(records));
-  assembler.Put(count.value_or(records));
-  assembler.Put(directorySize.value_or(static_cast<uint32_t>(directoryEnd - directory)));
-  assembler.Put(directoryOffset.value_or(static_cast<uint32_t>(directory - stub.size())));
-  assembler.Put(commentLength.value_or(static_cast<uint16_t>(comment.size())));
-  assembler.Put(comment);
-  assembler.Put(behind);
-
-  Layout layout = std::move(assembler.layout());
-  layout.offsets = offsets;
-  layout.directory = directory;
-  layout.end = end;
+  bytes += insideDirectory;
+  layout.end = bytes.size();
+  const auto size = static_cast<uint32_t>(layout.end - layout.directory);
+  const auto offset = static_cast<uint32_t>(layout.directory - stub.size());
+  bytes += U32(endSignature) + U16(disk) + U16(directoryDisk) + U16(countHere.value_or(records)) +
+           U16(count.value_or(records)) + U32(directorySize.value_or(size)) +
+           U32(directoryOffset.value_or(offset)) +
+           U16(commentLength.value_or(static_cast<uint16_t>(comment.size()))) + comment + behind;
   return layout;
 }
 
@@ -165,7 +106,7 @@ Archive GoodArchive() {
   archive.entries = {
       Deflated("text.txt", text), Stored("noise.bin", Noise(300, 1)),
       Folder("folder/"),          Deflated("folder/inner.txt", text.substr(100, 500)),
-      Stored("empty", ""),        Streamed("streamed.txt", text.substr(50))};
+      Stored("empty", ""),        Piped(Deflated("streamed.txt", text.substr(50)))};
   return archive;
 }
 
@@ -181,7 +122,7 @@ std::string ExtraBlock(uint16_t id, const std::string& bytes) {
 
 std::string Deflate(const std::string& plain) {
   z_stream stream = {};
-  if (deflateInit2(&stream, 9, Z_DEFLATED, -15, 8, Z_DEFAULT_STRATEGY) != Z_OK) return {};
+  if (deflateInit2(&stream, 8, Z_DEFLATED, -15, 8, Z_DEFAULT_STRATEGY) != Z_OK) return {};
   std::string data(deflateBound(&stream, static_cast<uLong>(plain.size())), 0);
   stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(plain.data()));
   stream.avail_in = static_cast<uInt>(plain.size());
@@ -196,8 +137,6 @@ std::string Deflate(const std::string& plain) {
 uint32_t Crc(const std::string& bytes) {
   return crc32(0, reinterpret_cast<const Bytef*>(bytes.data()), static_cast<uInt>(bytes.size()));
 }
-
-std::string Repeat(char c, size_t times) { return std::string(times, c); }
 
 std::string Noise(size_t size, uint32_t seed) {
   std::mt19937 random(seed);

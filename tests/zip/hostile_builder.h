@@ -17,9 +17,8 @@ constexpr uint16_t kDeflated = 8;
 constexpr uint16_t kEncrypted = 0x0001;      // flag bit 0
 constexpr uint16_t kHasDescriptor = 0x0008;  // flag bit 3
 
-constexpr size_t kLocalSize = 30;    // a local header without name and extra field
-constexpr size_t kCentralSize = 46;  // a central record without name, extra field and comment
-constexpr size_t kEndSize = 22;      // an end record without comment
+constexpr size_t kLocalSize = 30;  // a local header without name and extra field
+constexpr size_t kEndSize = 22;    // an end record without comment
 
 // Set: written as it is. Not set: the truth is written.
 template <class Number>
@@ -28,7 +27,6 @@ using Lie = std::optional<Number>;
 // What a local header and a central record have in common.
 struct Header {
   uint32_t signature = 0;
-  uint16_t version = 20;
   uint16_t flags = 0;
   uint16_t method = kStored;
   uint16_t time = 0x6000;  // 12:00:00
@@ -53,12 +51,9 @@ struct Entry {
 
   bool hasCentral = true;
   Header central;
-  uint16_t madeBy = 0x0B17;
   uint16_t disk = 0;
-  uint16_t internal = 0;
   uint32_t external = 0x81800020;
   std::string comment;
-  Lie<uint16_t> commentLength;
   Lie<uint32_t> offset;
 
   // Changes a field of both headers: entry.Both(&Header::crc, 1).
@@ -72,9 +67,9 @@ struct Entry {
 
 Entry Stored(const std::string& name, const std::string& plain);
 Entry Deflated(const std::string& name, const std::string& plain);
-// Sizes and CRC stand behind the data, with the descriptor's usual signature or without.
-Entry Streamed(const std::string& name, const std::string& plain, bool withSignature = true);
 Entry Folder(const std::string& name);
+// The entry with its sizes and CRC behind the data, with the descriptor's usual signature or not.
+Entry Piped(Entry entry, bool withSignature = true);
 
 // The local header, data and descriptor of an entry.
 std::string LocalPart(const Entry& entry);
@@ -82,15 +77,8 @@ std::string LocalPart(const Entry& entry);
 // The central record of an entry whose local header is at an offset.
 std::string CentralPart(const Entry& entry, size_t offset);
 
-// The place of a number in a laid-out archive.
-struct Number {
-  size_t at;
-  unsigned width;
-};
-
 struct Layout {
   std::string bytes;
-  std::vector<Number> numbers;
   std::vector<size_t> offsets;  // of each entry's local header, from the start of the bytes
   size_t directory = 0;
   size_t end = 0;
@@ -101,7 +89,6 @@ struct Archive {
   std::vector<Entry> entries;
   std::string beforeDirectory;
   std::string insideDirectory;  // behind the records, counted in the directory's size
-  std::string beforeEnd;
   std::string comment;
   std::string behind;  // after the end record and its comment
 
@@ -113,6 +100,8 @@ struct Archive {
   Lie<uint32_t> directorySize;
   Lie<uint32_t> directoryOffset;
   Lie<uint16_t> commentLength;
+
+  Entry& operator[](size_t index) { return entries[index]; }
 
   Layout LayOut() const;
   std::string Bytes() const { return LayOut().bytes; }
@@ -130,12 +119,9 @@ std::string U32(uint32_t value);
 // A field of an extra block: id, length, bytes.
 std::string ExtraBlock(uint16_t id, const std::string& bytes);
 
-// Raw deflate data of some bytes.
+// Raw deflate data of some bytes, of level 8.
 std::string Deflate(const std::string& plain);
 uint32_t Crc(const std::string& bytes);
-
-// A character so many times.
-std::string Repeat(char c, size_t times);
 
 // Bytes that don't compress, the same for the same seed.
 std::string Noise(size_t size, uint32_t seed);

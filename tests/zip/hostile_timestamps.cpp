@@ -1,12 +1,10 @@
 // The extended time stamp in an entry's local extra field, whole and broken: each of the three
 // times is the stamp's when it is there, and the DOS time otherwise.
-#include <gtest/gtest.h>
+#include "zip_tools.h"
 
-#include "hostile_builder.h"
-#include "zip/XUnzip.h"
-
-namespace hostile {
 namespace {
+
+using namespace hostile;
 
 constexpr uint16_t kStamp = 0x5455;  // "UT"
 constexpr uint32_t kFirst = 1'000'000'001, kSecond = 1'100'000'002, kThird = 1'200'000'003;
@@ -41,16 +39,6 @@ const struct {
     {"cut in its length", U16(kStamp) + "\15", kDos, kDos, kDos},
 };
 
-FILETIME TimeOf(uint32_t seconds, const FILETIME& dosTime) {
-  if (seconds == kDos) return dosTime;
-  const int64_t units = (static_cast<int32_t>(seconds) + 11'644'473'600) * 10'000'000;
-  return {static_cast<DWORD>(units), static_cast<DWORD>(units >> 32)};
-}
-
-bool Same(const FILETIME& left, const FILETIME& right) {
-  return CompareFileTime(&left, &right) == 0;
-}
-
 TEST(ZipTimeStamps, EachTimeHasItsFlag) {
   Archive archive;
   archive.entries = {Stored("without", "w")};
@@ -60,22 +48,42 @@ TEST(ZipTimeStamps, EachTimeHasItsFlag) {
     // The directory's stamp says nothing.
     archive.entries.back().central.extra = ExtraBlock(kStamp, "\1" + U32(7));
   }
-  std::string bytes = archive.Bytes();
-  HZIP zip = OpenZipU(bytes.data(), static_cast<unsigned>(bytes.size()), kZipMemory, nullptr);
-  ASSERT_NE(zip, nullptr);
-  ZIPENTRY without = {};
+  const OpenZip zip(archive.Bytes());
+  ZIPENTRY without = {}, entry = {};
   EXPECT_EQ(GetZipItemA(zip, 0, &without), kZipOk);
+  const auto timeOf = [&](uint32_t seconds) {
+    return seconds == kDos ? without.mtime : FileTimeOf(seconds);
+  };
   int index = 0;
   for (const auto& stamp : kCases) {
-    SCOPED_TRACE(stamp.name);
-    ZIPENTRY entry = {};
     EXPECT_EQ(GetZipItemA(zip, ++index, &entry), kZipOk);
-    EXPECT_TRUE(Same(entry.mtime, TimeOf(stamp.modified, without.mtime)));
-    EXPECT_TRUE(Same(entry.atime, TimeOf(stamp.accessed, without.mtime)));
-    EXPECT_TRUE(Same(entry.ctime, TimeOf(stamp.created, without.mtime)));
+    EXPECT_TRUE(entry.mtime == timeOf(stamp.modified) && entry.atime == timeOf(stamp.accessed) &&
+                entry.ctime == timeOf(stamp.created))
+        << stamp.name;
   }
-  EXPECT_EQ(CloseZipU(zip), kZipOk);
+}
+
+TEST(ZipTimeStamps, OtherwiseTheDosTimeCounts) {
+  const struct {
+    uint16_t date, time;
+    FILETIME local;
+  } cases[] = {
+      {0x54DC, 0x0021, FileTimeOf(2022, 6, 28, 0, 1, 2)},
+      {0x0000, 0x0000, {}},  // no month
+      {0x5921, 0xF800, {}},  // hour 31
+  };
+  Archive archive;
+  for (const auto& c : cases)
+    archive.entries.push_back(
+        Stored("w", "w").Both(&Header::date, c.date).Both(&Header::time, c.time));
+  const OpenZip zip(archive.Bytes());
+  for (int index = 0; index < 3; ++index) {
+    ZIPENTRY entry = {};
+    EXPECT_EQ(GetZipItemA(zip, index, &entry), kZipOk);
+    const bool isNone = entry.mtime == FILETIME();
+    EXPECT_TRUE((isNone ? entry.mtime : LocalTimeOf(entry.mtime)) == cases[index].local) << index;
+    EXPECT_TRUE(entry.atime == entry.mtime && entry.ctime == entry.mtime) << index;
+  }
 }
 
 }  // namespace
-}  // namespace hostile

@@ -5,13 +5,29 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "entry/Handles.h"
+#include "hostile_builder.h"
+#include "support/TempFolder.h"
 #include "zip/XUnzip.h"
 #include "zip/ZipWriter.h"
 
 // Texts as the untyped arguments of the zip functions.
 inline void* Arg(const std::string& text) { return const_cast<char*>(text.c_str()); }
+
+// The texts of result codes.
+inline std::string MessageZ(unsigned long code) {
+  char text[100] = "";
+  FormatZipMessageZ(code, text, sizeof text);
+  return text;
+}
+inline std::string MessageU(unsigned long code) {
+  char text[100] = "";
+  FormatZipMessageU(code, text, sizeof text);
+  return text;
+}
 
 inline unsigned long AddText(HZIP zip, const std::string& name, const std::string& text) {
   return ZipAdd(zip, name.c_str(), Arg(text), static_cast<unsigned>(text.size()), kZipMemory);
@@ -62,6 +78,34 @@ class OpenZip {
   HZIP m_zip;
 };
 
+// An entry's bytes, extracted into a block of step bytes again and again; and the last result.
+inline std::string Extracted(HZIP zip, int index, unsigned step, unsigned long* result) {
+  std::string all, piece(step, 0);
+  ZIPENTRY entry = {};
+  EXPECT_EQ(GetZipItemA(zip, index, &entry), kZipOk);
+  while ((*result = UnzipItem(zip, index, piece.data(), step, kZipMemory)) == kZipMore)
+    all.append(piece, 0, std::min<size_t>(step, entry.unc_size - all.size()));
+  return all;
+}
+
+// The names and bytes of all entries, in their order.
+using Contents = std::vector<std::pair<std::string, std::string>>;
+
+inline Contents ContentsOf(const std::string& archive) {
+  const OpenZip zip(archive);
+  Contents contents;
+  ZIPENTRY entry = {};
+  EXPECT_EQ(GetZipItemA(zip, -1, &entry), kZipOk);
+  for (int i = 0, count = entry.index; i < count; ++i) {
+    unsigned long result;
+    const std::string bytes = Extracted(zip, i, 1 << 20, &result);
+    EXPECT_EQ(result, kZipOk);
+    EXPECT_EQ(GetZipItemA(zip, i, &entry), kZipOk);
+    contents.emplace_back(entry.name, bytes);
+  }
+  return contents;
+}
+
 // A pipe that holds a megabyte before its writer waits.
 struct Pipe {
   Pipe() {
@@ -71,10 +115,12 @@ struct Pipe {
     writeEnd.reset(writes);
   }
 
-  void Put(const std::string& bytes) const {
+  // All that there will be to read.
+  explicit Pipe(const std::string& bytes) : Pipe() {
     DWORD written = 0;
     WriteFile(writeEnd.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
     EXPECT_EQ(written, bytes.size());
+    writeEnd.reset();
   }
 
   // All that was written, after closing the end that writes.
@@ -108,17 +154,29 @@ inline FILETIME FileTimeOf(WORD year, WORD month, WORD day, WORD hour, WORD minu
   return result;
 }
 
+// All but the time of creation, which Unix file systems don't keep.
+inline void SetTimes(const std::string& path, const FILETIME& accessed, const FILETIME& modified) {
+  const unique_file file(
+      CreateFileA(path.c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+  EXPECT_TRUE(SetFileTime(file.get(), nullptr, &accessed, &modified));
+}
+
 inline bool operator==(const FILETIME& left, const FILETIME& right) {
   return CompareFileTime(&left, &right) == 0;
 }
 
-// Bytes that don't compress.
-inline std::string Noise(size_t size) {
-  std::string noise(size, 0);
-  uint32_t state = 12345;
-  for (char& byte : noise) {
-    state = state * 1664525 + 1013904223;
-    byte = static_cast<char>(state >> 24);
-  }
-  return noise;
+// Of seconds since 1970.
+inline FILETIME FileTimeOf(uint32_t seconds) {
+  const int64_t units = (static_cast<int32_t>(seconds) + 11'644'473'600) * 10'000'000;
+  return {static_cast<DWORD>(units), static_cast<DWORD>(units >> 32)};
+}
+
+// The local time that the system shows for a file time.
+inline FILETIME LocalTimeOf(const FILETIME& time) {
+  SYSTEMTIME utc, local;
+  FILETIME result = {};
+  FileTimeToSystemTime(&time, &utc);
+  SystemTimeToTzSpecificLocalTime(nullptr, &utc, &local);
+  SystemTimeToFileTime(&local, &result);
+  return result;
 }

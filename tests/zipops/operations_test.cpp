@@ -114,6 +114,14 @@ TEST_F(ZipOpTest, EntryNames) {
     EXPECT_EQ(packer.m_archives, (std::vector<Names>{{"sub/file", "SUB/FILE"}}));
     EXPECT_TRUE(log.Empty()) << log.Text();
   }
+  // A share's path begins with two backslashes.
+  const std::string share = "\\\\?\\" + m_folder.path();
+  StringArray shared;
+  shared.Add((share + "\\sub\\file").c_str());
+  Packer sharePacker(shared, share, 0);
+  EXPECT_EQ(sharePacker.DoOperation(0), 1);
+  EXPECT_EQ(sharePacker.m_archives, (std::vector<Names>{{"sub/file"}}));
+
   const AssertionLog log;
   files.RemoveAll();
   files.Add("elsewhere");

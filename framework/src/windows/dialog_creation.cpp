@@ -3,14 +3,20 @@
 #include <afxwin.h>
 
 #include "controls/common_classes.h"
+#include "windows/handler_exceptions.h"
 #include "windows/wnd_access.h"
 
 // What the system calls for messages that the framework's window procedure leaves to it.
 struct _AfxDialogAccess {
-  static INT_PTR CALLBACK Procedure(HWND hWnd, UINT message, WPARAM, LPARAM) {
+  static INT_PTR CALLBACK Procedure(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != WM_INITDIALOG) return FALSE;
     CDialog* const dialog = DYNAMIC_DOWNCAST(CDialog, CWnd::FromHandlePermanent(hWnd));
-    return dialog == nullptr || dialog->OnInitDialog();
+    try {
+      return dialog == nullptr || dialog->OnInitDialog();
+    } catch (...) {
+      // No exception can go through the system's dialog manager.
+      return ResultOfException({hWnd, message, wParam, lParam, 0, {}});
+    }
   }
 };
 
