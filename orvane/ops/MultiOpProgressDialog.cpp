@@ -101,7 +101,16 @@ int MultiOpProgressDialog::DoModal() {
   DisableOwner();
   const bool ticks = m_hWnd != nullptr && SetTimer(kTimerId, kTimerMilliseconds, nullptr) != 0;
   verify(ticks);
-  if (ticks) WithoutException([this] { return Serve(); });
+  if (ticks) {
+    WithoutException([this] {
+      ShowProgress();
+      // A question that the worker has asked already keeps the window hidden.
+      return RunModalLoop(m_visible != 0 ? MLF_SHOWONIDLE : 0);
+    });
+    // The program ends, its own code has failed, or somebody has destroyed the window: nobody could
+    // stop the work any more.
+    if (!IsDone()) m_operation.StopLoop();
+  }
   // Whatever has become of the window, the worker uses this object and the operation until its end.
   while (!IsDone()) MThread::Sleep(kPollMilliseconds);
   if (m_hWnd != nullptr && m_owner != nullptr)
@@ -111,15 +120,6 @@ int MultiOpProgressDialog::DoModal() {
   if (ticks && m_hWnd != nullptr) verify(KillTimer(kTimerId));
   Close();
   ::SetCursor(cursorBefore);
-  return IDOK;
-}
-
-int MultiOpProgressDialog::Serve() {
-  ShowProgress();
-  // A question that the worker has asked already keeps the window hidden.
-  RunModalLoop(m_visible != 0 ? MLF_SHOWONIDLE : 0);
-  // The program ends, or somebody has destroyed the window: nobody could stop the work any more.
-  if (!IsDone()) m_operation.StopLoop();
   return IDOK;
 }
 

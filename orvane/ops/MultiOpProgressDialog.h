@@ -45,7 +45,6 @@ class MultiOpProgressDialog : public MDialog {
 
  private:
   void LayOut(const char* title, const char* message);
-  int Serve();
   void ShowProgress();
   int Percent() const;
   void SetCurrentCursor(HCURSOR cursor);

@@ -44,15 +44,14 @@ def write_data(path, items):
     """In an order of its own, as the program reads it."""
 
     def escaped(text):
-        text = text.replace("\\", "\\\\").replace("\r\n", "\\n")
-        return re.sub(r"[\x00-\x1f]", lambda match: f"\\x{ord(match[0]):02x}", text)
+        data = text.encode(interop.ANSI).replace(b"\\", b"\\\\").replace(b"\r\n", b"\\n")
+        return re.sub(rb"[\x00-\x1f]", lambda match: b"\\x%02x" % ord(match[0]), data)
 
     shuffled = random.Random(5).sample(items, len(items))
-    lines = [
-        "\t".join([escaped(name), str(state), str(modified), str(size), escaped(comment)]) + "\n"
+    path.write_bytes(b"".join(
+        b"%b\t%d\t%d\t%d\t%b\n" % (escaped(name), state, modified, size, escaped(comment))
         for name, state, modified, size, comment in shuffled
-    ]
-    path.write_bytes("".join(lines).encode(interop.ANSI))
+    ))  # fmt: skip
 
 
 def shown(item):
