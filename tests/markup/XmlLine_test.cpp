@@ -7,7 +7,6 @@
 
 #include "markup/OXParser.h"
 #include "settings/RegistryUtil.h"
-#include "support/Allocations.h"
 #include "support/AssertionLog.h"
 #include "tree_text.h"
 
@@ -104,22 +103,6 @@ TEST_F(Line, ChildValues) {
   EXPECT_EQ(Describe(element),
             "item{a[val='-7' count='11'] Deep{b[other='1' val='8'] c{d[val='12']}} new[val='9']}");
   EXPECT_EQ(Trace(), "");
-}
-
-// Without memory a path is added whole or not at all.
-TEST_F(Line, ChildValuesWithoutMemory) {
-  COXParserElement& element = Parse("<item><a/></item>");
-  bool failed = true;
-  for (unsigned n = 1; failed; ++n) {
-    XmlLine line(element, 0);
-    BOOL changed;
-    {
-      const allocations::FailNth fail(n);
-      changed = line.ChangeChildVal("a\\b\\c", 1, TRUE);
-      failed = fail.Happened();
-    }
-    EXPECT_EQ(Describe(element), changed ? "item{a{b{c[val='1']}}}" : "item{a}") << n;
-  }
 }
 
 TEST_F(Line, MisuseIsReportedTwiceAndChangesNothing) {

@@ -198,6 +198,7 @@ TEST(Message, NothingIsShownSilentlyOrInAServer) {
     Message::SetSilent(0);
     AssertVerifyTrace::BlockGuiMessages(1);
     stayAway();
+    EXPECT_FALSE(Message::ShowMessage(IDS_PLAIN));
     EXPECT_EQ(MMessageBox("", "the text").DoModal(), IDOK);
     AssertVerifyTrace::BlockGuiMessages(0);
   }
