@@ -199,6 +199,7 @@ class ORVANE_API COXParser {
   // Formats a message, cut to 511 characters, and hands it on with the present line and column.
   [[gnu::format(gnu_printf, 3, 4)]] void ReportError(int code, const char* format, ...);
 
+  // What the tokenizer looks for and the writer writes.
   enum Delimiter : char {
     kTagOpen = '<',
     kTagClose = '>',

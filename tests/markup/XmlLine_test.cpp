@@ -115,7 +115,6 @@ TEST_F(Line, MisuseIsReportedTwiceAndChangesNothing) {
   } cases[] = {
       {"XMLGetChild Error: NULL Pointer1", [](XmlLine& l) { return !l.GetChild(); }},
       {"XMLGetChild Error: NULL Pointer2", [](XmlLine& l) { return !l.GetChild("b"); }},
-      {"XMLGetChild Error: NULL Pointer2", [](XmlLine& l) { return !l.GetChild(nullptr); }},
       {"XMLGetObject Error: ", [](XmlLine& l) { return !l.SetObject(2) && !l.SetObject(-1); }},
       {"XMLGetObject Error: ", [](XmlLine& l) { return l.GetObjectData().IsEmpty(); }},
       {"XMLGetObject Error: ", [](XmlLine& l) { return l.GetData().IsEmpty(); }},

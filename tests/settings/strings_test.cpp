@@ -53,9 +53,6 @@ TEST(MString, LooksInTheGivenModuleFirst) {
   EXPECT_STREQ(text, "The host's own: 5");
   EXPECT_TRUE(text.FormatMessage(IDS_FOLDER_NOT_CREATED, "X", Library()));
   EXPECT_EQ(text.Find("The folder 'X' could"), 0);
-  EXPECT_TRUE(text.FormatMessage(IDS_FOLDER_NOT_CREATED, "X", "Y", Library()));
-  EXPECT_TRUE(text.FormatMessage(IDS_FOLDER_NOT_CREATED, "X", "Y", 1, Library()));
-  EXPECT_EQ(text.Find("The folder 'X' could"), 0);
   EXPECT_FALSE(text.LoadString(9, Library()));
   EXPECT_STREQ(text, "");
   text = "old";
