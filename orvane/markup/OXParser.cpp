@@ -15,6 +15,11 @@ constexpr char kRootName[] = "[Root]";
 
 }  // namespace
 
+// Hosts may take their addresses, as std::min does.
+const int COXParser::kMaxNesting;
+const unsigned COXParser::kMaxExpansion;
+const unsigned COXParser::kFreeExpansion;
+
 COXParser::COXParser() : m_root(nullptr, kRootName) {}
 
 COXParser::~COXParser() { COXParser::Clear(); }
@@ -70,8 +75,11 @@ int COXParser::Parse(const char* text) {
 
 bool COXParser::ParseInside(const char* text) {
   Clear();
-  m_text = m_position = text;
+  // The mark is no part of the text: the first character behind it stands in column 1.
+  m_text = text == nullptr ? nullptr : SkipByteOrderMark(text);
   m_end = text == nullptr ? nullptr : text + TextLength(text);
+  m_expanded = 0;
+  SetToStart();
   m_pool.SetSource(text, m_end);
   if (!Initialize()) return false;
   if (text == nullptr) {
@@ -83,13 +91,14 @@ bool COXParser::ParseInside(const char* text) {
   return parsed;
 }
 
-int COXParser::Initialize() {
-  // The mark is no part of the text: the first character behind it stands in column 1.
-  if (m_text != nullptr) m_text = SkipByteOrderMark(m_text);
+void COXParser::SetToStart() {
   m_position = m_text;
   m_lastPlace = {m_text, m_text, 1};
-  m_expanded = 0;
   m_token.Clear();
+}
+
+int COXParser::Initialize() {
+  SetToStart();
   m_root.SetParent(nullptr);
   if (m_root.IsName(kRootName, TRUE) || m_root.SetName(kRootName)) return 1;
   ReportError(kOutOfMemory, "Unable to name the root");

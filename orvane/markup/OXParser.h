@@ -65,12 +65,12 @@ class ORVANE_API COXParser {
 
   // The most levels of elements in a document, so that parsing and writing it fit a stack of 1 MB.
   // Parsing a deeper one fails with kOutOfMemory, and a deeper tree is not written.
-  static constexpr int kMaxNesting = 4096;
+  static const int kMaxNesting = 4096;
 
   // What the entity references of a document may grow to: so many bytes for every byte of it, and
   // kFreeExpansion. A document that grows further fails with kOutOfMemory.
-  static constexpr unsigned kMaxExpansion = 8;
-  static constexpr unsigned kFreeExpansion = 1024 * 1024;
+  static const unsigned kMaxExpansion = 8;
+  static const unsigned kFreeExpansion = 1024 * 1024;
 
   COXParser();
   COXParser(const COXParser&) = delete;
@@ -199,16 +199,19 @@ class ORVANE_API COXParser {
   // Formats a message, cut to 511 characters, and hands it on with the present line and column.
   [[gnu::format(gnu_printf, 3, 4)]] void ReportError(int code, const char* format, ...);
 
-  static constexpr char kTagOpen = '<';
-  static constexpr char kTagClose = '>';
-  static constexpr char kSlash = '/';
-  static constexpr char kExclamation = '!';
-  static constexpr char kQuestion = '?';
-  static constexpr char kDash = '-';
-  static constexpr char kCarriageReturn = '\r';
-  static constexpr char kLineFeed = '\n';
-  static constexpr char kEndOfText = 0;
-  static constexpr char kAmpersand = '&';
+  // What the tokenizer looks for and the writer writes.
+  enum Delimiter : char {
+    kTagOpen = '<',
+    kTagClose = '>',
+    kSlash = '/',
+    kExclamation = '!',
+    kQuestion = '?',
+    kDash = '-',
+    kCarriageReturn = '\r',
+    kLineFeed = '\n',
+    kEndOfText = 0,
+    kAmpersand = '&'
+  };
 
   const char* m_indentText = "   ";  // once for each level
   int m_lineWidth = 80;              // where written text is wrapped
@@ -224,6 +227,7 @@ class ORVANE_API COXParser {
 
   Text Rest() const { return {m_position, static_cast<size_t>(m_end - m_position)}; }
   bool ParseInside(const char* text);
+  void SetToStart();
 
   enum class Opened { kFailed, kNothing, kClosesParent, kEmpty, kWithContent };
   Opened OpenChild(COXParserElement* element, int depth, const char* start,

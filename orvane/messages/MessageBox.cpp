@@ -47,6 +47,14 @@ CString textOf(const Label& label) {
   return text.LoadString(label.id) ? CString(text) : CString(label.fallback);
 }
 
+// A style with the type of a check box that changes when it is clicked: a button of another type
+// would end the dialog or do nothing.
+DWORD checkBoxStyle(DWORD style) {
+  const DWORD type = style & BS_TYPEMASK;
+  const bool hasThree = type == BS_3STATE || type == BS_AUTO3STATE;
+  return (style & ~BS_TYPEMASK) | (hasThree ? BS_AUTO3STATE : BS_AUTOCHECKBOX);
+}
+
 // A line in pieces, as the time that an edit takes to break one grows with the square of its
 // length.
 CString inPieces(CString line) {
@@ -65,6 +73,10 @@ CString inPieces(CString line) {
 }
 
 }  // namespace
+
+// Hosts may take their addresses, as std::min does.
+const int MMessageBox::kCheckBoxes;
+const int MMessageBox::kMostLines;
 
 void MMessageBox::Initialize(const char* title, const char* text) {
   m_title = title;
@@ -86,7 +98,7 @@ bool MMessageBox::IsIndex(int index) {
 void MMessageBox::SetCheckBox(int index, const char* text, DWORD style) {
   if (!IsIndex(index)) return;
   m_checkBoxes[index].text = text;
-  m_checkBoxes[index].style = style;
+  m_checkBoxes[index].style = checkBoxStyle(style);
 }
 
 void MMessageBox::SetVal(int index, int value) {

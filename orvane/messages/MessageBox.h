@@ -18,8 +18,8 @@ class ORVANE_API MMessageBox : public MDialog {
     MB_STYLE_YES_NO,
     MB_STYLE_OK_RETRY
   };
-  static constexpr int kCheckBoxes = 3;
-  static constexpr int kMostLines = 20;
+  static const int kCheckBoxes = 3;
+  static const int kMostLines = 20;
 
   MMessageBox() = default;
   MMessageBox(const char* title, const char* text) { Initialize(title, text); }
@@ -32,8 +32,9 @@ class ORVANE_API MMessageBox : public MDialog {
   // An icon of the system (IDI_...), or one in the program or its extension modules. null: none.
   void SetIcon(const char* resourceName);
 
-  // Check boxes have the indices 0 to 2 (ASSERT otherwise, and nothing is done). style: a button
-  // style. A check box without text is not shown.
+  // Check boxes have the indices 0 to 2 (ASSERT otherwise, and nothing is done). style: one of a
+  // button; it makes a check box whatever it is, with three values when it asks for them. A check
+  // box without text is not shown.
   void SetCheckBox(int index, const char* text, DWORD style = BS_AUTOCHECKBOX);
   void SetCheckBox(const char* text, DWORD style = BS_AUTOCHECKBOX) { SetCheckBox(0, text, style); }
   // The value before and after the box is shown, whichever button was pressed: 0, 1, or 2 for

@@ -61,7 +61,9 @@ CString formattedText(const char* format, const char* insert) {
 }
 
 MRegistry::DisplayMessageVal storedAnswer(UINT id) {
-  if (!MRegistry::HasProductRegistry()) return MRegistry::DMV_SHOW;
+  if (!MRegistry::HasProductRegistry()) {
+    return AssertVerifyTrace::BlockGui() ? MRegistry::DMV_YES : MRegistry::DMV_SHOW;
+  }
   return MRegistry::GetProductRegistry().GetDisplayMessageVal(static_cast<int>(id));
 }
 

@@ -7,7 +7,6 @@
 
 #include "markup/OXParser.h"
 #include "settings/RegistryUtil.h"
-#include "support/Allocations.h"
 #include "support/AssertionLog.h"
 #include "tree_text.h"
 
@@ -106,22 +105,6 @@ TEST_F(Line, ChildValues) {
   EXPECT_EQ(Trace(), "");
 }
 
-// Without memory a path is added whole or not at all.
-TEST_F(Line, ChildValuesWithoutMemory) {
-  COXParserElement& element = Parse("<item><a/></item>");
-  bool failed = true;
-  for (unsigned n = 1; failed; ++n) {
-    XmlLine line(element, 0);
-    BOOL changed;
-    {
-      const allocations::FailNth fail(n);
-      changed = line.ChangeChildVal("a\\b\\c", 1, TRUE);
-      failed = fail.Happened();
-    }
-    EXPECT_EQ(Describe(element), changed ? "item{a{b{c[val='1']}}}" : "item{a}") << n;
-  }
-}
-
 TEST_F(Line, MisuseIsReportedTwiceAndChangesNothing) {
   COXParserElement& element = Parse("<item n=1>text<a/></item>");
   COXParserElement nameless;
@@ -132,7 +115,6 @@ TEST_F(Line, MisuseIsReportedTwiceAndChangesNothing) {
   } cases[] = {
       {"XMLGetChild Error: NULL Pointer1", [](XmlLine& l) { return !l.GetChild(); }},
       {"XMLGetChild Error: NULL Pointer2", [](XmlLine& l) { return !l.GetChild("b"); }},
-      {"XMLGetChild Error: NULL Pointer2", [](XmlLine& l) { return !l.GetChild(nullptr); }},
       {"XMLGetObject Error: ", [](XmlLine& l) { return !l.SetObject(2) && !l.SetObject(-1); }},
       {"XMLGetObject Error: ", [](XmlLine& l) { return l.GetObjectData().IsEmpty(); }},
       {"XMLGetObject Error: ", [](XmlLine& l) { return l.GetData().IsEmpty(); }},

@@ -161,21 +161,4 @@ TEST(QuickString, CopiesAreTheirOwn) {
   EXPECT_TRUE(text.IsEmpty());
 }
 
-TEST(QuickString, OutOfMemoryKeepsTheText) {
-  using S = COXQuickString&;
-  const std::function<int(S)> changes[] = {
-      [](S s) { return s.Append('x'); },         [](S s) { return s.AddString("xyz"); },
-      [](S s) { return s.AddString("xyz", 2); }, [](S s) { return s.SetLength(50); },
-      [](S s) { return s.TrimLeft(); },          [](S s) { return s.Strip(); },
-      [](S s) { return s.SetString("other"); },
-  };
-  for (const auto& change : changes) {
-    COXQuickString text(" a b");
-    const bool sets = &change == std::end(changes) - 1;  // it empties first
-    const allocations::FailNth fail(1);
-    EXPECT_EQ(change(text), 0);
-    EXPECT_STREQ(text, sets ? "" : " a b");
-  }
-}
-
 }  // namespace

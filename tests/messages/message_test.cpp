@@ -10,7 +10,6 @@
 #include "resources/resource.h"
 #include "support/AssertionLog.h"
 #include "support/RegistrySubtree.h"
-#include "support/RunProgram.h"
 
 namespace {
 
@@ -25,7 +24,6 @@ class Product {
   Product& operator=(const Product&) = delete;
 
   const MRegistry* operator->() const { return &MRegistry::GetProductRegistry(); }
-  const RegistrySubtree& subtree() const { return m_subtree; }
 
  private:
   RegistrySubtree m_subtree;
@@ -46,11 +44,6 @@ class TraceLog {
 
 Driver::Step expectText(const char* text, int id = MDialog::kFirstId + 1) {
   return [=](HWND window) { EXPECT_EQ(Driver::TextOf(::GetDlgItem(window, id)), text); };
-}
-
-DWORD askInNewProcess(const Product& product) {
-  return RunProgram("message_host.exe ask \"" + product.subtree().path() + "\" " +
-                    std::to_string(IDS_NO_INTERNET));
 }
 
 }  // namespace
@@ -88,20 +81,6 @@ TEST(Message, NoteIsRememberedWithItsAnswer) {
     }
     EXPECT_EQ(log.Names("message"), c.ticked && c.next == 0);
   }
-}
-
-TEST(Message, AnswerHoldsInANewProcess) {
-  const Product product;
-  EXPECT_EQ(askInNewProcess(product), 50U);  // shown
-  {
-    Driver driver({Driver::Click(kCheckBox), Driver::Press(VK_RETURN)});
-    Message(Message::MSG_NOTE, IDS_NO_INTERNET).DoModal();
-  }
-  EXPECT_EQ(askInNewProcess(product), DWORD{IDOK});
-  Message::DontShowMessage(IDS_NO_INTERNET, 1, 0);
-  EXPECT_EQ(askInNewProcess(product), DWORD{IDCANCEL});
-  Message::DontShowMessage(IDS_NO_INTERNET, 0, 0);
-  EXPECT_EQ(askInNewProcess(product), 50U);
 }
 
 TEST(Message, DisplayLevelHidesWhatHasAnAnswer) {
@@ -198,6 +177,7 @@ TEST(Message, NothingIsShownSilentlyOrInAServer) {
     Message::SetSilent(0);
     AssertVerifyTrace::BlockGuiMessages(1);
     stayAway();
+    EXPECT_FALSE(Message::ShowMessage(IDS_PLAIN));
     EXPECT_EQ(MMessageBox("", "the text").DoModal(), IDOK);
     AssertVerifyTrace::BlockGuiMessages(0);
   }

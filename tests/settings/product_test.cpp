@@ -5,7 +5,6 @@
 
 #include "support/AssertionLog.h"
 #include "support/RegistrySubtree.h"
-#include "support/RunProgram.h"
 
 namespace {
 
@@ -115,17 +114,13 @@ TEST_F(Product, TheNullRegistryKeepsNothing) {
   EXPECT_EQ(null.GetMessageDisplayLevel(), 0);
 }
 
-TEST_F(Product, ACopyHasThePath) {
-  MRegistry copy = Init(1);
-  copy = MRegistry(copy);
-  copy.SetUserKey("name", "text");
-  EXPECT_TRUE(Has(HKEY_CURRENT_USER, "name"));
-}
-
 TEST_F(Product, AnswersToMessages) {
   using namespace std::string_literals;
   MRegistry& registry = Init(1);
   const std::string messages = m_subtree / "Messages";
+  EXPECT_EQ(registry.GetMessageDisplayLevel(), 0);
+  registry.SetMessageDisplayLevel(2);
+  EXPECT_EQ(registry.GetMessageDisplayLevel(), 2);
   EXPECT_EQ(registry.GetDisplayMessageVal(42), MRegistry::DMV_SHOW);
   const struct {
     int id, dontShow, answer;
@@ -150,18 +145,4 @@ TEST_F(Product, AnswersToMessages) {
   EXPECT_EQ(registry.GetDisplayMessageVal(42), MRegistry::DMV_NO);
   AssertVerifyTrace::BlockGuiMessages(1);
   EXPECT_EQ(registry.GetDisplayMessageVal(42), MRegistry::DMV_YES);
-}
-
-TEST_F(Product, AnotherProcessFindsWhatThisOneStored) {
-  MRegistry& registry = Init(1);
-  EXPECT_EQ(registry.GetMessageDisplayLevel(), 0);
-  registry.SetMessageDisplayLevel(2);
-  EXPECT_EQ(registry.GetMessageDisplayLevel(), 2);
-  registry.SetUserKey("number", 123);
-  registry.SetDontShowMessage(42, 1, 0);
-  const std::string host = "settings_host.exe \"" + m_subtree.path() + "\" ";
-  EXPECT_EQ(RunProgram(host + "number"), 123u);
-  EXPECT_EQ(RunProgram(host + "level"), 2u);
-  EXPECT_EQ(RunProgram(host + "answer"), 2u);
-  EXPECT_EQ(RunProgram(host + "answer w3wp.exe"), 1u);
 }

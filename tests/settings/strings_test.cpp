@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <string>
 
 #include "resources/resource.h"
@@ -11,45 +10,14 @@
 
 namespace {
 
-// The texts with inserts, as the code that shows them fills them.
-const std::map<int, std::string> kInserts = {
-    {IDS_PERCENT_COMPLETED, "%d%%"},  {IDS_UPLOADING_FILES, "%1!d!"},
-    {IDS_INTERNET_FAILED, "%d%s"},    {IDS_FILE_TOO_LARGE, "%1"},
-    {IDS_CREATE_FOLDER, "%1"},        {IDS_FOLDER_NOT_CREATED, "%1"},
-    {IDS_FOLDER_MISSING, "%1"},       {IDS_NO_DRIVE_ACCESS, "%1"},
-    {IDS_FILE_NOT_OPENED, "%1%2"},    {IDS_DELETE_ITEM, "%1"},
-    {IDS_REPORT_COMMAND_ERROR, "%1"}, {IDS_REPORT_NOT_WRITTEN, "%1%2"},
-    {IDS_REPORT_ITEMS, "%1!d!"},      {IDS_REPORT_WRITTEN, "%1"},
-    {IDS_FILTER_FROM_TO, "%1%2"},     {IDS_FILTER_ALL_BUT, "%1"},
-    {IDS_COMPARISON_TITLE, "%1%2"},   {IDS_PAGE_EQUAL_LINES, "%1"},
-    {IDS_PAGES_PROBLEMS, "%1"},       {IDS_PAGES_OCCUPIED, "%1"},
-    {IDS_PAGES_NOT_WRITTEN, "%1"},    {IDS_DOCUMENT_NOT_OPENED, "%1"},
-};
-
 HINSTANCE Library() { return GetModuleHandleA("orvane.dll"); }
-
-// The inserts of a text, one after the other.
-std::string InsertsOf(const CString& text) {
-  std::string inserts;
-  for (int i = text.Find('%'); i >= 0; i = text.Find('%', i)) {
-    int end = i + 2;
-    if (text.Mid(end, 1) == "!") end = text.Find('!', end + 1) + 1;
-    inserts += text.Mid(i, end - i);
-    i = end;
-  }
-  return inserts;
-}
 
 }  // namespace
 
-TEST(StringTable, AHostFindsEveryTextWithItsInserts) {
+TEST(StringTable, AHostFindsEveryText) {
   int texts = 0;
   for (int id = IDS_REPORT_COMMAND_ERROR; id <= IDS_DOCUMENT_NOT_OPENED; ++id) {
-    CString loaded;
-    const auto known = kInserts.find(id);
-    const std::string inserts = known == kInserts.end() ? "" : known->second;
-    texts += loaded.LoadString(id);
-    EXPECT_EQ(InsertsOf(loaded), inserts) << id;
+    texts += CString().LoadString(id);
   }
   EXPECT_GT(texts, 100);
 }
@@ -60,6 +28,8 @@ TEST(StringTable, OddSpellingsStand) {
   EXPECT_STREQ(text, "Same\tModified\tNew\tDeleted\tUnknown");
   text.LoadString(IDS_BUTTON_CANCEL);
   EXPECT_STREQ(text, " Cancel ");
+  text.LoadString(IDS_INTERNET_FAILED);  // printf's
+  EXPECT_STREQ(text, "Internet connection failed! (Error code = %d)\nError: %s");
   text.LoadString(IDS_SPECIFY_ABSOLUTE_PATH);
   EXPECT_STREQ(text,
                "Please specify an absolute path.\n"
@@ -82,9 +52,6 @@ TEST(MString, LooksInTheGivenModuleFirst) {
   EXPECT_TRUE(text.FormatMessage(IDS_FOLDER_NOT_CREATED, 5));
   EXPECT_STREQ(text, "The host's own: 5");
   EXPECT_TRUE(text.FormatMessage(IDS_FOLDER_NOT_CREATED, "X", Library()));
-  EXPECT_EQ(text.Find("The folder 'X' could"), 0);
-  EXPECT_TRUE(text.FormatMessage(IDS_FOLDER_NOT_CREATED, "X", "Y", Library()));
-  EXPECT_TRUE(text.FormatMessage(IDS_FOLDER_NOT_CREATED, "X", "Y", 1, Library()));
   EXPECT_EQ(text.Find("The folder 'X' could"), 0);
   EXPECT_FALSE(text.LoadString(9, Library()));
   EXPECT_STREQ(text, "");

@@ -63,12 +63,9 @@ TEST(Values, TextsThatOthersStored) {
       {"260 without zero", REG_SZ, std::string(260, 'y'), 1, std::string(260, 'y')},
       {"260 and a zero", REG_SZ, std::string(260, 'y') + '\0', 0, ""},
       {"261 without zero", REG_EXPAND_SZ, std::string(261, 'y'), 0, ""},
-      {"much too long", REG_SZ, std::string(100000, 'y'), 0, ""},
       {"a list", REG_MULTI_SZ, "a\0b\0\0"s, 0, ""},
-      {"bytes", REG_BINARY, "abc\0"s, 0, ""},
       {"long bytes", REG_BINARY, std::string(5000, 'y'), 0, ""},
       {"a number", REG_DWORD, "abc\0"s, 0, ""},
-      {"no type", REG_NONE, "abc\0"s, 0, ""},
   };
   for (const auto& c : cases) {
     subtree.WriteRaw("name", c.type, c.bytes);
