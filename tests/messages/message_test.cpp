@@ -10,6 +10,7 @@
 #include "resources/resource.h"
 #include "support/AssertionLog.h"
 #include "support/RegistrySubtree.h"
+#include "support/RunProgram.h"
 
 namespace {
 
@@ -24,6 +25,7 @@ class Product {
   Product& operator=(const Product&) = delete;
 
   const MRegistry* operator->() const { return &MRegistry::GetProductRegistry(); }
+  const RegistrySubtree& subtree() const { return m_subtree; }
 
  private:
   RegistrySubtree m_subtree;
@@ -44,6 +46,11 @@ class TraceLog {
 
 Driver::Step expectText(const char* text, int id = MDialog::kFirstId + 1) {
   return [=](HWND window) { EXPECT_EQ(Driver::TextOf(::GetDlgItem(window, id)), text); };
+}
+
+DWORD askInNewProcess(const Product& product) {
+  return RunProgram("message_host.exe ask \"" + product.subtree().path() + "\" " +
+                    std::to_string(IDS_NO_INTERNET));
 }
 
 }  // namespace
@@ -81,6 +88,20 @@ TEST(Message, NoteIsRememberedWithItsAnswer) {
     }
     EXPECT_EQ(log.Names("message"), c.ticked && c.next == 0);
   }
+}
+
+TEST(Message, AnswerHoldsInANewProcess) {
+  const Product product;
+  EXPECT_EQ(askInNewProcess(product), 50U);  // shown
+  {
+    Driver driver({Driver::Click(kCheckBox), Driver::Press(VK_RETURN)});
+    Message(Message::MSG_NOTE, IDS_NO_INTERNET).DoModal();
+  }
+  EXPECT_EQ(askInNewProcess(product), DWORD{IDOK});
+  Message::DontShowMessage(IDS_NO_INTERNET, 1, 0);
+  EXPECT_EQ(askInNewProcess(product), DWORD{IDCANCEL});
+  Message::DontShowMessage(IDS_NO_INTERNET, 0, 0);
+  EXPECT_EQ(askInNewProcess(product), 50U);
 }
 
 TEST(Message, DisplayLevelHidesWhatHasAnAnswer) {

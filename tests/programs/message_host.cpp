@@ -1,8 +1,11 @@
 // A host that shows messages; it knows of the library what the headers and import libraries say.
 //   message_host show note|info|warning|error|many|wide    one message, for the eye
-// The exit status is the message's answer; 99 is wrong usage.
+//   message_host ask PATH ID     displays the note with an id under the product registry PATH
+// The exit status is the message's answer; of "ask" it is 50 when a window was shown, which is
+// closed; 99 is wrong usage.
 #include <afxwin.h>
 
+#include <cstdlib>
 #include <cstring>
 
 #include "messages/message.h"
@@ -55,9 +58,33 @@ int show(const char* kind) {
   return Message(Message::MSG_ERROR, words).DoModal();
 }
 
+bool shown = false;
+
+BOOL CALLBACK closeWindow(HWND window, LPARAM) {
+  if (!IsWindowVisible(window)) return TRUE;
+  shown = true;
+  PostMessage(window, WM_COMMAND, IDCANCEL, 0);
+  return TRUE;
+}
+
+void CALLBACK closeShown(HWND, UINT, UINT_PTR, DWORD) {
+  EnumThreadWindows(GetCurrentThreadId(), closeWindow, 0);
+}
+
+int ask(const char* path, UINT id) {
+  MRegistry::InitProductRegistry(path, 1);
+  SetTimer(nullptr, 0, 50, closeShown);
+  Message message(Message::MSG_NOTE, id);
+  message.SetAllowSelectiveCancel(TRUE);
+  const int answer = message.DoModal();
+  MRegistry::FreeProductRegistry();
+  return shown ? 50 : answer;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   if (argc == 3 && strcmp(argv[1], "show") == 0) return show(argv[2]);
+  if (argc == 4 && strcmp(argv[1], "ask") == 0) return ask(argv[2], atoi(argv[3]));
   return 99;
 }
