@@ -23,7 +23,6 @@ constexpr uint64_t kMostPerByte = 1032;  // what one byte of deflate data can ho
 constexpr uint64_t kSlack = 1024;
 constexpr size_t kMemoryPerByte = 4;         // allocated per byte of the archive,
 constexpr size_t kMemoryFixed = 512 * 1024;  // and whatever the archive is
-constexpr ULONGLONG kMilliseconds = 20000;
 const std::string kInFront = "other bytes of the file";
 
 void Add(Digest* digest, const unsigned char* bytes, uint32_t size) {
@@ -56,7 +55,6 @@ class Reading {
 
   Outcome Run() {
     const size_t before = allocations::Count().bytes;
-    const ULONGLONG start = GetTickCount64();
     allocations::ResetPeak();
     m_zip = Open();
     m_outcome.opened = m_zip != nullptr;
@@ -67,7 +65,6 @@ class Reading {
       EXPECT_EQ(MessageU(kZipRecent), "Zipfile is corrupt or not a zipfile");
     }
     EXPECT_LE(allocations::Peak() - before, kMemoryPerByte * m_size + kMemoryFixed);
-    EXPECT_LT(GetTickCount64() - start, kMilliseconds);
     return std::move(m_outcome);
   }
 
@@ -88,9 +85,7 @@ class Reading {
       EXPECT_EQ(GetZipItemA(m_zip, index, &record), kZipBadArguments);
       EXPECT_EQ(UnzipItem(m_zip, index, m_buffer.data(), kMaxStep, kZipMemory), kZipBadArguments);
     }
-    const int visited = std::min(count, kVisited);
-    for (int index = 0; index < visited; ++index) Visit(index);
-    JumpAbout(visited);
+    for (int index = 0; index < std::min(count, kVisited); ++index) Visit(index);
     EXPECT_LE(m_handedOut, kMostPerByte * m_size + kSlack);
   }
 
@@ -158,18 +153,6 @@ class Reading {
     while (file && ReadFile(file.get(), m_buffer.data(), kMaxStep, &size, nullptr) && size > 0)
       Add(&digest, m_buffer.data(), size);
     return digest;
-  }
-
-  // Begins to extract every entry, backwards, and gives each up in another way.
-  void JumpAbout(int visited) {
-    for (int index = visited - 1; index >= 0; --index) {
-      const EntryOutcome& entry = m_outcome.entries[index];
-      const unsigned long result = UnzipItem(m_zip, index, m_buffer.data(), 3, kZipMemory);
-      EXPECT_TRUE(result == entry.memory || (result == kZipMore && entry.bytes.size > 0)) << index;
-      ZIPENTRY record = {};
-      if (index % 3 == 0) GetZipItemA(m_zip, visited / 2, &record);
-      if (index % 3 == 1) FindZipItemA(m_zip, "empty", false, nullptr, nullptr);
-    }
   }
 
   const size_t m_size;
