@@ -111,10 +111,6 @@ def changed_by_zip(orv, folder):
     check_read(orv, archive, folder / "changed")
     rows = listing(orv, archive)
 
-    remarks = "".join(f"remark {i}\n" for i in range(len(rows))).encode()
-    run("zip", "-q", "-c", archive, input=remarks).expect()
-    check_read(orv, archive, folder / "remarks")
-
     stub = b"MZ" + os.urandom(5000)
     for name, adjust in (("stub", False), ("counted-stub", True)):
         path = folder / f"{name}.zip"
@@ -206,11 +202,9 @@ def empty_and_not_archives(orv, folder):
     zipfile.ZipFile(empty, "w").close()
     check_equal(listing(orv, empty), [], "listing of an empty archive")
     orv.run("unzip", empty, folder / "nothing").expect()
-    for name, data in {"nothing": b"", "text": b"no archive" * 1000, "local": b"PK\3\4" * 20}.items():
-        path = folder / f"{name}.zip"
-        path.write_bytes(data)
-        refused = orv.run("list", path).expect(1)
-        check("not a zipfile" in refused.stderr, f"{name}: {refused.stderr}")
+    empty.write_bytes(b"PK\3\4" * 20)
+    refused = orv.run("list", empty).expect(1)
+    check("not a zipfile" in refused.stderr, refused.stderr)
     orv.run("list", folder / "missing.zip").expect(1)
     orv.run("list").expect(2)
 

@@ -3,7 +3,6 @@ same names, sizes, times, attributes and bytes; and the fields of the records as
 
 import os
 import pathlib
-import random
 import subprocess
 
 import interop
@@ -65,20 +64,17 @@ def many_files(orv, folder):
 
 
 def large_file(orv, folder):
-    """Text, noise and long stretches of zeros."""
+    """Noise between long stretches of zeros."""
     tree = folder / "tree"
     tree.mkdir()
-    noise = random.Random(1).randbytes(4 << 20)
-    text = b"".join(b"%d squared is %d\r\n" % (i, i * i) for i in range(40_000))
     with open(tree / "large.bin", "wb") as file:
         for place in (0, LARGE // 3, LARGE * 5 // 6):
             file.seek(place)
-            file.write(noise + text)
+            file.write(os.urandom(4 << 20))
         file.truncate(LARGE)
-    os.utime(tree / "large.bin", (trees.ACCESSED, 1_600_000_000))
     archive = folder / "large.zip"
     zip_tree(orv, tree, archive)
-    zip_checks.check_records(archive, tree)
+    zip_checks.check_records(archive, tree, foreign=True)
     zip_checks.check_with_tools(archive)
     check_read_back(orv, archive, tree, folder)
 

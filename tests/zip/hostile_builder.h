@@ -18,7 +18,6 @@ constexpr uint16_t kEncrypted = 0x0001;      // flag bit 0
 constexpr uint16_t kHasDescriptor = 0x0008;  // flag bit 3
 
 constexpr size_t kLocalSize = 30;  // a local header without name and extra field
-constexpr size_t kEndSize = 22;    // an end record without comment
 
 // Set: written as it is. Not set: the truth is written.
 template <class Number>
