@@ -80,7 +80,7 @@ class Reading {
     const auto size = static_cast<unsigned>(m_size);
     if (m_block != nullptr) return OpenZipU(m_block->data(), size, kZipMemory, nullptr);
     if (m_source) return OpenZipU(m_source.get(), 0, kZipHandle, nullptr);
-    return OpenZipU(Arg(m_path), 0, kZipFileName, nullptr);
+    return OpenZipU(m_path.c_str(), 0, kZipFileName, nullptr);
   }
 
   void VisitAll() {
