@@ -1,7 +1,7 @@
 #include "net/UploadOp.h"
 
 #include "diag/trace.h"
-#include "entry/PathUtils.h"
+#include "entry/ScopedFile.h"
 #include "net/InternetUpload.h"
 #include "resources/resource.h"
 #include "settings/MString.h"
@@ -22,11 +22,8 @@ OperationReturnState UploadOp::ProcessZipFile(const char* archivePath) {
     TraceFunction::TraceEvent("Upload Fail", m_zipPath);
     return OperationFailed;
   }
-  const struct Sent {  // also when a derived class throws
-    ~Sent() { ForceDeleteFile(path); }
-    const CString& path;
-  } sent{m_zipPath};
-  return ProcessZip(sent.path);
+  const ScopedFile sent(m_zipPath);  // gone also when a derived class throws
+  return ProcessZip(m_zipPath);
 }
 
 OperationReturnState UploadOp::ProcessZip(const char* zip) {

@@ -37,8 +37,7 @@ int CUnZipOp::GetFileList(CArray<CString, const char*>& files) {
 }
 
 int CUnZipOp::GetNumberOfFilesInZip() {
-  if (m_archive == nullptr)
-    m_archive = OpenZipU(m_archiveName.GetBuffer(0), 0, kZipFileName, m_targetFolder);
+  if (m_archive == nullptr) m_archive = OpenZipU(m_archiveName, 0, kZipFileName, m_targetFolder);
   const bool counted = m_archive != nullptr && GetZipItemA(m_archive, -1, &m_entry) == kZipOk;
   return counted ? m_entry.index : 0;
 }

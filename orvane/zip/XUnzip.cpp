@@ -10,7 +10,7 @@ ZipResult g_lastResult = kZipOk;
 
 }  // namespace
 
-HZIP OpenZipU(void* source, unsigned int length, unsigned long kind, const char* rootFolder) {
+HZIP OpenZipU(const void* source, unsigned int length, unsigned long kind, const char* rootFolder) {
   HZIP archive = nullptr;
   RunZipCall(g_lastResult, [&] {
     auto reader = std::make_unique<ZipReader>();

@@ -10,6 +10,7 @@
 // gives; the writer keeps its own. One thread at a time.
 #pragma once
 
+#include "zip/ZipFiles.h"  // whole archives in one call
 #include "zip/ZipTypes.h"
 
 // An entry of an archive.
@@ -40,7 +41,7 @@ struct ZIPENTRYW : ZIPENTRY {};
 //
 // Returns the handle, or null: kZipNoDuplicate, kZipNoFile, kZipNoSeek, kZipBadArguments,
 // kZipNoMemory, or kZipCorrupt when no end record with a directory is found.
-ORVANE_API HZIP OpenZipU(void* source, unsigned int length, unsigned long kind,
+ORVANE_API HZIP OpenZipU(const void* source, unsigned int length, unsigned long kind,
                          const char* rootFolder);
 
 // Fills a record with entry index; with index -1 its index is the number of entries and all else is

@@ -11,7 +11,9 @@
 #include "entry/strutils.h"
 #include "ops/FolderEntries.h"
 #include "zip/FolderTarget.h"
+#include "zip/XUnzip.h"
 #include "zip/ZipArchive.h"
+#include "zip/ZipWriter.h"
 
 namespace {
 
@@ -29,21 +31,16 @@ int Guarded(Body&& body) {
 
 const char* OrEmpty(const char* text) { return text != nullptr ? text : ""; }
 
-// The functions of the archive take texts through their untyped source and target arguments.
-void* AsArgument(const char* text) { return const_cast<char*>(text); }
-
-// An archive that is written, closed at the end of the scope.
+// An archive that is written. Unless it is closed, nothing is left of it.
 class NewArchive {
  public:
-  explicit NewArchive(const char* name) : m_handle(CreateZipZ(AsArgument(name), 0, kZipFileName)) {}
-  ~NewArchive() { Close(); }
+  explicit NewArchive(const char* name)
+      : m_handle(CreateZipZ(const_cast<char*>(name), 0, kZipFileName)) {}
+  ~NewArchive() { DropZip(m_handle); }
   NewArchive(const NewArchive&) = delete;
   NewArchive& operator=(const NewArchive&) = delete;
 
   HZIP get() const { return m_handle; }
-
-  // Nothing is left of it.
-  void Drop() { DropZip(std::exchange(m_handle, nullptr)); }
 
   // Whether the archive is whole, as far as files could be added to it.
   bool Close() {
@@ -59,7 +56,7 @@ class NewArchive {
 class OpenArchive {
  public:
   OpenArchive(const char* name, const char* rootFolder)
-      : m_handle(OpenZipU(AsArgument(name), 0, kZipFileName, rootFolder)) {}
+      : m_handle(OpenZipU(name, 0, kZipFileName, rootFolder)) {}
   ~OpenArchive() {
     if (m_handle != nullptr) CloseZipU(m_handle);
   }
@@ -80,7 +77,7 @@ class OpenArchive {
 // Entry and source are both what follows the prefix of the path.
 void AddWithoutPrefix(HZIP archive, const char* path, size_t prefixLength) {
   const char* const name = path + std::min(prefixLength, std::strlen(path));
-  ZipAdd(archive, name, AsArgument(name), 0, kZipFileName);
+  ZipAdd(archive, name, name, 0, kZipFileName);
 }
 
 }  // namespace
@@ -91,8 +88,7 @@ int ZipDir(const char* archive, const char* folder, const char* pattern) {
     NewArchive target(archive);
     const int result =
         DoZipDir(target.get(), folder, pattern, static_cast<int>(std::strlen(OrEmpty(folder))) + 1);
-    if (result == 0) target.Drop();
-    return target.Close() ? result : 0;
+    return result != 0 && target.Close() ? result : 0;
   });
 }
 

@@ -6,8 +6,7 @@
 
 #include <afxtempl.h>
 
-#include "zip/XUnzip.h"
-#include "zip/ZipWriter.h"
+#include "zip/ZipTypes.h"
 
 // Zips the files of folder (an absolute path) and its sub-folders that match pattern ("*.*" is
 // every one) into a new archive, a relative archive name being taken inside folder. Entries are

@@ -4,6 +4,7 @@
 
 #include "diag/trace.h"
 #include "entry/PathUtils.h"
+#include "entry/ScopedFile.h"
 #include "entry/SetGetCurrentDir.h"
 #include "util/pathutils.h"
 #include "zip/ZipArchive.h"
@@ -36,8 +37,7 @@ OperationReturnState ZipOp::Operation(unsigned int index) {
 
   const char* const name = EntryName(m_files[static_cast<int>(index)]);
   unsigned long written = 0;
-  const bool added =
-      ZipAdd(m_archive, name, const_cast<char*>(name), 0, kZipFileName, written) == kZipOk;
+  const bool added = ZipAdd(m_archive, name, name, 0, kZipFileName, written) == kZipOk;
   m_holdsEntries |= added;
 
   const bool isLast = index + 1 == m_end;
@@ -72,11 +72,10 @@ OperationReturnState ZipOp::FinishArchive() {
   const HZIP archive = m_archive;
   m_archive = nullptr;
   m_holdsEntries = false;
+  const ScopedFile file(m_archivePath);  // gone also when a derived class throws
   const bool isWhole = CloseZipZ(archive) == kZipOk;
   VERIFY(isWhole);
-  const OperationReturnState state = isWhole ? ProcessZipFile(m_archivePath) : OperationFailed;
-  ForceDeleteFile(m_archivePath);
-  return state;
+  return isWhole ? ProcessZipFile(m_archivePath) : OperationFailed;
 }
 
 void ZipOp::DropArchive() {

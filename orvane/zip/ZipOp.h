@@ -4,6 +4,7 @@
 #include <afxtempl.h>
 
 #include "ops/MultiOp.h"
+#include "zip/UnZipOp.h"  // its counterpart
 #include "zip/ZipWriter.h"
 
 // The archives are files in the system's temporary folder, given to ProcessZipFile one by one as

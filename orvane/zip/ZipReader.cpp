@@ -30,12 +30,12 @@ bool IsBelowRoot(const char* path) {
 
 }  // namespace
 
-ZipResult ZipReader::Open(void* source, unsigned int length, unsigned long kind,
+ZipResult ZipReader::Open(const void* source, unsigned int length, unsigned long kind,
                           const char* rootFolder) {
   if (const ZipResult result = SetRootFolder(rootFolder); result != kZipOk) return result;
   ZipResult result = kZipBadArguments;
   if (kind == kZipHandle) {
-    result = m_input.OpenHandle(source);
+    result = m_input.OpenHandle(const_cast<HANDLE>(source));
   } else if (source != nullptr && kind == kZipFileName) {
     result = m_input.OpenFile(static_cast<const char*>(source));
   } else if (source != nullptr && kind == kZipMemory) {

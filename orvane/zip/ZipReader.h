@@ -21,7 +21,8 @@ class ZipReader : public ZipArchive {
 
   ZipReader() : ZipArchive(kArchiveKind) {}
 
-  ZipResult Open(void* source, unsigned int length, unsigned long kind, const char* rootFolder);
+  ZipResult Open(const void* source, unsigned int length, unsigned long kind,
+                 const char* rootFolder);
   ZipResult GetItem(int index, ZIPENTRY& entry);
   ZipResult FindItem(const char* name, bool ignoreCase, int* index, ZIPENTRY* entry);
   ZipResult Unzip(int index, void* destination, unsigned int length, unsigned long kind);

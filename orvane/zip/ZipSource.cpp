@@ -20,11 +20,11 @@ FILETIME FileTimeOf(const LARGE_INTEGER& time) {
 
 }  // namespace
 
-ZipResult ZipSource::Open(void* source, unsigned int length, unsigned long kind) {
+ZipResult ZipSource::Open(const void* source, unsigned int length, unsigned long kind) {
   switch (kind) {
     case kZipHandle:
       if (source == nullptr || source == INVALID_HANDLE_VALUE) return kZipBadArguments;
-      return OpenHandle(source, length);
+      return OpenHandle(const_cast<HANDLE>(source), length);
     case kZipFileName:
       if (source == nullptr) return kZipBadArguments;
       m_owned.reset(CreateFileA(static_cast<const char*>(source), GENERIC_READ, FILE_SHARE_READ,
@@ -63,9 +63,6 @@ ZipResult ZipSource::OpenHandle(HANDLE handle, unsigned int length) {
 }
 
 ZipResult ZipSource::OpenDiskFile(const FILE_BASIC_INFO& facts) {
-  LARGE_INTEGER size;
-  if (!GetFileSizeEx(m_file, &size)) return kZipReadError;
-  m_size = size.QuadPart;
   m_modified = FileTimeOf(facts.LastWriteTime);
   // File systems that keep fewer times give zeros.
   m_accessed = facts.LastAccessTime.QuadPart != 0 ? FileTimeOf(facts.LastAccessTime) : m_modified;
@@ -73,9 +70,18 @@ ZipResult ZipSource::OpenDiskFile(const FILE_BASIC_INFO& facts) {
 
   m_attributes = facts.FileAttributes & kWindowsAttributes;
   m_attributes |= kZipUnixReadable;
-  m_attributes |= facts.FileAttributes & FILE_ATTRIBUTE_DIRECTORY ? kZipUnixFolder : kZipUnixFile;
+  const bool isFolder = (facts.FileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  m_attributes |= isFolder ? kZipUnixFolder : kZipUnixFile;
   if (!(facts.FileAttributes & FILE_ATTRIBUTE_READONLY)) m_attributes |= kZipUnixWritable;
+  if (isFolder) {
+    m_file = nullptr;  // there is nothing to read
+    m_size = 0;
+    return kZipOk;
+  }
 
+  LARGE_INTEGER size;
+  if (!GetFileSizeEx(m_file, &size)) return kZipReadError;
+  m_size = size.QuadPart;
   if (!m_owned && !SetFilePointerEx(m_file, {}, nullptr, FILE_BEGIN)) return kZipReadError;
   if (const ZipResult result = ReadPiece(m_firstPiece); result != kZipOk) return result;
   return MarkProgram();

@@ -14,7 +14,7 @@ class ZipSource {
   ZipSource(uint8_t* buffer, size_t bufferSize) : m_buffer(buffer), m_bufferSize(bufferSize) {}
 
   // A result code as ZipAdd gives it.
-  ZipResult Open(void* source, unsigned int length, unsigned long kind);
+  ZipResult Open(const void* source, unsigned int length, unsigned long kind);
 
   // The next bytes, valid until the next call; none at the end.
   ZipResult Next(const uint8_t*& bytes, size_t& size);
@@ -37,7 +37,7 @@ class ZipSource {
   size_t m_bufferSize;
 
   unique_file m_owned;      // a file that was opened here
-  HANDLE m_file = nullptr;  // null: memory or folder
+  HANDLE m_file = nullptr;  // null: memory or a folder
   size_t m_firstPiece = 0;  // bytes in the buffer that were read when the file was opened
   const uint8_t* m_memory = nullptr;
   size_t m_memoryLeft = 0;

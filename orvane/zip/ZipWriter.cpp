@@ -77,7 +77,7 @@ class ZipWriter : public ZipArchive {
   ZipWriter() : ZipArchive(kArchiveKind), m_piece(new uint8_t[kPieceSize]) {}
 
   ZipResult Open(void* target, unsigned int length, unsigned long kind);
-  ZipResult Add(const char* name, void* source, unsigned int length, unsigned long kind);
+  ZipResult Add(const char* name, const void* source, unsigned int length, unsigned long kind);
   ZipResult End();
 
   const ZipTarget& Target() const { return m_target; }
@@ -117,7 +117,8 @@ ZipResult ZipWriter::Open(void* target, unsigned int length, unsigned long kind)
   }
 }
 
-ZipResult ZipWriter::Add(const char* name, void* source, unsigned int length, unsigned long kind) {
+ZipResult ZipWriter::Add(const char* name, const void* source, unsigned int length,
+                         unsigned long kind) {
   if (m_target.HasFailed()) return kZipEarlierError;
   if (m_isEnded) return kZipEnded;
   if (name == nullptr || *name == 0 || m_count == kZipMaxCount) return kZipBadArguments;
@@ -326,14 +327,14 @@ HZIP CreateZipZ(void* target, unsigned int length, unsigned long kind) {
   return archive;
 }
 
-unsigned long ZipAdd(HZIP archive, const char* name, void* source, unsigned int length,
+unsigned long ZipAdd(HZIP archive, const char* name, const void* source, unsigned int length,
                      unsigned long kind) {
   return RunZipCall<ZipWriter>(g_lastResult, archive, [&](ZipWriter& writer) {
     return writer.Add(name, source, length, kind);
   });
 }
 
-unsigned long ZipAdd(HZIP archive, const char* name, void* source, unsigned int length,
+unsigned long ZipAdd(HZIP archive, const char* name, const void* source, unsigned int length,
                      unsigned long kind, unsigned long& bytesWritten) {
   bytesWritten = 0;
   return RunZipCall<ZipWriter>(g_lastResult, archive, [&](ZipWriter& writer) {

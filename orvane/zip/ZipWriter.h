@@ -30,8 +30,9 @@ ORVANE_API HZIP CreateZipZ(void* target, unsigned int length, unsigned long kind
 // name gets a "/" at its end.
 //
 //   kZipHandle    source is an open HANDLE, which stays the caller's. A disk file is read from its
-//                 start, with its own size, times and attributes; anything else to its end, length
-//                 being the number of bytes to come, or 0 when that is not known.
+//                 start, with its own size, times and attributes (a folder has no bytes);
+//                 anything else to its end, length being the number of bytes to come, or 0 when
+//                 that is not known.
 //   kZipFileName  source is the path of a file that can be opened for reading and is not being
 //                 written.
 //   kZipMemory    source is a block of length bytes, not null and not empty.
@@ -49,12 +50,13 @@ ORVANE_API HZIP CreateZipZ(void* target, unsigned int length, unsigned long kind
 //   kZipNoSeek, kZipNoMemory, kZipFlateError, kZipEnded, kZipWrongKind
 // An entry that failed is not in the archive; the entries before it are, and stay good. What a pipe
 // has taken of it stays between the others, in no directory.
-ORVANE_API unsigned long ZipAdd(HZIP archive, const char* name, void* source, unsigned int length,
-                                unsigned long kind);
+ORVANE_API unsigned long ZipAdd(HZIP archive, const char* name, const void* source,
+                                unsigned int length, unsigned long kind);
 
 // The same; bytesWritten receives the bytes written to the archive so far.
-ORVANE_API unsigned long ZipAdd(HZIP archive, const char* name, void* source, unsigned int length,
-                                unsigned long kind, unsigned long& bytesWritten);
+ORVANE_API unsigned long ZipAdd(HZIP archive, const char* name, const void* source,
+                                unsigned int length, unsigned long kind,
+                                unsigned long& bytesWritten);
 
 // Ends a memory archive, so that nothing more can be added, and shows its bytes: they are valid
 // until CloseZipZ. kZipNotMemory when the target isn't memory.

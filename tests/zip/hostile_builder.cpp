@@ -43,12 +43,11 @@ Entry Deflated(const std::string& name, const std::string& plain) {
   return entry;
 }
 
-Entry Piped(Entry entry, bool withSignature) {
+Entry Piped(Entry entry) {
   entry.Both(&Header::flags, kHasDescriptor);
   entry.local.crc = entry.local.compressed = entry.local.uncompressed = 0;
-  if (withSignature) entry.descriptor = "PK\7\10";
-  entry.descriptor +=
-      U32(entry.central.crc) + U32(entry.central.compressed) + U32(entry.central.uncompressed);
+  entry.descriptor = "PK\7\10" + U32(entry.central.crc) + U32(entry.central.compressed) +
+                     U32(entry.central.uncompressed);
   return entry;
 }
 
@@ -90,9 +89,9 @@ Layout Archive::LayOut() const {
   layout.end = bytes.size();
   const auto size = static_cast<uint32_t>(layout.end - layout.directory);
   const auto offset = static_cast<uint32_t>(layout.directory - stub.size());
-  bytes += U32(endSignature) + U16(disk) + U16(directoryDisk) + U16(countHere.value_or(records)) +
-           U16(count.value_or(records)) + U32(directorySize.value_or(size)) +
-           U32(directoryOffset.value_or(offset)) +
+  const uint16_t announced = count.value_or(records);
+  bytes += U32(endSignature) + U16(disk) + U16(disk) + U16(announced) + U16(announced) +
+           U32(directorySize.value_or(size)) + U32(directoryOffset.value_or(offset)) +
            U16(commentLength.value_or(static_cast<uint16_t>(comment.size()))) + comment + behind;
   return layout;
 }

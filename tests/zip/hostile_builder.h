@@ -18,7 +18,6 @@ constexpr uint16_t kEncrypted = 0x0001;      // flag bit 0
 constexpr uint16_t kHasDescriptor = 0x0008;  // flag bit 3
 
 constexpr size_t kLocalSize = 30;  // a local header without name and extra field
-constexpr size_t kEndSize = 22;    // an end record without comment
 
 // Set: written as it is. Not set: the truth is written.
 template <class Number>
@@ -68,8 +67,8 @@ struct Entry {
 Entry Stored(const std::string& name, const std::string& plain);
 Entry Deflated(const std::string& name, const std::string& plain);
 Entry Folder(const std::string& name);
-// The entry with its sizes and CRC behind the data, with the descriptor's usual signature or not.
-Entry Piped(Entry entry, bool withSignature = true);
+// The entry with its sizes and CRC behind the data.
+Entry Piped(Entry entry);
 
 // The local header, data and descriptor of an entry.
 std::string LocalPart(const Entry& entry);
@@ -94,8 +93,6 @@ struct Archive {
 
   uint32_t endSignature = 0x06054B50;
   uint16_t disk = 0;
-  uint16_t directoryDisk = 0;
-  Lie<uint16_t> countHere;
   Lie<uint16_t> count;
   Lie<uint32_t> directorySize;
   Lie<uint32_t> directoryOffset;

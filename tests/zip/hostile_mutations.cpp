@@ -25,15 +25,7 @@ std::vector<Archive> Seeds() {
     entry.central.extra = ExtraBlock(0x5455, "\7" + U32(1000000000));
     entry.comment = "remark";
   }
-
-  Archive stored, piped;
-  for (int i = 0; i < 12; ++i)
-    stored.entries.push_back(Stored("dir/" + std::to_string(i), Noise(i * 7, 30 + i)));
-  for (int i = 0; i < 4; ++i) {
-    const std::string text(3000, static_cast<char>('a' + i));
-    piped.entries.push_back(Piped(Deflated("stream" + std::to_string(i), text), i % 2));
-  }
-  return {good, decorated, stored, piped};
+  return {good, decorated};
 }
 
 // Changes bytes in a way that depends on a number alone, mostly in the archive's headers.

@@ -23,11 +23,9 @@ struct Digest {
   bool operator==(const Digest&) const = default;
 };
 
-Digest DigestOf(const std::string& bytes);
-
 struct EntryOutcome {
   unsigned long look = 0;    // of GetZipItemA
-  bool found = false;        // by FindZipItemA under its own name, at its own index
+  bool found = false;        // under its own name, in whatever case, at its own index
   bool folder = false;       // the record says so
   unsigned long memory = 0;  // the last result of UnzipItem into memory
   unsigned long file = 0;    // of UnzipItem to a file

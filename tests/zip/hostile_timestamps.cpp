@@ -63,27 +63,4 @@ TEST(ZipTimeStamps, EachTimeHasItsFlag) {
   }
 }
 
-TEST(ZipTimeStamps, OtherwiseTheDosTimeCounts) {
-  const struct {
-    uint16_t date, time;
-    FILETIME local;
-  } cases[] = {
-      {0x54DC, 0x0021, FileTimeOf(2022, 6, 28, 0, 1, 2)},
-      {0x0000, 0x0000, {}},  // no month
-      {0x5921, 0xF800, {}},  // hour 31
-  };
-  Archive archive;
-  for (const auto& c : cases)
-    archive.entries.push_back(
-        Stored("w", "w").Both(&Header::date, c.date).Both(&Header::time, c.time));
-  const OpenZip zip(archive.Bytes());
-  for (int index = 0; index < 3; ++index) {
-    ZIPENTRY entry = {};
-    EXPECT_EQ(GetZipItemA(zip, index, &entry), kZipOk);
-    const bool isNone = entry.mtime == FILETIME();
-    EXPECT_TRUE((isNone ? entry.mtime : LocalTimeOf(entry.mtime)) == cases[index].local) << index;
-    EXPECT_TRUE(entry.atime == entry.mtime && entry.ctime == entry.mtime) << index;
-  }
-}
-
 }  // namespace

@@ -249,19 +249,19 @@ TEST(Reader, OpensFilesHandlesAndMemory) {
   SetFilePointer(file.get(), 8, nullptr, FILE_BEGIN);
   Pipe pipe;
   const struct {
-    void* source;
+    const void* source;
     unsigned length;
     unsigned long kind;
     const char* message;
   } cases[] = {
       {file.get(), 0, kZipHandle, "Success"},
-      {Arg(path), 0, kZipFileName, "Success"},  // what is in front counts as a stub
+      {path.c_str(), 0, kZipFileName, "Success"},  // what is in front counts as a stub
       {copy.data(), size, kZipMemory, "Success"},
       {copy.data(), 20, kZipMemory, "Zipfile is corrupt or not a zipfile"},
       {copy.data(), 0, kZipMemory, "Zipfile is corrupt or not a zipfile"},
       {pipe.readEnd.get(), 0, kZipHandle, "Zip-bug: trying to seek the unseekable"},
       {INVALID_HANDLE_VALUE, 0, kZipHandle, "Culdn't duplicate handle"},
-      {Arg("missing"), 0, kZipFileName, "Couldn't create/open file"},
+      {"missing", 0, kZipFileName, "Couldn't create/open file"},
       {nullptr, 0, kZipFileName, "Caller: faulty arguments"},
       {nullptr, 10, kZipMemory, "Caller: faulty arguments"},
       {copy.data(), 10, kZipFolder, "Caller: faulty arguments"},

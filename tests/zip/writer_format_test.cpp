@@ -129,6 +129,11 @@ TEST(Writer, AttributesOfDiskFiles) {
     ASSERT_EQ(AddFile(zip, c.name, path), kZipOk);
     entries.push_back(With((c.external & ~0x27u) | kept, Deflated(c.name, c.bytes)));
   }
+  const unique_file opened(CreateFileA(folder.path().c_str(), GENERIC_READ, FILE_SHARE_READ,
+                                       nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS,
+                                       nullptr));
+  EXPECT_EQ(ZipAdd(zip, "opened folder", opened.get(), 0, kZipHandle), kZipOk);
+  entries.push_back(With(0x41800010, Deflated("opened folder", "")));
   ExpectWritten(zip.Bytes(), entries);
 }
 

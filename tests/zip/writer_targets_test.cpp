@@ -25,7 +25,7 @@ TEST(Writer, ArchiveStartsWhereTheHandleStands) {
   // More than is kept back, so that the first header is patched in the file.
   const std::string noise = Noise(300'000, 1);
   unsigned long position = 0;
-  EXPECT_EQ(ZipAdd(zip, "noise", Arg(noise), 300'000, kZipMemory, position), kZipOk);
+  EXPECT_EQ(ZipAdd(zip, "noise", noise.data(), 300'000, kZipMemory, position), kZipOk);
   EXPECT_GT(position, 300'000u);
   EXPECT_EQ(AddText(zip, "b", "bytes"), kZipOk);
   EXPECT_EQ(CloseZipZ(zip), kZipOk);
@@ -41,8 +41,8 @@ TEST(Writer, MemoryOfTheCaller) {
   std::string block(600, '#');
   HZIP zip = CreateZipZ(block.data(), 500, kZipMemory);
   unsigned long before = 0, after = 0, size = 0;
-  EXPECT_EQ(ZipAdd(zip, "a", Arg("bytes"), 5, kZipMemory, before), kZipOk);
-  EXPECT_EQ(ZipAdd(zip, "b", Arg(Noise(600, 1)), 600, kZipMemory, after), kZipMemoryFull);
+  EXPECT_EQ(ZipAdd(zip, "a", "bytes", 5, kZipMemory, before), kZipOk);
+  EXPECT_EQ(ZipAdd(zip, "b", Noise(600, 1).data(), 600, kZipMemory, after), kZipMemoryFull);
   EXPECT_EQ(before, after);
   EXPECT_EQ(AddText(zip, "c", "bytes"), kZipEarlierError);
   void* memory = nullptr;
@@ -120,20 +120,20 @@ TEST(Writer, SourcesThatFail) {
   const struct {
     const char* what;
     const char* name;
-    void* source;
+    const void* source;
     unsigned length;
     unsigned long kind, result;
   } cases[] = {
-      {"no name", "", Arg("x"), 1, kZipMemory, kZipBadArguments},
-      {"null name", nullptr, Arg("x"), 1, kZipMemory, kZipBadArguments},
+      {"no name", "", "x", 1, kZipMemory, kZipBadArguments},
+      {"null name", nullptr, "x", 1, kZipMemory, kZipBadArguments},
       {"no memory", "a", nullptr, 1, kZipMemory, kZipBadArguments},
-      {"empty memory", "a", Arg("x"), 0, kZipMemory, kZipBadArguments},
+      {"empty memory", "a", "x", 0, kZipMemory, kZipBadArguments},
       {"no path", "a", nullptr, 0, kZipFileName, kZipBadArguments},
-      {"missing file", "a", Arg(missing), 0, kZipFileName, kZipNoFile},
-      {"file being written", "a", Arg(locked), 0, kZipFileName, kZipNoFile},
+      {"missing file", "a", missing.c_str(), 0, kZipFileName, kZipNoFile},
+      {"file being written", "a", locked.c_str(), 0, kZipFileName, kZipNoFile},
       {"unreadable handle", "a", writeOnly.get(), 0, kZipHandle, kZipReadError},
       {"no handle", "a", INVALID_HANDLE_VALUE, 0, kZipHandle, kZipBadArguments},
-      {"no such kind", "a", Arg("x"), 1, 5, kZipBadArguments},
+      {"no such kind", "a", "x", 1, 5, kZipBadArguments},
   };
   MemoryZip zip;
   for (const auto& c : cases) {
@@ -176,7 +176,7 @@ TEST(Writer, HandlesOfTheOtherKind) {
   OpenZip reader(made.Bytes());
   EXPECT_EQ(AddText(made, "a", "x"), kZipEnded);
   unsigned long position = 1;
-  EXPECT_EQ(ZipAdd(reader, "a", Arg("x"), 1, kZipMemory, position), kZipWrongKind);
+  EXPECT_EQ(ZipAdd(reader, "a", "x", 1, kZipMemory, position), kZipWrongKind);
   EXPECT_EQ(position, 0u);
   EXPECT_EQ(ZipGetMemory(reader, nullptr, nullptr), kZipWrongKind);
   EXPECT_EQ(CloseZipZ(reader), kZipWrongKind);
@@ -190,7 +190,7 @@ TEST(Writer, HandlesOfTheOtherKind) {
   // The writer and the reader each remember their own last result.
   EXPECT_EQ(AddText(nullptr, "a", "x"), kZipBadArguments);
   EXPECT_EQ(CloseZipZ(nullptr), kZipBadArguments);
-  EXPECT_EQ(OpenZipU(Arg("missing"), 0, kZipFileName, nullptr), nullptr);
+  EXPECT_EQ(OpenZipU("missing", 0, kZipFileName, nullptr), nullptr);
   EXPECT_EQ(MessageZ(kZipRecent), "Caller: faulty arguments");
   EXPECT_EQ(MessageU(kZipRecent), "Couldn't create/open file");
   EXPECT_EQ(CloseZipU(nullptr), kZipBadArguments);

@@ -14,7 +14,7 @@
 #include "zip/XUnzip.h"
 #include "zip/ZipWriter.h"
 
-// Texts as the untyped arguments of the zip functions.
+// Texts as the untyped targets of the zip functions.
 inline void* Arg(const std::string& text) { return const_cast<char*>(text.c_str()); }
 
 // The texts of result codes.
@@ -30,11 +30,11 @@ inline std::string MessageU(unsigned long code) {
 }
 
 inline unsigned long AddText(HZIP zip, const std::string& name, const std::string& text) {
-  return ZipAdd(zip, name.c_str(), Arg(text), static_cast<unsigned>(text.size()), kZipMemory);
+  return ZipAdd(zip, name.c_str(), text.data(), static_cast<unsigned>(text.size()), kZipMemory);
 }
 
 inline unsigned long AddFile(HZIP zip, const std::string& name, const std::string& path) {
-  return ZipAdd(zip, name.c_str(), Arg(path), 0, kZipFileName);
+  return ZipAdd(zip, name.c_str(), path.c_str(), 0, kZipFileName);
 }
 
 // An archive that the writer makes in memory.

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
+#include <stdexcept>
 #include <vector>
 
 #include "support/AssertionLog.h"
@@ -42,27 +42,29 @@ class Packer : public ZipOp {
       : ZipOp(files, root.c_str(), limit) {
     SetNoGui(1);
   }
+  ~Packer() override {
+    for (const std::string& path : m_paths) EXPECT_FALSE(Exists(path)) << path;
+  }
 
-  std::vector<Names> m_archives;
-  Names m_paths;
+  std::vector<Names> m_archives;  // that were handed over
+  Names m_paths;                  // of all that were begun
   OperationReturnState m_answer = OperationDone;
+  bool m_throws = false;  // instead of an answer
   int m_stopBefore = -1;  // stops the run from within this item
 
  protected:
   OperationReturnState Operation(unsigned int index) override {
     if (static_cast<int>(index) == m_stopBefore) StopLoop();
     const OperationReturnState state = ZipOp::Operation(index);
-    if (m_archive != nullptr) m_begun = m_archivePath.GetBuffer(0);
+    if (m_archive != nullptr) m_paths.push_back(m_archivePath.GetBuffer(0));
     return state;
   }
   OperationReturnState ProcessZipFile(const char* archivePath) override {
     m_archives.push_back(EntriesOf(archivePath));
     m_paths.push_back(archivePath);
+    if (m_throws) throw std::runtime_error("refused");
     return m_answer;
   }
-
- public:
-  std::string m_begun;  // an archive that was left open after an item
 };
 
 class ZipOpTest : public testing::Test {
@@ -95,7 +97,6 @@ TEST_F(ZipOpTest, LimitDividesTheList) {
     EXPECT_STREQ(packer.GetRootPath(), m_folder.path().c_str());
     EXPECT_EQ(packer.DoOperation(0), 1) << c.limit;
     EXPECT_EQ(packer.m_archives, c.archives) << c.limit;
-    for (const std::string& path : packer.m_paths) EXPECT_FALSE(Exists(path)) << path;
     EXPECT_TRUE(log.Empty()) << log.Text();
   }
 }
@@ -157,8 +158,12 @@ TEST_F(ZipOpTest, AnswersAndStop) {
   EXPECT_EQ(stopped.DoOperation(0), 1);
   EXPECT_TRUE(stopped.wasAborted());
   EXPECT_TRUE(stopped.m_archives.empty());
-  EXPECT_FALSE(stopped.m_begun.empty());
-  EXPECT_FALSE(Exists(stopped.m_begun));
+  EXPECT_FALSE(stopped.m_paths.empty());
+
+  Packer thrower(m_files, m_folder.path(), 1000000);
+  thrower.m_throws = true;
+  EXPECT_EQ(thrower.DoOperation(0), 0);
+  EXPECT_EQ(thrower.m_archives.size(), 1u);
 }
 
 TEST_F(ZipOpTest, ExtractsEverything) {
