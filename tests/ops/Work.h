@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "controls/MDialog.h"
 #include "ops/MultiOp.h"
 
 class Work : public MMultiOperation {
@@ -60,4 +61,12 @@ inline Work::Item takes(DWORD milliseconds) {
     ::Sleep(milliseconds);
     return OperationDone;
   };
+}
+
+// Asks the user something from within an item.
+inline int ask(Work& work) {
+  MDialog dialog;
+  dialog.SetDialog(-1, -1, 100, 40, "Question", 1, 1);
+  dialog.SetOkButton(10, 20, 40, 14, "OK");
+  return work.GetUserInput(dialog);
 }
