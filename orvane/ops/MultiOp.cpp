@@ -72,7 +72,7 @@ void MMultiOperation::Reset() {
   m_displayProgressOnSingle = 0;
   m_preOperationCanceled = 0;
   CloseStopEvent();
-  m_stopEvent = nullptr;
+  m_stopEvent = m_copiedStopEvent = nullptr;
   m_progressWindow = nullptr;
 }
 

@@ -53,7 +53,7 @@ class Work : public MMultiOperation {
   std::atomic<int> stops = 0;
 };
 
-inline OperationReturnState done(unsigned) { return OperationDone; }
+inline OperationReturnState done(unsigned) { return MMultiOperation::OperationDone; }
 
 // Items that take their time, so many milliseconds.
 inline Work::Item takes(DWORD milliseconds) {
