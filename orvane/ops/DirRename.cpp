@@ -52,19 +52,27 @@ class EntryMarks {
   bool m_known;
 };
 
+// A move to another disk copies, and what it has copied of the file may be left. What stood at the
+// new place before is not that: a name that differs in letter case only, for example.
+void RemoveHalfMoved(const char* from, const char* to, DWORD error) {
+  if (error == ERROR_ALREADY_EXISTS || error == ERROR_FILE_EXISTS) return;
+  const DWORD stayed = GetFileAttributesA(from), left = GetFileAttributesA(to);
+  if (stayed != INVALID_FILE_ATTRIBUTES && left != INVALID_FILE_ATTRIBUTES)
+    DeleteTreeFile(to, left);
+}
+
 bool MoveTreeFile(const char* from, const char* to) {
   const EntryMarks marks(from);
   // A read-only file would be left behind at its old place when the move goes to another disk.
   if (marks.IsReadOnly() && !SetTreeFileReadOnly(from, false)) return false;
-  if (CanActOnFile(from) && MoveFileA(from, to)) {
+  const bool canAct = CanActOnFile(from);
+  if (canAct && MoveFileA(from, to)) {
     if (!marks.AreThoseOf(to)) marks.GiveTo(to);
     return true;
   }
+  const DWORD error = GetLastError();
   REPORT_TREE_FAILURE("File not moved", from);
-  // A move to another disk copies, and what it has copied of the file may be left.
-  const DWORD stayed = GetFileAttributesA(from), left = GetFileAttributesA(to);
-  if (stayed != INVALID_FILE_ATTRIBUTES && left != INVALID_FILE_ATTRIBUTES)
-    DeleteTreeFile(to, left);
+  if (canAct) RemoveHalfMoved(from, to, error);
   if (marks.IsReadOnly()) SetTreeFileReadOnly(from, true);
   return false;
 }

@@ -13,6 +13,7 @@
 // Is given the context of the walk and the full path of a file. Not 0: success. Runs on the thread
 // of the operation.
 using DirectoryOpCallback = int (*)(void* context, const char* path);
+using DirectoryCallback = DirectoryOpCallback;
 
 class ORVANE_API DirectoryOp : public MMultiOperation {
  public:

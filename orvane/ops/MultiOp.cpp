@@ -4,8 +4,6 @@
 #include "entry/Handles.h"
 #include "messages/message.h"
 #include "ops/MultiOpProgressDialog.h"
-#include "ops/SysWaitCursor.h"
-#include "ops/mthread.h"
 
 namespace {
 
@@ -73,7 +71,8 @@ void MMultiOperation::Reset() {
   m_noGui = 0;
   m_displayProgressOnSingle = 0;
   m_preOperationCanceled = 0;
-  m_stopEvent = nullptr;
+  CloseStopEvent();
+  m_stopEvent = m_copiedStopEvent = nullptr;
   m_progressWindow = nullptr;
 }
 
@@ -209,15 +208,17 @@ void MMultiOperation::StopLoop() {
 
 // The two threads' input stays attached, by design, for as long as both of them live.
 void MMultiOperation::preDisplayMesage() {
+  if (m_progressWindow == nullptr) return;
   VERIFY(AttachThreadInput(m_userThreadId, m_workerThreadId, TRUE));
   m_progressWindow->BeforeQuestion();
 }
 
-void MMultiOperation::postDisplayMesage() { m_progressWindow->AfterQuestion(); }
+void MMultiOperation::postDisplayMesage() {
+  if (m_progressWindow != nullptr) m_progressWindow->AfterQuestion();
+}
 
 template <class Ask>
 int MMultiOperation::AskUser(Ask ask) {
-  if (m_progressWindow == nullptr) return ask();
   struct Around {
     explicit Around(MMultiOperation& operation) : operation(operation) {
       operation.preDisplayMesage();

@@ -21,6 +21,8 @@
 
 #include "entry/export.h"
 #include "ops/SharedWord.h"
+#include "ops/SysWaitCursor.h"
+#include "ops/mthread.h"
 
 class Message;
 class MultiOpProgressDialog;
@@ -37,6 +39,10 @@ enum OperationReturnState : int {
 
 class ORVANE_API MMultiOperation {
  public:
+  // The states by the name of the class, too.
+  using OperationReturnState = ::OperationReturnState;
+  using enum ::OperationReturnState;
+
   // A range of no items.
   MMultiOperation();
   MMultiOperation(unsigned first, unsigned end);
@@ -58,6 +64,8 @@ class ORVANE_API MMultiOperation {
   void SetShowProgress(int show);
   // Not 0: a range of a single item gets a window, too. From the start: 0.
   void SetDisplayProgressOnSingle(int display);
+  // Makes the settings those of a new object, all but range, title and message; between runs only.
+  void Reset();
 
   // Whether there are fewer than two items.
   int isSingle() const;
@@ -96,6 +104,11 @@ class ORVANE_API MMultiOperation {
   // After the loop, on the calling thread, whatever came of it.
   virtual void PostOperationLoop();
 
+  // Before and after a window of one's own on the worker's thread, as around those of GetUserInput;
+  // without a progress window nothing happens.
+  void preDisplayMesage();
+  void postDisplayMesage();
+
  public:
   virtual ~MMultiOperation();
 
@@ -124,16 +137,12 @@ class ORVANE_API MMultiOperation {
  private:
   friend class MultiOpProgressDialog;
 
-  void Reset();  // what a new object starts with
   void CloseStopEvent();
   void RunLoop();
   void RunWithWindow(int interactive);
   static void RunInThread(void* operation);
   template <class Ask>
   int AskUser(Ask ask);
-  // On the worker's thread, around what GetUserInput shows; only with a progress window.
-  void preDisplayMesage();
-  void postDisplayMesage();
 
   HANDLE m_copiedStopEvent = nullptr;  // a stop event that another object closes
 };

@@ -7,7 +7,6 @@
 
 #include "diag/trace.h"
 #include "entry/Handles.h"
-#include "ops/SysWaitCursor.h"
 
 namespace {
 

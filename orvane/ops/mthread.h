@@ -7,6 +7,7 @@
 
 #include "entry/export.h"
 #include "ops/SharedWord.h"
+#include "ops/SysWaitCursor.h"
 
 // Made with new and started with Go or ActivateThreadAndWait, after which it belongs to its thread
 // and deletes itself at the thread's end: Stop is only for one that is known to be running.

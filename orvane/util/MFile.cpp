@@ -114,6 +114,7 @@ MFile::MFile()
 MFile::~MFile() = default;
 
 int MFile::Open(const char* name, unsigned flags, CFileException* error, int quiet) {
+  if (name == nullptr) name = "";
   CFileException ownError;
   if (error == nullptr) error = &ownError;
   if (WithoutException([&] { return CFile::Open(name, flags, error); })) {

@@ -32,9 +32,11 @@ CString FindSystemTempFolder() {
 // Makes a file that nobody else has; empty: it could not. There is room for the name before there
 // is a file, which would otherwise be left behind without anybody who knows it.
 CString MakeTempFile(const char* folder, const char* prefix) {
+  const bool isGiven = folder != nullptr && *folder != 0;
+  const CString place = isGiven ? CString(folder) : GetSystemTempFolder();
   CString name;
   char* const text = name.GetBuffer(MAX_PATH);
-  if (!GetTempFileNameA(folder, prefix == nullptr ? "" : prefix, 0, text)) *text = 0;
+  if (!GetTempFileNameA(place, prefix == nullptr ? "" : prefix, 0, text)) *text = 0;
   name.ReleaseBuffer();
   return name;
 }
@@ -70,10 +72,7 @@ CString GetTempFolderNameUnderFolder(CString prefix, CString folder) {
   return "";
 }
 
-CString GetTempName(const char* prefix, const char* folder) {
-  const bool isGiven = folder != nullptr && *folder != 0;
-  return MakeTempFile(isGiven ? folder : static_cast<const char*>(GetSystemTempFolder()), prefix);
-}
+CString GetTempName(const char* prefix, const char* folder) { return MakeTempFile(folder, prefix); }
 
 void GetTempName(const char* folder, const char* prefix, CString& name, const char* extension) {
   // By design under this name: readers of assertion logs look for it there.

@@ -12,7 +12,6 @@
 #include "entry/Handles.h"
 #include "ops/DirOp.h"
 #include "support/AssertionLog.h"
-#include "support/LongRun.h"
 #include "support/TempFolder.h"
 
 using Names = std::vector<std::string>;

@@ -97,11 +97,3 @@ TEST_F(RenameTest, WhatIsHeldStays) {
             std::string::npos)
       << m_log.Text();
 }
-
-TEST_F(RenameTest, TargetThatCannotGo) {
-  m_folder.Write("new\\held", "x");
-  const unique_file held = Hold(m_folder / "new\\held");
-  EXPECT_EQ(Rename("old", "new"), 0);
-  EXPECT_EQ(Tree(m_folder / "old"), m_tree);
-  EXPECT_EQ(Tree(m_folder / "new"), Names{"held"});
-}

@@ -60,21 +60,9 @@ TEST(DoubleByteTexts, AreCutBetweenCharacters) {
   _setmbcp(_MB_CP_ANSI);
 }
 
-TEST(FullPath, FilesAndFolders) {
-  const struct {
-    const char* path;
-    const char* file;
-    const char* folder;
-  } kCases[] = {
-      {"C:\\a\\..\\b/c", "C:\\b\\c", "C:\\b\\c"},
-      {"C:/a//b/", "C:\\a\\b\\", "C:\\a\\b"},
-      {"C:\\", "C:\\", "C:"},
-      {"", "", ""},
-  };
-  for (const auto& c : kCases) {
-    EXPECT_STREQ(FullPathOf(c.path), c.file);
-    EXPECT_STREQ(FullFolderOf(c.path), c.folder);
-  }
+TEST(FullPath, AtTheirLimits) {
+  EXPECT_STREQ(FullFolderOf("C:\\a\\.."), "C:");
+  EXPECT_STREQ(FullFolderOf("C:/a//b/"), "C:\\a\\b");
   char full[MAX_PATH];
   const std::string longest = "C:\\" + std::string(MAX_PATH - 4, 'n');
   EXPECT_TRUE(GetFullPath(longest.c_str(), full));

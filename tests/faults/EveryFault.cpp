@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <optional>
 #include <set>
 
 #include "support/LongRun.h"
@@ -39,23 +41,13 @@ std::set<std::string> TemporaryFiles() {
   return names;
 }
 
-bool Holds(const UserData& data, const std::string& value) {
-  for (const auto& [name, other] : data) {
-    if (other == value) return true;
-  }
-  return false;
-}
-
-bool IsSameAt(const UserData& data, const UserData& expected, const std::string& name) {
-  const auto found = data.find(name), wanted = expected.find(name);
-  if (found == data.end() || wanted == expected.end())
-    return found == data.end() && wanted == expected.end();
-  return found->second == wanted->second;
+std::optional<std::string> ValueAt(const UserData& data, const std::string& name) {
+  const auto found = data.find(name);
+  return found == data.end() ? std::nullopt : std::optional(found->second);
 }
 
 std::string Describe(const UserData& data, const std::string& name) {
-  const auto found = data.find(name);
-  return found == data.end() ? "(none)" : found->second.substr(0, 200);
+  return ValueAt(data, name).value_or("(none)").substr(0, 200);
 }
 
 class Loop {
@@ -113,18 +105,20 @@ class Loop {
     UserData names = m_before;
     names.insert(m_after.begin(), m_after.end());
     names.insert(now.begin(), now.end());
-    for (const auto& each : names) {
-      const std::string& name = each.first;
-      if (IsSameAt(now, m_after, name)) continue;
-      if (m_work.goesFirst && !isAllNew && !now.contains(name) && m_work.goesFirst(name)) continue;
-      if (m_work.isRight && now.contains(name) && m_work.isRight(now.at(name))) continue;
-      EXPECT_TRUE(!isAllNew && IsSameAt(now, m_before, name))
+    for (const auto& [name, any] : names) {
+      const auto value = ValueAt(now, name);
+      if (value == ValueAt(m_after, name)) continue;
+      if (m_work.goesFirst && !isAllNew && !value && m_work.goesFirst(name)) continue;
+      if (m_work.isRight && value && m_work.isRight(*value)) continue;
+      EXPECT_TRUE(!isAllNew && value == ValueAt(m_before, name))
           << name << " holds " << Describe(now, name) << "\nold: " << Describe(m_before, name)
           << "\nnew: " << Describe(m_after, name);
     }
-    for (const auto& [name, value] : m_before) {
-      EXPECT_TRUE(Holds(now, value) || !Holds(m_after, value)) << "lost: " << name;
-    }
+    const auto holds = [](const UserData& data, const std::string& value) {
+      return std::ranges::any_of(data, [&](const auto& entry) { return entry.second == value; });
+    };
+    for (const auto& [name, value] : m_before)
+      EXPECT_TRUE(holds(now, value) || !holds(m_after, value)) << "lost: " << name;
   }
 
   const Work& m_work;

@@ -103,34 +103,27 @@ TEST(Faults, ArchiveOverAnArchive) {
 }
 
 TEST(Faults, EntriesOverFiles) {
-  const auto prepare = [](const TempFolder& folder) {
+  Work work;
+  work.prepare = [](const TempFolder& folder) {
     WriteArchive(folder, "a.zip");
     WriteOldFiles(folder);
   };
-  {
-    SCOPED_TRACE("OpenZipFile");
-    WithEveryFault({.prepare = prepare,
-                    .act =
-                        [](const TempFolder& folder) {
-                          Path archive(folder, "a.zip");
-                          Path target(folder, "out");
-                          CString last;
-                          return OpenZipFile(archive, target, last) != 0;
-                        },
-                    .answersForAll = false});
-  }
-  {
-    SCOPED_TRACE("UnzipItem");
-    WithEveryFault({.prepare = prepare, .act = [](const TempFolder& folder) {
-                      Path archive(folder, "a.zip");
-                      Path target(folder, "out\\large");
-                      const HZIP zip = OpenZipU(archive, 0, kZipFileName, nullptr);
-                      if (zip == nullptr) return false;
-                      const bool done = UnzipItem(zip, 0, target, 0, kZipFileName) == kZipOk;
-                      CloseZipU(zip);
-                      return done;
-                    }});
-  }
+  work.act = [](const TempFolder& folder) {
+    Path archive(folder, "a.zip");
+    Path target(folder, "out\\large");
+    const HZIP zip = OpenZipU(archive, 0, kZipFileName, nullptr);
+    if (zip == nullptr) return false;
+    const bool done = UnzipItem(zip, 0, target, 0, kZipFileName) == kZipOk;
+    CloseZipU(zip);
+    return done;
+  };
+  WithEveryFault(work);
+  work.answersForAll = false;
+  work.act = [](const TempFolder& folder) {
+    CString last;
+    return OpenZipFile(Path(folder, "a.zip"), Path(folder, "out"), last) != 0;
+  };
+  WithEveryFault(work);
 }
 
 // The operation's own archive is a temporary one.

@@ -95,6 +95,16 @@ def links_are_not_followed_in_deleting(orv, folder):
     _check_outside(folder, outside)
 
 
+def names_of_different_case(orv, folder):
+    """Windows can't have both in a new folder, and what was moved first must not go for the second."""
+    names = {"Note": b"first", "note": b"second", "Sub/Same": b"third", "sub/same": b"fourth"}
+    for name, data in names.items():
+        _write(folder / "old" / name, data)
+    orv.other("trees_host").run("rename", folder / "old", folder / "new").expect(1)
+    left = [data for tree in ("old", "new") for data, _ in _tree(folder / tree).values()]
+    check_equal(sorted(left), sorted(names.values()), "the files, wherever they are now")
+
+
 @contextlib.contextmanager
 def _full_disk(folder):
     """A place for at most 1 MB a file, and what to run programs with: a small disk of its own where
@@ -203,6 +213,7 @@ if __name__ == "__main__":
     tests = [
         links_are_not_entered,
         links_are_not_followed_in_deleting,
+        names_of_different_case,
         full_disk_loses_nothing,
         stopped_zip_leaves_what_was,
         stopped_unzip_leaves_whole_files,

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "controls/MDialog.h"
 #include "ops/MultiOp.h"
 
 class Work : public MMultiOperation {
@@ -52,7 +53,7 @@ class Work : public MMultiOperation {
   std::atomic<int> stops = 0;
 };
 
-inline OperationReturnState done(unsigned) { return OperationDone; }
+inline OperationReturnState done(unsigned) { return MMultiOperation::OperationDone; }
 
 // Items that take their time, so many milliseconds.
 inline Work::Item takes(DWORD milliseconds) {
@@ -60,4 +61,12 @@ inline Work::Item takes(DWORD milliseconds) {
     ::Sleep(milliseconds);
     return OperationDone;
   };
+}
+
+// Asks the user something from within an item.
+inline int ask(Work& work) {
+  MDialog dialog;
+  dialog.SetDialog(-1, -1, 100, 40, "Question", 1, 1);
+  dialog.SetOkButton(10, 20, 40, 14, "OK");
+  return work.GetUserInput(dialog);
 }

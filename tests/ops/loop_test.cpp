@@ -126,6 +126,8 @@ TEST_F(Quiet, CopiesShareTheStopEvent) {
     static_cast<MMultiOperation&>(copy) = original;
     EXPECT_EQ(copy.StopEvent(), event);
     copy.StopLoop();
+    copy.Reset();
+    EXPECT_NE(copy.StopEvent(), event) << "one of its own from now on";
   }
   EXPECT_EQ(WaitForSingleObject(event, 0), DWORD{WAIT_OBJECT_0});
 }

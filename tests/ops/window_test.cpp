@@ -3,7 +3,6 @@
 
 #include <utility>
 
-#include "controls/MDialog.h"
 #include "messages/message.h"
 #include "ops/User.h"
 #include "ops/Work.h"
@@ -207,10 +206,7 @@ TEST_F(Progress, TheWorkerAsks) {
     std::vector<int> given;
     Work work(0, 3, [&](unsigned index) {
       if (index == 0) {
-        MDialog dialog;
-        dialog.SetDialog(-1, -1, 100, 40, "Question", 1, 1);
-        dialog.SetOkButton(10, 20, 40, 14, "OK");
-        given.push_back(work.GetUserInput(dialog));
+        given.push_back(ask(work));
       } else if (index == 2) {
         Message message(Message::MSG_INFO, "Another question?");
         given.push_back(work.GetUserInput(message));

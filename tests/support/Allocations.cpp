@@ -3,11 +3,10 @@
 #include <windows.h>
 #include <psapi.h>
 
-#include <bit>
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <unordered_map>
 
 #include "support/ImportTable.h"
 
@@ -35,101 +34,60 @@ constexpr bool kFill = false;
 #endif
 
 struct Block {
-  unsigned char* address;  // null: a free place; kErased: a place that was used
   size_t size;
   unsigned number;
   bool guarded;
 };
-
-unsigned char* const kErased = reinterpret_cast<unsigned char*>(1);
 
 [[noreturn]] void Abort(const char* why) {
   fprintf(stderr, "allocations: %s\n", why);
   abort();
 }
 
-// The live blocks: a hash table with open addressing in memory of its own, since it must not
-// allocate through what it counts.
+// Memory for the list of blocks itself, which must not come through what is counted.
+template <class T>
+struct SystemMemory {
+  using value_type = T;
+  SystemMemory() = default;
+  template <class U>
+  SystemMemory(const SystemMemory<U>&) {}
+  T* allocate(size_t count) {
+    void* const memory = HeapAlloc(GetProcessHeap(), 0, count * sizeof(T));
+    if (memory == nullptr) Abort("no memory for the list of blocks");
+    return static_cast<T*>(memory);
+  }
+  void deallocate(T* memory, size_t) { HeapFree(GetProcessHeap(), 0, memory); }
+  bool operator==(const SystemMemory&) const { return true; }
+};
+
+// The live blocks.
 class Registry {
  public:
-  void Add(const Block& block) {
-    if ((m_used + 1) * 2 > m_capacity) Grow();
-    Block* const place = FreePlace(block.address);
-    if (place->address == nullptr) ++m_used;
-    *place = block;
-    ++m_live.blocks;
-    m_live.bytes += block.size;
-    if (m_live.bytes > m_peak) m_peak = m_live.bytes;
+  void Add(void* address, const Block& block) {
+    m_blocks.insert_or_assign(address, block);
+    m_bytes += block.size;
+    if (m_bytes > m_peak) m_peak = m_bytes;
   }
 
   bool Take(void* address, Block* block) {
-    if (m_capacity == 0) return false;
-    Block* place = Place(static_cast<unsigned char*>(address));
-    if (place->address != address) return false;
-    *block = *place;
-    place->address = kErased;
-    --m_live.blocks;
-    m_live.bytes -= block->size;
+    const auto found = m_blocks.find(address);
+    if (found == m_blocks.end()) return false;
+    *block = found->second;
+    m_blocks.erase(found);
+    m_bytes -= block->size;
     return true;
   }
 
-  template <class Visit>
-  void ForEach(Visit visit) const {
-    for (size_t i = 0; i < m_capacity; ++i) {
-      if (m_table[i].address > kErased) visit(m_table[i]);
-    }
-  }
-
-  Live live() const { return m_live; }
+  const auto& blocks() const { return m_blocks; }
+  Live live() const { return {m_blocks.size(), m_bytes}; }
   size_t peak() const { return m_peak; }
-  void ResetPeak() { m_peak = m_live.bytes; }
+  void ResetPeak() { m_peak = m_bytes; }
 
  private:
-  size_t Hash(const unsigned char* address) const {
-    return (reinterpret_cast<uint32_t>(address) * 2654435761u) >> m_shift;
-  }
-
-  // Where an address stands, or the free place behind which it can't be.
-  Block* Place(const unsigned char* address) const {
-    for (size_t i = Hash(address);; ++i) {
-      Block* place = &m_table[i & (m_capacity - 1)];
-      if (place->address == address || place->address == nullptr) return place;
-    }
-  }
-
-  // Where an address that is not in the table is put: an erased place is as good as a new one.
-  Block* FreePlace(const unsigned char* address) const {
-    for (size_t i = Hash(address);; ++i) {
-      Block* place = &m_table[i & (m_capacity - 1)];
-      if (place->address <= kErased) return place;
-    }
-  }
-
-  void Grow() {
-    Block* const old = m_table;
-    const size_t oldCapacity = m_capacity;
-    size_t capacity = 1 << 12;
-    while (capacity < m_live.blocks * 4) capacity *= 2;
-    m_table = static_cast<Block*>(
-        VirtualAlloc(nullptr, capacity * sizeof(Block), MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE));
-    if (m_table == nullptr) Abort("no memory for the table of blocks");
-    m_capacity = capacity;
-    m_shift = 32 - std::countr_zero(capacity);
-    m_used = 0;
-    for (size_t i = 0; i < oldCapacity; ++i) {
-      if (old[i].address <= kErased) continue;
-      *FreePlace(old[i].address) = old[i];
-      ++m_used;
-    }
-    if (old != nullptr) VirtualFree(old, 0, MEM_RELEASE);
-  }
-
-  Block* m_table = nullptr;
-  size_t m_capacity = 0;  // a power of two
-  int m_shift = 32;
-  size_t m_used = 0;  // live and erased places
-  Live m_live = {0, 0};
-  size_t m_peak = 0;
+  std::unordered_map<void*, Block, std::hash<void*>, std::equal_to<>,
+                     SystemMemory<std::pair<void* const, Block>>>
+      m_blocks;
+  size_t m_bytes = 0, m_peak = 0;
 };
 
 struct State {
@@ -148,8 +106,9 @@ struct State {
   decltype(&free) realFree = nullptr;
 };
 
+// Never destroyed: blocks are freed until the very end of the process.
 State& state() {
-  static State state;
+  static State& state = *new State;
   return state;
 }
 
@@ -195,7 +154,7 @@ extern "C" void* __cdecl countedMalloc(size_t size) {
     memset(block, kNewByte, size);
     if (!guarded) memset(block + size, kTailByte, kTail);
   }
-  s.blocks.Add({block, guarded ? rounded : size, number, guarded});
+  s.blocks.Add(block, {guarded ? rounded : size, number, guarded});
   return block;
 }
 
@@ -209,17 +168,18 @@ extern "C" void __cdecl countedFree(void* address) {
     return;
   }
   if (block.guarded) {
-    FreeGuarded(block.address, block.size);
+    FreeGuarded(static_cast<unsigned char*>(address), block.size);
     return;
   }
   if (kFill) {
+    auto* const bytes = static_cast<unsigned char*>(address);
     for (size_t i = 0; i < kTail; ++i) {
-      if (block.address[block.size + i] == kTailByte) continue;
+      if (bytes[block.size + i] == kTailByte) continue;
       snprintf(s.damage, sizeof s.damage,
                "a block of %u bytes (allocation %u) was written %u bytes past its end",
                static_cast<unsigned>(block.size), block.number, static_cast<unsigned>(i + 1));
     }
-    memset(block.address, kFreedByte, block.size);
+    memset(bytes, kFreedByte, block.size);
   }
   s.realFree(address);
 }
@@ -237,7 +197,7 @@ extern "C" void* __cdecl countedRealloc(void* address, size_t size) {
   State& s = state();
   Block old;
   if (!s.blocks.Take(address, &old)) return s.realRealloc(address, size);
-  s.blocks.Add(old);
+  s.blocks.Add(address, old);
   if (size == 0) {
     countedFree(address);
     return nullptr;
@@ -322,28 +282,21 @@ unsigned Mark() {
 }
 
 std::string DescribeSince(unsigned mark) {
-  constexpr int kMost = 10;
-  Block blocks[kMost];
-  int count = 0;
+  constexpr int kMostBlocks = 10, kMostBytes = 32;
+  char text[kMostBlocks * 100];
+  int count = 0, length = 0;
   Lock lock;
-  // The text allocates, so the table is left alone while it is made.
-  state().blocks.ForEach([&](const Block& block) {
-    if (block.number > mark && count < kMost) blocks[count++] = block;
-  });
-  std::string text;
-  for (int k = 0; k < count; ++k) {
-    const Block& block = blocks[k];
-    char line[120];
-    snprintf(line, sizeof line, "  allocation %u: %u bytes \"", block.number - mark,
-             static_cast<unsigned>(block.size));
-    text += line;
-    for (size_t i = 0; i < block.size && i < 32; ++i) {
-      const unsigned char c = block.address[i];
-      text += c >= 0x20 && c < 0x7F ? static_cast<char>(c) : '.';
+  for (const auto& [address, block] : state().blocks.blocks()) {
+    if (block.number <= mark || count++ >= kMostBlocks) continue;
+    length +=
+        sprintf(text + length, "  allocation %u: %u bytes \"", block.number - mark, block.size);
+    for (size_t i = 0; i < block.size && i < kMostBytes; ++i) {
+      const char c = static_cast<const char*>(address)[i];
+      text[length++] = c >= 0x20 && c < 0x7F ? c : '.';
     }
-    text += "\"\n";
+    length += sprintf(text + length, "\"\n");
   }
-  return text;
+  return std::string(text, static_cast<size_t>(length));
 }
 
 void ResetPeak() {

@@ -4,8 +4,9 @@
 
 #include <atomic>
 #include <cstdlib>
-#include <list>
+#include <future>
 #include <thread>
+#include <vector>
 
 struct LoopbackServer::State {
   Serve serve;
@@ -14,11 +15,7 @@ struct LoopbackServer::State {
   std::atomic<bool> ends = false;
   std::atomic<int> connections = 0;
   std::thread acceptor;
-  struct Server {
-    std::atomic<bool> isDone = false;
-    std::thread thread;
-  };
-  std::list<Server> servers;  // of the acceptor's thread, until that has ended
+  std::vector<std::future<void>> servers;  // of the acceptor's thread, until that has ended
 };
 
 namespace {
@@ -59,17 +56,10 @@ LoopbackServer::LoopbackServer(Serve serve) : m_state(std::make_unique<State>())
       if (client == INVALID_SOCKET) continue;
       ++state.connections;
       // A thread keeps its handle until it has been joined.
-      state.servers.remove_if([](State::Server& server) {
-        const bool isDone = server.isDone;
-        if (isDone) server.thread.join();
-        return isDone;
+      std::erase_if(state.servers, [](const std::future<void>& server) {
+        return server.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
       });
-      State::Server& server = state.servers.emplace_back();
-      server.thread = std::thread([this, &state, &server, client] {
-        struct Done {
-          ~Done() { isDone = true; }
-          std::atomic<bool>& isDone;
-        } const done{server.isDone};
+      state.servers.push_back(std::async(std::launch::async, [this, &state, client] {
         LoopbackConnection connection(*this, client);
         state.serve(connection);
         if (connection.m_socket == INVALID_SOCKET) return;
@@ -79,7 +69,7 @@ LoopbackServer::LoopbackServer(Serve serve) : m_state(std::make_unique<State>())
         while (!state.ends && GetTickCount() - start < 2000 && connection.Receive()) {
         }
         closesocket(client);
-      });
+      }));
     }
   });
 }
@@ -87,7 +77,7 @@ LoopbackServer::LoopbackServer(Serve serve) : m_state(std::make_unique<State>())
 LoopbackServer::~LoopbackServer() {
   m_state->ends = true;
   m_state->acceptor.join();
-  for (State::Server& server : m_state->servers) server.thread.join();
+  m_state->servers.clear();  // joins them
   closesocket(m_state->listener);
   WSACleanup();
 }

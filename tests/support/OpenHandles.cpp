@@ -3,42 +3,23 @@
 #include <windows.h>
 #include <winternl.h>
 
+#include <algorithm>
+
 namespace allocations {
-namespace {
-
-constexpr auto kSystemHandleInformation = static_cast<SYSTEM_INFORMATION_CLASS>(16);
-constexpr ULONG kTableSize = 1 << 20;
-
-struct HandleEntry {
-  ULONG process;
-  BYTE type;
-  BYTE flags;
-  USHORT value;
-  void* object;
-  ULONG access;
-};
-
-struct HandleTable {
-  ULONG count;
-  HandleEntry entries[1];
-};
-
-}  // namespace
 
 // Counted in the system's table of handles, because GetProcessHandleCount answers 0 under Wine 8.
 unsigned OpenHandles() {
+  constexpr ULONG kTableSize = 1 << 20;
   static auto* const query =
       reinterpret_cast<decltype(&NtQuerySystemInformation)>(reinterpret_cast<void*>(
           GetProcAddress(GetModuleHandleA("ntdll.dll"), "NtQuerySystemInformation")));
-  static auto* const table = static_cast<HandleTable*>(
+  static auto* const table = static_cast<SYSTEM_HANDLE_INFORMATION*>(
       VirtualAlloc(nullptr, kTableSize, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE));
   ULONG size = 0;
-  if (query(kSystemHandleInformation, table, kTableSize, &size) != 0) return 0;
-  unsigned handles = 0;
-  for (ULONG i = 0; i < table->count; ++i) {
-    handles += table->entries[i].process == GetCurrentProcessId();
-  }
-  return handles;
+  if (query(SystemHandleInformation, table, kTableSize, &size) != 0) return 0;
+  return static_cast<unsigned>(
+      std::count_if(table->Handle, table->Handle + table->Count,
+                    [](const auto& handle) { return handle.OwnerPid == GetCurrentProcessId(); }));
 }
 
 }  // namespace allocations

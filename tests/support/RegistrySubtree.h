@@ -28,11 +28,8 @@ class RegistrySubtree {
   // Stores exactly these bytes as a value of any type under HKEY_CURRENT_USER.
   void WriteRaw(const std::string& name, DWORD type, const std::string& bytes) const {
     const std::string followed = bytes + "#";  // the system would add a zero that follows
-    HKEY key = nullptr;
-    RegCreateKeyA(HKEY_CURRENT_USER, c_str(), &key);
-    RegSetValueExA(key, name.c_str(), 0, type, reinterpret_cast<const BYTE*>(followed.data()),
-                   static_cast<DWORD>(bytes.size()));
-    RegCloseKey(key);
+    RegSetKeyValueA(HKEY_CURRENT_USER, c_str(), name.c_str(), type, followed.data(),
+                    static_cast<DWORD>(bytes.size()));
   }
 
   struct Value {

@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <cstdio>
+#include <utility>
 
 namespace watchdog {
 namespace {
@@ -16,8 +17,7 @@ struct State {
   SRWLOCK lock = SRWLOCK_INIT;
   const char* test = nullptr;
   ULONGLONG deadline = 0;
-  char windows[1024] = "";  // a plain buffer: the tests' allocations are counted
-
+  std::string windows;
   std::atomic<int> expected{0};
   unsigned seconds = 0;
   DWORD mainThread = 0;
@@ -28,33 +28,27 @@ State& state() {
   return state;
 }
 
-void Append(char* text, size_t size, const char* more) {
-  const size_t length = strlen(text);
-  snprintf(text + length, size - length, "%s", more);
+// Asked in a way that a window that hangs can't hold up.
+std::string TextOf(HWND window) {
+  char text[200] = "";
+  SendMessageTimeoutA(window, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text),
+                      SMTO_ABORTIFHUNG, 200, nullptr);
+  return text;
 }
 
-BOOL CALLBACK DescribeChild(HWND window, LPARAM text) {
-  char title[200] = "";
-  SendMessageTimeoutA(window, WM_GETTEXT, sizeof title, reinterpret_cast<LPARAM>(title),
-                      SMTO_ABORTIFHUNG, 200, nullptr);
-  if (title[0] != 0) {
-    Append(reinterpret_cast<char*>(text), 1024, " / ");
-    Append(reinterpret_cast<char*>(text), 1024, title);
-  }
+BOOL CALLBACK AddChild(HWND window, LPARAM whole) {
+  const std::string text = TextOf(window);
+  if (!text.empty()) *reinterpret_cast<std::string*>(whole) += " / " + text;
   return TRUE;
 }
 
 // A window's class, title and the texts of its controls.
-void Describe(HWND window, char* text) {
-  char part[200] = "";
-  GetClassNameA(window, part, sizeof part);
-  Append(text, 1024, "  [");
-  Append(text, 1024, part);
-  Append(text, 1024, "] ");
-  GetWindowTextA(window, part, sizeof part);
-  Append(text, 1024, part);
-  EnumChildWindows(window, DescribeChild, reinterpret_cast<LPARAM>(text));
-  Append(text, 1024, "\n");
+std::string Describe(HWND window) {
+  char name[200] = "";
+  GetClassNameA(window, name, sizeof name);
+  std::string text = "  [" + std::string(name) + "] " + TextOf(window);
+  EnumChildWindows(window, AddChild, reinterpret_cast<LPARAM>(&text));
+  return text + "\n";
 }
 
 bool IsOurs(HWND window) {
@@ -65,20 +59,16 @@ bool IsOurs(HWND window) {
 
 BOOL CALLBACK CloseStray(HWND window, LPARAM) {
   if (!IsOurs(window) || state().expected > 0) return TRUE;
-  char text[1024] = "";
-  Describe(window, text);
+  const std::string text = Describe(window);
   AcquireSRWLockExclusive(&state().lock);
-  Append(state().windows, sizeof state().windows, text);
+  state().windows += text;
   ReleaseSRWLockExclusive(&state().lock);
   PostMessageA(window, WM_CLOSE, 0, 0);
   return TRUE;
 }
 
 BOOL CALLBACK PrintWindow(HWND window, LPARAM) {
-  if (!IsOurs(window)) return TRUE;
-  char text[1024] = "";
-  Describe(window, text);
-  fputs(text, stderr);
+  if (IsOurs(window)) fputs(Describe(window).c_str(), stderr);
   return TRUE;
 }
 
@@ -162,8 +152,7 @@ void Watch(const char* test) {
 
 std::string TakeStrayWindows() {
   AcquireSRWLockExclusive(&state().lock);
-  std::string windows = state().windows;
-  state().windows[0] = 0;
+  std::string windows = std::exchange(state().windows, {});
   ReleaseSRWLockExclusive(&state().lock);
   return windows;
 }

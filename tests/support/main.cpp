@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <exception>
 #include <string>
 #include <utility>
 
@@ -97,6 +98,16 @@ class Guard : public testing::EmptyTestEventListener {
   unsigned m_handles = 0;
 };
 
+// Here the runtime gets what it keeps from the first exception on, GoogleTest its list of traces
+// with a thread, and the system its keys for the settings of mouse and sounds.
+void WarmUp() {
+  SCOPED_TRACE(std::uncaught_exceptions());
+  SCOPED_TRACE("a trace in another one");
+  GetDoubleClickTime();
+  BOOL beeps;
+  SystemParametersInfoA(SPI_GETBEEP, 0, &beeps, 0);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -104,6 +115,7 @@ int main(int argc, char** argv) {
   auto* const guard = new Guard;  // GoogleTest owns it
   testing::UnitTest::GetInstance()->listeners().Append(guard);
   watchdog::Start(IsLongRun() ? kSecondsPerLongTest : kSecondsPerTest);
+  WarmUp();
   allocations::Install();
 
   int status = RUN_ALL_TESTS();

@@ -57,7 +57,10 @@ TEST(TempNames, FilesAndWhereTheyAre) {
     EXPECT_TRUE(Exists(name) && !IsFolder(name)) << name;
     DeleteFileA(name);
   }
-  const CString name = GetTempName("abc", folder.path().c_str());
+  CString name;
+  GetTempName(nullptr, "fzs", name, "zip");
+  EXPECT_EQ(name.Left(system.GetLength()), system);
+  name = GetTempName("abc", folder.path().c_str());
   EXPECT_EQ(name.Left(name.ReverseFind('\\')), folder.path().c_str());
   EXPECT_EQ(GetTempFileNameA("a name.txt"), system + "a name.txt");
   EXPECT_EQ(GetTempName("abc", (folder / "none").c_str()), "");

@@ -73,6 +73,7 @@ TEST(TextFile, WhatCannotBeOpenedOrRead) {
   const std::string missing = folder / "none";
   MFile file;
   CFileException error;
+  EXPECT_EQ(file.Open(nullptr, kReading, &error, 1), 0);
   EXPECT_EQ(file.Open(missing.c_str(), kReading, &error, 1), 0);
   EXPECT_EQ(error.m_cause, CFileException::fileNotFound);
   {
