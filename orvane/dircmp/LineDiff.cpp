@@ -58,6 +58,35 @@ std::string KeyOfLine(const TextLine& line, bool isFirst, const CompareOptions& 
   return key;
 }
 
+// A run of what is left out may stand some places further up or down as well, when what it passes
+// is what it gives up at its other end. It is put at the last place that is better than the best of
+// those before, beginning with the one where it stands.
+template <class IsBetter>
+void SettleRuns(const std::vector<int>& sequence, std::vector<char>& isLeftOut, IsBetter isBetter) {
+  const size_t size = sequence.size();
+  for (size_t begin = 0, end; begin < size; begin = end) {
+    end = begin + 1;
+    if (!isLeftOut[begin]) continue;
+    while (end < size && isLeftOut[end]) ++end;
+    const size_t length = end - begin;
+    size_t best = begin;
+    const auto offer = [&] { best = isBetter(begin, best, length) ? begin : best; };
+    std::fill_n(isLeftOut.begin() + static_cast<std::ptrdiff_t>(begin), length, 0);
+    while (begin > 0 && !isLeftOut[begin - 1] && sequence[begin - 1] == sequence[end - 1]) {
+      --begin;
+      --end;
+    }
+    offer();
+    while (end < size && !isLeftOut[end] && sequence[begin] == sequence[end]) {
+      ++begin;
+      ++end;
+      offer();
+    }
+    std::fill_n(isLeftOut.begin() + static_cast<std::ptrdiff_t>(best), length, 1);
+    end = best + length;
+  }
+}
+
 // The lines of a text that count, and what becomes of all of them.
 struct Side {
   enum Fate : char { kKept, kChanged, kEmpty };
@@ -74,30 +103,12 @@ struct Side {
     }
   }
 
-  // A run of lines that are left out may stand some lines further up or down as well, when the
-  // lines that it passes are those that it gives up at its other end. It is put where a reader
-  // would have it: its first line indented the least, and as far down as that allows.
+  // Where a reader would have them: the first line of a run indented the least, and as far down as
+  // that allows.
   void Settle(std::vector<char>& isLeftOut) const {
-    const size_t size = sequence.size();
-    for (size_t begin = 0, end; begin < size; begin = end) {
-      end = begin + 1;
-      if (!isLeftOut[begin]) continue;
-      while (end < size && isLeftOut[end]) ++end;
-      const size_t length = end - begin;
-      std::fill_n(isLeftOut.begin() + static_cast<std::ptrdiff_t>(begin), length, 0);
-      while (begin > 0 && !isLeftOut[begin - 1] && sequence[begin - 1] == sequence[end - 1]) {
-        --begin;
-        --end;
-      }
-      size_t best = begin;
-      while (end < size && !isLeftOut[end] && sequence[begin] == sequence[end]) {
-        ++begin;
-        ++end;
-        if (indentations[begin] <= indentations[best]) best = begin;
-      }
-      std::fill_n(isLeftOut.begin() + static_cast<std::ptrdiff_t>(best), length, 1);
-      end = best + length;
-    }
+    SettleRuns(sequence, isLeftOut, [this](size_t place, size_t best, size_t) {
+      return indentations[place] <= indentations[best];
+    });
   }
 
   void Apply(const std::vector<char>& isLeftOut) {
@@ -181,6 +192,17 @@ struct Tokens {
     sequence.push_back(numbers.Of(options.ignoreCase ? LowerUtf8(key) : key));
   }
 
+  // Words of whole lines where that can be: the indentation of an inserted line is its own, not
+  // that of the line below.
+  void Settle(std::vector<char>& isLeftOut) const {
+    const auto isWhole = [this](size_t place, size_t length) {
+      return BeginsLine(place) && BeginsLine(place + length);
+    };
+    SettleRuns(sequence, isLeftOut, [&](size_t place, size_t best, size_t length) {
+      return isWhole(place, length) && !isWhole(best, length);
+    });
+  }
+
   // Characters but white space: all, and those in common.
   int Characters() const {
     return Count([](size_t) { return true; });
@@ -207,6 +229,10 @@ struct Tokens {
   std::vector<int> sequence;
 
  private:
+  bool BeginsLine(size_t place) const {
+    return place == 0 || place == list.size() || list[place - 1].line != list[place].line;
+  }
+
   template <class Counts>
   int Count(Counts counts) const {
     int count = 0;
@@ -264,7 +290,9 @@ WordDifference DiffWords(const DocumentText& left, const DocumentText& right,
   Tokens leftTokens, rightTokens;
   if (leftTokens.Add(left, block.left, block.leftCount, numbers, options) &&
       rightTokens.Add(right, block.right, block.rightCount, numbers, options)) {
-    const SequenceDifference difference = DiffSequences(leftTokens.sequence, rightTokens.sequence);
+    SequenceDifference difference = DiffSequences(leftTokens.sequence, rightTokens.sequence);
+    leftTokens.Settle(difference.left);
+    rightTokens.Settle(difference.right);
     const int common =
         leftTokens.InCommon(difference.left) + rightTokens.InCommon(difference.right);
     const int all = leftTokens.Characters() + rightTokens.Characters();

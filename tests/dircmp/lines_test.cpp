@@ -94,6 +94,11 @@ TEST(Lines, Words) {
       {"nothing alike\n", "quite, other!\n", {}, "[nothing alike]$", "[quite, other!]$"},
       {ansi + "e an\n", ansi + "e aus\n", {}, utf8 + "e [an]$", utf8 + "e [aus]$"},
       {"\n", "x\n", {}, "[]$", "[x]$"},
+      {"\treturn 0;\n",
+       "\t// new\n\treturn 1;\n",
+       {},
+       "\treturn [0];$",
+       "[\t// new$] \treturn [1];$"},
   };
   for (const auto& row : kCases) {
     const Texts texts(row.left, row.right);

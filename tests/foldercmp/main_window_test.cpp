@@ -1,13 +1,16 @@
 // The main window of the desktop host: the real program, with real folders.
-#include <algorithm>
+#include <afxwin.h>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
+
+#include <afxres.h>
 #include <commctrl.h>
 
 #include "foldercmp/HostProgram.h"
 #include "foldercmp/resource.h"
-#include <afxres.h>
 #include "support/RegistrySubtree.h"
 #include "support/TempFolder.h"
 
