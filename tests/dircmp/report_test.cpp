@@ -107,25 +107,6 @@ TEST_F(Report, NotesInPages) {
   }
 }
 
-TEST_F(Report, Options) {
-  const struct {
-    HyperLinkReportOptions options;
-    const char* with;
-    const char* without;
-  } kCases[] = {
-      {{.includeModified = false}, "New (1)", "Modified (1)"},
-      {{.includeNew = false}, "Deleted (1)", "New (1)"},
-      {{.includeDeleted = false}, "New (1)", "Deleted (1)"},
-      {{}, "differences/1/1.html", "file:///"},
-      {{.linkSourceFiles = true}, "file:///C:/", "\"base/"},
-  };
-  for (const auto& row : kCases) {
-    Write(row.options);
-    EXPECT_NE(Index().find(row.with), std::string::npos) << row.with;
-    EXPECT_EQ(Index().find(row.without), std::string::npos) << row.without;
-  }
-}
-
 TEST_F(Report, WritesOverNobodysFiles) {
   using Target = HyperLinkReport::Target;
   EXPECT_EQ(Write({}, "base"), Target::Occupied);

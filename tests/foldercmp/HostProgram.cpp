@@ -44,19 +44,6 @@ BOOL CALLBACK addText(HWND child, LPARAM texts) {
   return TRUE;
 }
 
-struct TitleSearch {
-  const std::string& part;
-  HWND found;
-};
-
-BOOL CALLBACK findTitle(HWND window, LPARAM parameter) {
-  auto& search = *reinterpret_cast<TitleSearch*>(parameter);
-  if (!IsWindowVisible(window)) return TRUE;
-  if (HostProgram::TextOf(window).find(search.part) == std::string::npos) return TRUE;
-  search.found = window;
-  return FALSE;
-}
-
 LRESULT send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
   DWORD_PTR result = 0;
   SendMessageTimeoutA(window, message, wParam, lParam, SMTO_NORMAL, kWaitMilliseconds, &result);
@@ -163,15 +150,6 @@ HWND HostProgram::Dialog() const {
   HWND dialog = nullptr;
   Wait([&] { return (dialog = visibleWindow(m_process.dwProcessId, m_main)) != nullptr; });
   return dialog;
-}
-
-HWND HostProgram::WindowWithTitle(const std::string& part) {
-  TitleSearch search = {part, nullptr};
-  Wait([&] {
-    EnumWindows(findTitle, reinterpret_cast<LPARAM>(&search));
-    return search.found != nullptr;
-  });
-  return search.found;
 }
 
 std::string HostProgram::TextsIn(HWND window) {

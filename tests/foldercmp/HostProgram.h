@@ -55,9 +55,6 @@ class HostProgram {
   // Closes a message box and gives its texts.
   std::string DismissMessage() const;
 
-  // Waits for a window of any program whose title holds a text; null: none came.
-  static HWND WindowWithTitle(const std::string& part);
-
   // Waits until something is so, or a time that is more than enough. Gives what is so in the end.
   static bool Wait(const std::function<bool()>& condition);
   // Waits for the end. The exit status; STILL_ACTIVE: it goes on.

@@ -276,8 +276,10 @@ TEST_F(MainWindow, AnalyzesAModifiedDocument) {
   WaitForRows(host, 4);
   host.Select({"changed.c"});
   host.Key(VK_RETURN);
-  const std::string title = Base() + "->\\sub\\changed.c";
-  const HWND found = HostProgram::WindowWithTitle(title);
+  const std::string title =
+      Base() + "->\\sub\\changed.c - " + Revised() + "->\\sub\\changed.c - Differences";
+  HWND found = nullptr;
+  HostProgram::Wait([&] { return (found = FindWindowA(nullptr, title.c_str())) != nullptr; });
   ASSERT_NE(found, nullptr) << "no difference window";
   PostMessageA(found, WM_CLOSE, 0, 0);
   EXPECT_TRUE(HostProgram::Wait([&] { return !IsWindow(found); }));
