@@ -368,15 +368,3 @@ TEST_F(DiffWindowTest, ClosesWhileItCompares) {
     Close();
   }
 }
-
-TEST_F(DiffWindowTest, RunsUntilItIsClosed) {
-  class ClosingApp : public CWinApp {
-    BOOL OnIdle(LONG count) override {
-      if (m_pMainWnd != nullptr) m_pMainWnd->PostMessage(WM_COMMAND, ID_DIFF_CLOSE);
-      return CWinApp::OnIdle(count);
-    }
-  } app;
-  const std::string left = m_folder.Write("l", "a"), right = m_folder.Write("r", "b");
-  EXPECT_EQ(RunDiffWindow({left.c_str(), right.c_str(), "", ""}), 0);
-  EXPECT_EQ(app.m_pMainWnd, nullptr);
-}

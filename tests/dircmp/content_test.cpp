@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "dircmp/ContentCompare.h"
-#include "support/LongRun.h"
 #include "support/TempFolder.h"
 
 namespace {
@@ -137,30 +136,6 @@ TEST(Content, WhatCannotBeReadIsNeitherEqualNorDifferent) {
   } failing;
   MemorySource same("t", 1);
   EXPECT_EQ(comparison.Streams(failing, same), Result::Unreadable);
-}
-
-// A file that takes no room on the disk.
-std::string WriteSparse(const TempFolder& folder, const std::string& name, int64_t size,
-                        char last) {
-  const std::string path = folder.Write(name, "");
-  const unique_file file(
-      CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
-  LARGE_INTEGER place;
-  place.QuadPart = size - 1;
-  SetFilePointerEx(file.get(), place, nullptr, FILE_BEGIN);
-  DWORD written = 0;
-  WriteFile(file.get(), &last, 1, &written, nullptr);
-  return path;
-}
-
-TEST(Content, LargeFiles) {
-  const int64_t size = (int64_t{1} << (IsLongRun() ? 31 : 26)) + 1000;  // over 2 GB in a long run
-  const TempFolder folder;
-  const std::string left = WriteSparse(folder, "left", size, 'x');
-  const std::string right = WriteSparse(folder, "right", size, 'y');
-  const CompareOptions text = {.whiteSpaceMode = 1};
-  EXPECT_EQ(ContentCompare(text).Files(left.c_str(), right.c_str()), Result::Different);
-  EXPECT_EQ(ContentCompare({}).Files(left.c_str(), left.c_str()), Result::Equal);
 }
 
 }  // namespace

@@ -89,6 +89,8 @@ TEST_F(ControlPages, Links) {
 }
 
 TEST_F(ControlPages, Copies) {
+  // As its copy will be, which is replaced by the next one all the same.
+  SetFileAttributesA((revised() + "\\SAME.txt").c_str(), FILE_ATTRIBUTE_READONLY);
   EXPECT_EQ(Generate({.documentLinks = DocumentLinks::kCopies}), 1);
   EXPECT_EQ(m_folder.Read("out\\r_files\\base\\gone"), "x");
   EXPECT_EQ(m_folder.Read("out\\r_files\\revised\\same.txt"), "x y");

@@ -139,12 +139,4 @@ TEST_F(Report, WritesOverNobodysFiles) {
   EXPECT_EQ(Write({}, "BASE"), Target::Occupied);
 }
 
-// Copies of write-protected documents are written over by the next report.
-TEST_F(Report, CopiesAgain) {
-  const std::string document = m_folder / "base\\sub\\gone%41.txt";
-  SetFileAttributesA(document.c_str(), FILE_ATTRIBUTE_READONLY);
-  Write({.copyDocuments = true});
-  EXPECT_EQ(Write({.copyDocuments = true}), HyperLinkReport::Target::Ready);
-}
-
 }  // namespace

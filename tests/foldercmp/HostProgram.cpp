@@ -216,12 +216,6 @@ std::string HostProgram::CellText(int row, int column) const {
   return memory.Text(sizeof item);
 }
 
-std::vector<std::string> HostProgram::Row(int row) const {
-  std::vector<std::string> texts;
-  for (int column = 0; column < 5; ++column) texts.push_back(CellText(row, column));
-  return texts;
-}
-
 std::string HostProgram::Document(int row) const {
   return CellText(row, 0) + "." + CellText(row, 1);
 }

@@ -36,8 +36,8 @@ class HostProgram {
   void Letter(char letter) const;
   void Drop(const std::vector<std::string>& paths) const;
 
-  // The list, by its rows: the shown columns' texts.
-  std::vector<std::string> Row(int row) const;
+  // --- The list ---
+
   int RowCount() const;
   // "Name.Type", in the order of the rows; those that are selected; the one with the focus.
   std::vector<std::string> Documents() const;
