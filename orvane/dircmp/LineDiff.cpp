@@ -118,6 +118,7 @@ struct Side {
     }
   }
 
+  bool IsEmpty(size_t line) const { return fates[line] == kEmpty; }
   bool IsKept(size_t line) const { return line < fates.size() && fates[line] == kKept; }
 
   // Passes the lines up to the next one that is kept; true when there are changed ones.
@@ -131,6 +132,74 @@ struct Side {
   std::vector<int> sequence;
   std::vector<size_t> indentations;  // of the same lines
   std::vector<Fate> fates;           // of every line
+};
+
+// Puts the lines of both sides beside each other.
+class BlockMaker {
+ public:
+  BlockMaker(const Side& left, const Side& right) : m_left(left), m_right(right) {}
+
+  std::vector<LineBlock> Make() {
+    const size_t leftLines = m_left.fates.size(), rightLines = m_right.fates.size();
+    for (size_t left = 0, right = 0; left < leftLines || right < rightLines;) {
+      const size_t leftStart = left, rightStart = right;
+      bool isDifferent = false;
+      if (m_left.IsKept(left) && m_right.IsKept(right)) {
+        while (m_left.IsKept(left) && m_right.IsKept(right)) ++left, ++right;
+      } else {
+        isDifferent = m_left.PassOthers(left);
+        isDifferent |= m_right.PassOthers(right);
+      }
+      if (isDifferent) {
+        AddDifferent(left - leftStart, right - rightStart);
+      } else {
+        Add(left - leftStart, right - rightStart, false);
+      }
+    }
+    return std::move(m_blocks);
+  }
+
+ private:
+  // Empty lines at both ends, which don't count, are none of the difference.
+  void AddDifferent(size_t leftCount, size_t rightCount) {
+    const size_t most = std::min(leftCount, rightCount);
+    const size_t leftEnd = m_leftDone + leftCount, rightEnd = m_rightDone + rightCount;
+    size_t before = 0, after = 0;
+    while (before < most && m_left.IsEmpty(m_leftDone + before) &&
+           m_right.IsEmpty(m_rightDone + before)) {
+      ++before;
+    }
+    while (before + after < most && m_left.IsEmpty(leftEnd - 1 - after) &&
+           m_right.IsEmpty(rightEnd - 1 - after)) {
+      ++after;
+    }
+    Add(before, before, false);
+    Add(leftCount - before - after, rightCount - before - after, true);
+    Add(after, after, false);
+  }
+
+  void Add(size_t leftCount, size_t rightCount, bool isDifferent) {
+    const auto left = static_cast<int>(leftCount), right = static_cast<int>(rightCount);
+    if (left == 0 && right == 0) return;
+    const auto isInPairs = [](const LineBlock& block) {
+      return !block.isDifferent && block.leftCount == block.rightCount;
+    };
+    const LineBlock block = {static_cast<int>(m_leftDone), left, static_cast<int>(m_rightDone),
+                             right, isDifferent};
+    if (!m_blocks.empty() && isInPairs(block) && isInPairs(m_blocks.back())) {
+      m_blocks.back().leftCount += left;
+      m_blocks.back().rightCount += right;
+    } else {
+      m_blocks.push_back(block);
+    }
+    m_leftDone += leftCount;
+    m_rightDone += rightCount;
+  }
+
+  const Side& m_left;
+  const Side& m_right;
+  size_t m_leftDone = 0, m_rightDone = 0;  // lines that are in blocks
+  std::vector<LineBlock> m_blocks;
 };
 
 // A word, a run of white space, any other character, or a line's end.
@@ -266,22 +335,7 @@ std::vector<LineBlock> DiffLines(const DocumentText& left, const DocumentText& r
   leftSide.Apply(difference.left);
   rightSide.Apply(difference.right);
 
-  std::vector<LineBlock> blocks;
-  const size_t leftLines = left.lines().size(), rightLines = right.lines().size();
-  for (size_t leftLine = 0, rightLine = 0; leftLine < leftLines || rightLine < rightLines;) {
-    const size_t leftStart = leftLine, rightStart = rightLine;
-    bool isDifferent = false;
-    if (leftSide.IsKept(leftLine) && rightSide.IsKept(rightLine)) {
-      while (leftSide.IsKept(leftLine) && rightSide.IsKept(rightLine)) ++leftLine, ++rightLine;
-    } else {
-      isDifferent = leftSide.PassOthers(leftLine);
-      isDifferent |= rightSide.PassOthers(rightLine);
-    }
-    blocks.push_back({static_cast<int>(leftStart), static_cast<int>(leftLine - leftStart),
-                      static_cast<int>(rightStart), static_cast<int>(rightLine - rightStart),
-                      isDifferent});
-  }
-  return blocks;
+  return BlockMaker(leftSide, rightSide).Make();
 }
 
 WordDifference DiffWords(const DocumentText& left, const DocumentText& right,

@@ -55,6 +55,10 @@ TEST(Lines, Blocks) {
       {"ab\n", "a b\n", ignored, "=1:1"},
       {"a\nb\n", "a\n\n\nb\n", runs, "=1:1 =0:2 =1:1"},  // no difference in the files, too
       {"a\n\nb\n", "a\nx\nb\n", runs, "=1:1 !1:1 =1:1"},
+      // Empty lines beside each other are neither a difference nor the end of a block.
+      {"a\n\nb\n \nc\n", "a\n\t\nb\n\nc\n", runs, "=5:5"},
+      {"a\n\nb\n\nc\n", "a\n\nx\ny\n\nc\n", runs, "=2:2 !1:2 =2:2"},
+      {"a\nb\n\nc\n", "a\n\nc\n", runs, "=1:1 !1:0 =2:2"},
       // A run that could stand elsewhere stands where it would be read.
       {"{\n}\nz\n", "{\n}\nx {\n}\nz\n", exact, "=2:2 !0:2 =1:1"},
       {"a\n  c\n", "a\n  b\na\n  c\n", exact, "!0:2 =2:2"},
