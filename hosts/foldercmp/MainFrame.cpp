@@ -67,7 +67,7 @@ END_MESSAGE_MAP()
 namespace {
 
 // In dialog units.
-constexpr int kMargin = 4, kGap = 4, kLeastWidth = 320, kLeastHeight = 160;
+constexpr int kMargin = 4, kGap = 4, kLeastWidth = 360, kLeastHeight = 160;
 
 constexpr WindowPlace kPlace = {"Window"};
 

@@ -37,8 +37,8 @@ std::string NameOfEnd(std::string_view end) {
 }
 
 // A line with its changed ranges in an element of its own. Its end is named where it is all that
-// changed, and wherever it changed if white space counts: else it is just what stands next to a
-// changed word.
+// changed, and wherever it changed in a part of the line if white space counts: else it is just
+// what stands next to a changed word.
 std::string HtmlOfLine(const TextLine& line, const ChangedRanges& ranges,
                        const std::string& element, bool spaceCounts) {
   std::string html;
@@ -50,7 +50,7 @@ std::string HtmlOfLine(const TextLine& line, const ChangedRanges& ranges,
     html +=
         "<" + element + ">" +
         HtmlOf(line.text.substr(static_cast<size_t>(begin), textEnd - static_cast<size_t>(begin)));
-    const bool isEndNamed = spaceCounts || static_cast<size_t>(begin) >= size;
+    const bool isEndNamed = static_cast<size_t>(begin) >= size || (spaceCounts && begin > 0);
     if (static_cast<size_t>(end) > size && isEndNamed) html += " " + NameOfEnd(line.end);
     html += "</" + element + ">";
     done = textEnd;

@@ -105,10 +105,11 @@ CString DirCmpCtrl::TitleOfSide(bool isBase, const char* path) const {
 // One folder may stand in the other: the one with the name goes first.
 CString DirCmpCtrl::GetTitle(const char* displayName, const char* path) const {
   if (m_comparison == nullptr) return path;
-  const bool isRevised = m_revisedName == displayName && m_baseName != displayName;
+  const CString name(displayName);
+  const bool isRevised = m_revisedName == name && m_baseName != name;
   for (const bool isBase : {!isRevised, isRevised}) {
     const CString folder = FolderOfSide(isBase);
-    if (!pathBelow(folder, path).IsEmpty()) return titleOf(displayName, folder, path);
+    if (!pathBelow(folder, path).IsEmpty()) return titleOf(name, folder, path);
   }
   return path;
 }

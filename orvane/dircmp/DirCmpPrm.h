@@ -12,7 +12,7 @@ enum WhiteSpaceMode {
   kWhiteSpaceIgnored = 2,  // it doesn't count anywhere
 };
 
-// Sub-folders are walked, too. The other bits are kept for later.
+// Sub-folders are walked, too; every other value but 0 says the same.
 constexpr int kScanSubFolders = 1;
 
 // The parameters of a comparison: a plain value.

@@ -58,6 +58,35 @@ std::string KeyOfLine(const TextLine& line, bool isFirst, const CompareOptions& 
   return key;
 }
 
+// A run of what is left out may stand some places further up or down as well, when what it passes
+// is what it gives up at its other end. It is put at the last place that is better than the best of
+// those before, beginning with the one where it stands.
+template <class IsBetter>
+void SettleRuns(const std::vector<int>& sequence, std::vector<char>& isLeftOut, IsBetter isBetter) {
+  const size_t size = sequence.size();
+  for (size_t begin = 0, end; begin < size; begin = end) {
+    end = begin + 1;
+    if (!isLeftOut[begin]) continue;
+    while (end < size && isLeftOut[end]) ++end;
+    const size_t length = end - begin;
+    size_t best = begin;
+    const auto offer = [&] { best = isBetter(begin, best, length) ? begin : best; };
+    std::fill_n(isLeftOut.begin() + static_cast<std::ptrdiff_t>(begin), length, 0);
+    while (begin > 0 && !isLeftOut[begin - 1] && sequence[begin - 1] == sequence[end - 1]) {
+      --begin;
+      --end;
+    }
+    offer();
+    while (end < size && !isLeftOut[end] && sequence[begin] == sequence[end]) {
+      ++begin;
+      ++end;
+      offer();
+    }
+    std::fill_n(isLeftOut.begin() + static_cast<std::ptrdiff_t>(best), length, 1);
+    end = best + length;
+  }
+}
+
 // The lines of a text that count, and what becomes of all of them.
 struct Side {
   enum Fate : char { kKept, kChanged, kEmpty };
@@ -74,30 +103,12 @@ struct Side {
     }
   }
 
-  // A run of lines that are left out may stand some lines further up or down as well, when the
-  // lines that it passes are those that it gives up at its other end. It is put where a reader
-  // would have it: its first line indented the least, and as far down as that allows.
+  // Where a reader would have them: the first line of a run indented the least, and as far down as
+  // that allows.
   void Settle(std::vector<char>& isLeftOut) const {
-    const size_t size = sequence.size();
-    for (size_t begin = 0, end; begin < size; begin = end) {
-      end = begin + 1;
-      if (!isLeftOut[begin]) continue;
-      while (end < size && isLeftOut[end]) ++end;
-      const size_t length = end - begin;
-      std::fill_n(isLeftOut.begin() + static_cast<std::ptrdiff_t>(begin), length, 0);
-      while (begin > 0 && !isLeftOut[begin - 1] && sequence[begin - 1] == sequence[end - 1]) {
-        --begin;
-        --end;
-      }
-      size_t best = begin;
-      while (end < size && !isLeftOut[end] && sequence[begin] == sequence[end]) {
-        ++begin;
-        ++end;
-        if (indentations[begin] <= indentations[best]) best = begin;
-      }
-      std::fill_n(isLeftOut.begin() + static_cast<std::ptrdiff_t>(best), length, 1);
-      end = best + length;
-    }
+    SettleRuns(sequence, isLeftOut, [this](size_t place, size_t best, size_t) {
+      return indentations[place] <= indentations[best];
+    });
   }
 
   void Apply(const std::vector<char>& isLeftOut) {
@@ -107,6 +118,7 @@ struct Side {
     }
   }
 
+  bool IsEmpty(size_t line) const { return fates[line] == kEmpty; }
   bool IsKept(size_t line) const { return line < fates.size() && fates[line] == kKept; }
 
   // Passes the lines up to the next one that is kept; true when there are changed ones.
@@ -120,6 +132,74 @@ struct Side {
   std::vector<int> sequence;
   std::vector<size_t> indentations;  // of the same lines
   std::vector<Fate> fates;           // of every line
+};
+
+// Puts the lines of both sides beside each other.
+class BlockMaker {
+ public:
+  BlockMaker(const Side& left, const Side& right) : m_left(left), m_right(right) {}
+
+  std::vector<LineBlock> Make() {
+    const size_t leftLines = m_left.fates.size(), rightLines = m_right.fates.size();
+    for (size_t left = 0, right = 0; left < leftLines || right < rightLines;) {
+      const size_t leftStart = left, rightStart = right;
+      bool isDifferent = false;
+      if (m_left.IsKept(left) && m_right.IsKept(right)) {
+        while (m_left.IsKept(left) && m_right.IsKept(right)) ++left, ++right;
+      } else {
+        isDifferent = m_left.PassOthers(left);
+        isDifferent |= m_right.PassOthers(right);
+      }
+      if (isDifferent) {
+        AddDifferent(left - leftStart, right - rightStart);
+      } else {
+        Add(left - leftStart, right - rightStart, false);
+      }
+    }
+    return std::move(m_blocks);
+  }
+
+ private:
+  // Empty lines at both ends, which don't count, are none of the difference.
+  void AddDifferent(size_t leftCount, size_t rightCount) {
+    const size_t most = std::min(leftCount, rightCount);
+    const size_t leftEnd = m_leftDone + leftCount, rightEnd = m_rightDone + rightCount;
+    size_t before = 0, after = 0;
+    while (before < most && m_left.IsEmpty(m_leftDone + before) &&
+           m_right.IsEmpty(m_rightDone + before)) {
+      ++before;
+    }
+    while (before + after < most && m_left.IsEmpty(leftEnd - 1 - after) &&
+           m_right.IsEmpty(rightEnd - 1 - after)) {
+      ++after;
+    }
+    Add(before, before, false);
+    Add(leftCount - before - after, rightCount - before - after, true);
+    Add(after, after, false);
+  }
+
+  void Add(size_t leftCount, size_t rightCount, bool isDifferent) {
+    const auto left = static_cast<int>(leftCount), right = static_cast<int>(rightCount);
+    if (left == 0 && right == 0) return;
+    const auto isInPairs = [](const LineBlock& block) {
+      return !block.isDifferent && block.leftCount == block.rightCount;
+    };
+    const LineBlock block = {static_cast<int>(m_leftDone), left, static_cast<int>(m_rightDone),
+                             right, isDifferent};
+    if (!m_blocks.empty() && isInPairs(block) && isInPairs(m_blocks.back())) {
+      m_blocks.back().leftCount += left;
+      m_blocks.back().rightCount += right;
+    } else {
+      m_blocks.push_back(block);
+    }
+    m_leftDone += leftCount;
+    m_rightDone += rightCount;
+  }
+
+  const Side& m_left;
+  const Side& m_right;
+  size_t m_leftDone = 0, m_rightDone = 0;  // lines that are in blocks
+  std::vector<LineBlock> m_blocks;
 };
 
 // A word, a run of white space, any other character, or a line's end.
@@ -181,6 +261,17 @@ struct Tokens {
     sequence.push_back(numbers.Of(options.ignoreCase ? LowerUtf8(key) : key));
   }
 
+  // Words of whole lines where that can be: the indentation of an inserted line is its own, not
+  // that of the line below.
+  void Settle(std::vector<char>& isLeftOut) const {
+    const auto isWhole = [this](size_t place, size_t length) {
+      return BeginsLine(place) && BeginsLine(place + length);
+    };
+    SettleRuns(sequence, isLeftOut, [&](size_t place, size_t best, size_t length) {
+      return isWhole(place, length) && !isWhole(best, length);
+    });
+  }
+
   // Characters but white space: all, and those in common.
   int Characters() const {
     return Count([](size_t) { return true; });
@@ -207,6 +298,10 @@ struct Tokens {
   std::vector<int> sequence;
 
  private:
+  bool BeginsLine(size_t place) const {
+    return place == 0 || place == list.size() || list[place - 1].line != list[place].line;
+  }
+
   template <class Counts>
   int Count(Counts counts) const {
     int count = 0;
@@ -240,22 +335,7 @@ std::vector<LineBlock> DiffLines(const DocumentText& left, const DocumentText& r
   leftSide.Apply(difference.left);
   rightSide.Apply(difference.right);
 
-  std::vector<LineBlock> blocks;
-  const size_t leftLines = left.lines().size(), rightLines = right.lines().size();
-  for (size_t leftLine = 0, rightLine = 0; leftLine < leftLines || rightLine < rightLines;) {
-    const size_t leftStart = leftLine, rightStart = rightLine;
-    bool isDifferent = false;
-    if (leftSide.IsKept(leftLine) && rightSide.IsKept(rightLine)) {
-      while (leftSide.IsKept(leftLine) && rightSide.IsKept(rightLine)) ++leftLine, ++rightLine;
-    } else {
-      isDifferent = leftSide.PassOthers(leftLine);
-      isDifferent |= rightSide.PassOthers(rightLine);
-    }
-    blocks.push_back({static_cast<int>(leftStart), static_cast<int>(leftLine - leftStart),
-                      static_cast<int>(rightStart), static_cast<int>(rightLine - rightStart),
-                      isDifferent});
-  }
-  return blocks;
+  return BlockMaker(leftSide, rightSide).Make();
 }
 
 WordDifference DiffWords(const DocumentText& left, const DocumentText& right,
@@ -264,7 +344,9 @@ WordDifference DiffWords(const DocumentText& left, const DocumentText& right,
   Tokens leftTokens, rightTokens;
   if (leftTokens.Add(left, block.left, block.leftCount, numbers, options) &&
       rightTokens.Add(right, block.right, block.rightCount, numbers, options)) {
-    const SequenceDifference difference = DiffSequences(leftTokens.sequence, rightTokens.sequence);
+    SequenceDifference difference = DiffSequences(leftTokens.sequence, rightTokens.sequence);
+    leftTokens.Settle(difference.left);
+    rightTokens.Settle(difference.right);
     const int common =
         leftTokens.InCommon(difference.left) + rightTokens.InCommon(difference.right);
     const int all = leftTokens.Characters() + rightTokens.Characters();

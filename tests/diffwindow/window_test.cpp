@@ -195,6 +195,14 @@ TEST_F(DiffWindowTest, OtherOptionsKeepThePlace) {
   Press('T', kControl);
   EXPECT_EQ(document().differences()[0].kind, DiffKind::Added);
   EXPECT_STREQ(state().leftTitle, "Right title");
+
+  // No place is left when one of them is no text any more, and nothing to be scrolled.
+  m_folder.Write("left.txt", std::string(1, '\0'));
+  Press(VK_F5);
+  EXPECT_EQ(state().place.caret(), 0);
+  int least = -1, most = -1;
+  ::GetScrollRange(Child(IDC_DIFF_HORIZONTAL), SB_CTL, &least, &most);
+  EXPECT_EQ(most, 0);
 }
 
 TEST_F(DiffWindowTest, MapLeadsToAPlace) {
@@ -359,16 +367,4 @@ TEST_F(DiffWindowTest, ClosesWhileItCompares) {
     EXPECT_FALSE(::IsWindow(m_window));
     Close();
   }
-}
-
-TEST_F(DiffWindowTest, RunsUntilItIsClosed) {
-  class ClosingApp : public CWinApp {
-    BOOL OnIdle(LONG count) override {
-      if (m_pMainWnd != nullptr) m_pMainWnd->PostMessage(WM_COMMAND, ID_DIFF_CLOSE);
-      return CWinApp::OnIdle(count);
-    }
-  } app;
-  const std::string left = m_folder.Write("l", "a"), right = m_folder.Write("r", "b");
-  EXPECT_EQ(RunDiffWindow({left.c_str(), right.c_str(), "", ""}), 0);
-  EXPECT_EQ(app.m_pMainWnd, nullptr);
 }

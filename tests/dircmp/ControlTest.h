@@ -83,6 +83,15 @@ class TwoFolders : public testing::Test {
     const FILETIME time = Day(day);
     SetFileTime(file.get(), nullptr, nullptr, &time);
   }
+  // A file that takes no room on the disk: holes, and what is written behind them.
+  void WriteHoles(const std::string& name, int64_t size, const std::string& end = "") const {
+    const unique_file file(CreateFileA(m_folder.Write(name, "").c_str(), GENERIC_WRITE, 0, nullptr,
+                                       OPEN_EXISTING, 0, nullptr));
+    SetFilePointerEx(file.get(), {.QuadPart = size}, nullptr, FILE_BEGIN);
+    SetEndOfFile(file.get());
+    DWORD written = 0;
+    WriteFile(file.get(), end.data(), static_cast<DWORD>(end.size()), &written, nullptr);
+  }
 
   TempFolder m_folder;
 };

@@ -53,11 +53,11 @@ TEST_F(ControlPages, Links) {
     HlReportSettings pages;
     std::string status[4], names[4];  // as the documents
   } kCases[] = {
-      {{},
-       {"r_files/index.html#deleted", "r_files/index.html#new", "r_files/differences/1/1.html", ""},
+      {{.includeNew = false},
+       {"r_files/index.html#deleted", "", "r_files/differences/1/1.html", ""},
        {}},
-      {{.includeModified = false, .documentLinks = DocumentLinks::kCopies},
-       {"r_files/index.html#deleted", "r_files/index.html#new", "", ""},
+      {{false, true, false, DocumentLinks::kCopies},
+       {"", "r_files/index.html#new", "", ""},
        {"r_files/base/gone", "r_files/revised/new%20%26%20more.txt",
         "r_files/revised/sub/Changed.CPP", "r_files/revised/same.txt"}},
       {{false, false, false, DocumentLinks::kBaseInPlace},
@@ -78,23 +78,32 @@ TEST_F(ControlPages, Links) {
       EXPECT_EQ(Link(kDocuments[i], DirCmpCtrl::kDocumentName), row.names[i]);
       EXPECT_EQ(Link(kDocuments[i], DirCmpCtrl::kType), "");
     }
-    const bool hasFolder = row.pages.hasSections();
-    EXPECT_EQ(m_folder.Has("out\\r_files\\index.html"), hasFolder);
+    EXPECT_EQ(m_folder.Has("out\\r_files\\index.html"), row.pages.hasSections());
+    if (!row.pages.hasSections()) continue;
+    const std::string index = m_folder.Read("out\\r_files\\index.html");
+    EXPECT_EQ(index.find("Modified (1)") != index.npos, row.pages.includeModified);
+    EXPECT_EQ(index.find("New (1)") != index.npos, row.pages.includeNew);
+    EXPECT_EQ(index.find("Deleted (1)") != index.npos, row.pages.includeDeleted);
   }
   EXPECT_FALSE(m_folder.Has("out\\r_files"));
 }
 
 TEST_F(ControlPages, Copies) {
+  // As its copy will be, which is replaced by the next one all the same.
+  SetFileAttributesA((revised() + "\\SAME.txt").c_str(), FILE_ATTRIBUTE_READONLY);
   EXPECT_EQ(Generate({.documentLinks = DocumentLinks::kCopies}), 1);
   EXPECT_EQ(m_folder.Read("out\\r_files\\base\\gone"), "x");
   EXPECT_EQ(m_folder.Read("out\\r_files\\revised\\same.txt"), "x y");
   EXPECT_EQ(m_folder.Read("out\\r_files\\base\\sub\\Changed.CPP"), "one\ntwo\n");
-  // What can't be copied is told, and the others are there.
+  // What can't be copied is told, and the others are there; an older copy stays as it was.
+  const std::string copy = m_folder / "out\\r_files\\base\\gone";
+  SetFileAttributesA(copy.c_str(), FILE_ATTRIBUTE_READONLY);
   DeleteFileA((base() + "\\gone").c_str());
   EXPECT_EQ(Generate({.documentLinks = DocumentLinks::kCopies}), 1);
   EXPECT_EQ(str(m_note), "Of 1 document(s), pages or copies could not be written.");
   EXPECT_EQ(Link("gone", DirCmpCtrl::kDocumentName), "");
   EXPECT_NE(Link("same.txt", DirCmpCtrl::kDocumentName), "");
+  EXPECT_TRUE(GetFileAttributesA(copy.c_str()) & FILE_ATTRIBUTE_READONLY);
 }
 
 TEST_F(ControlPages, Preview) {

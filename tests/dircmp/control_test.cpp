@@ -229,12 +229,7 @@ TEST_F(ControlWindowTest, TheStopButtonStops) {
   m_folder.Write("base\\a", "x");
   m_folder.Write("revised\\a", "x");
   m_folder.Write("revised\\z", "x");
-  for (const char* name : {"base\\huge", "revised\\huge"}) {  // holes
-    const unique_file file(CreateFileA(m_folder.Write(name, "").c_str(), GENERIC_WRITE, 0, nullptr,
-                                       OPEN_EXISTING, 0, nullptr));
-    SetFilePointer(file.get(), 0x7F000000, nullptr, FILE_BEGIN);
-    SetEndOfFile(file.get());
-  }
+  for (const char* name : {"base\\huge", "revised\\huge"}) WriteHoles(name, 0x7F000000);
   NotingList list;
   Show(list);
   int operations = 0;

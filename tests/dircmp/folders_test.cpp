@@ -14,6 +14,7 @@
 #include "entry/SetGetCurrentDir.h"
 #include "support/AssertionLog.h"
 #include "support/CodePage.h"
+#include "support/LongRun.h"
 
 namespace {
 
@@ -77,6 +78,17 @@ TEST_F(Folders, States) {
   prm = AllTypes();
   prm.m_typeList = "*.C;*.x";
   EXPECT_EQ(Rows(prm), (RowList{"M sub\\Changed.C", "N a\\b\\c\\new.x"}));
+}
+
+TEST_F(Folders, LargeFiles) {
+  const int64_t size = int64_t{1} << (IsLongRun() ? 31 : 26);  // over 2 GB in a long run
+  for (const std::string side : {"base\\", "revised\\"}) {
+    WriteHoles(side + "same", size, "end");
+    WriteHoles(side + "changed", size, side);
+  }
+  DirCmpPrm prm = AllTypes();
+  prm.m_whiteSpaceMode = kWhiteSpaceRuns;
+  EXPECT_EQ(Rows(prm), (RowList{"M changed", "S same"}));
 }
 
 // Times in days; 0: there is no such file, or it is not told.

@@ -107,25 +107,6 @@ TEST_F(Report, NotesInPages) {
   }
 }
 
-TEST_F(Report, Options) {
-  const struct {
-    HyperLinkReportOptions options;
-    const char* with;
-    const char* without;
-  } kCases[] = {
-      {{.includeModified = false}, "New (1)", "Modified (1)"},
-      {{.includeNew = false}, "Deleted (1)", "New (1)"},
-      {{.includeDeleted = false}, "New (1)", "Deleted (1)"},
-      {{}, "differences/1/1.html", "file:///"},
-      {{.linkSourceFiles = true}, "file:///C:/", "\"base/"},
-  };
-  for (const auto& row : kCases) {
-    Write(row.options);
-    EXPECT_NE(Index().find(row.with), std::string::npos) << row.with;
-    EXPECT_EQ(Index().find(row.without), std::string::npos) << row.without;
-  }
-}
-
 TEST_F(Report, WritesOverNobodysFiles) {
   using Target = HyperLinkReport::Target;
   EXPECT_EQ(Write({}, "base"), Target::Occupied);
@@ -156,14 +137,6 @@ TEST_F(Report, WritesOverNobodysFiles) {
   m_folder.Write("index.html", Index());
   EXPECT_EQ(Write({}, "."), Target::Occupied);
   EXPECT_EQ(Write({}, "BASE"), Target::Occupied);
-}
-
-// Copies of write-protected documents are written over by the next report.
-TEST_F(Report, CopiesAgain) {
-  const std::string document = m_folder / "base\\sub\\gone%41.txt";
-  SetFileAttributesA(document.c_str(), FILE_ATTRIBUTE_READONLY);
-  Write({.copyDocuments = true});
-  EXPECT_EQ(Write({.copyDocuments = true}), HyperLinkReport::Target::Ready);
 }
 
 }  // namespace

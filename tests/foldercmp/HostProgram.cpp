@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstring>
+
 #include "foldercmp/resource.h"
 
 namespace {
@@ -39,19 +42,6 @@ HWND visibleWindow(DWORD process, HWND other) {
 BOOL CALLBACK addText(HWND child, LPARAM texts) {
   *reinterpret_cast<std::string*>(texts) += "\n" + HostProgram::TextOf(child);
   return TRUE;
-}
-
-struct TitleSearch {
-  const std::string& part;
-  HWND found;
-};
-
-BOOL CALLBACK findTitle(HWND window, LPARAM parameter) {
-  auto& search = *reinterpret_cast<TitleSearch*>(parameter);
-  if (!IsWindowVisible(window)) return TRUE;
-  if (HostProgram::TextOf(window).find(search.part) == std::string::npos) return TRUE;
-  search.found = window;
-  return FALSE;
 }
 
 LRESULT send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
@@ -162,15 +152,6 @@ HWND HostProgram::Dialog() const {
   return dialog;
 }
 
-HWND HostProgram::WindowWithTitle(const std::string& part) {
-  TitleSearch search = {part, nullptr};
-  Wait([&] {
-    EnumWindows(findTitle, reinterpret_cast<LPARAM>(&search));
-    return search.found != nullptr;
-  });
-  return search.found;
-}
-
 std::string HostProgram::TextsIn(HWND window) {
   std::string texts = TextOf(window);
   EnumChildWindows(window, addText, reinterpret_cast<LPARAM>(&texts));
@@ -233,12 +214,6 @@ std::string HostProgram::CellText(int row, int column) const {
   memory.Write(0, &item, sizeof item);
   send(List(), LVM_GETITEMTEXTA, row, reinterpret_cast<LPARAM>(memory.At()));
   return memory.Text(sizeof item);
-}
-
-std::vector<std::string> HostProgram::Row(int row) const {
-  std::vector<std::string> texts;
-  for (int column = 0; column < 5; ++column) texts.push_back(CellText(row, column));
-  return texts;
 }
 
 std::string HostProgram::Document(int row) const {

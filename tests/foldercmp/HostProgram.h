@@ -36,8 +36,8 @@ class HostProgram {
   void Letter(char letter) const;
   void Drop(const std::vector<std::string>& paths) const;
 
-  // The list, by its rows: the shown columns' texts.
-  std::vector<std::string> Row(int row) const;
+  // --- The list ---
+
   int RowCount() const;
   // "Name.Type", in the order of the rows; those that are selected; the one with the focus.
   std::vector<std::string> Documents() const;
@@ -54,9 +54,6 @@ class HostProgram {
   static std::string TextsIn(HWND window);
   // Closes a message box and gives its texts.
   std::string DismissMessage() const;
-
-  // Waits for a window of any program whose title holds a text; null: none came.
-  static HWND WindowWithTitle(const std::string& part);
 
   // Waits until something is so, or a time that is more than enough. Gives what is so in the end.
   static bool Wait(const std::function<bool()>& condition);

@@ -1,13 +1,16 @@
 // The main window of the desktop host: the real program, with real folders.
-#include <algorithm>
+#include <afxwin.h>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
+
+#include <afxres.h>
 #include <commctrl.h>
 
 #include "foldercmp/HostProgram.h"
 #include "foldercmp/resource.h"
-#include <afxres.h>
 #include "support/RegistrySubtree.h"
 #include "support/TempFolder.h"
 
@@ -273,8 +276,10 @@ TEST_F(MainWindow, AnalyzesAModifiedDocument) {
   WaitForRows(host, 4);
   host.Select({"changed.c"});
   host.Key(VK_RETURN);
-  const std::string title = Base() + "->\\sub\\changed.c";
-  const HWND found = HostProgram::WindowWithTitle(title);
+  const std::string title =
+      Base() + "->\\sub\\changed.c - " + Revised() + "->\\sub\\changed.c - Differences";
+  HWND found = nullptr;
+  HostProgram::Wait([&] { return (found = FindWindowA(nullptr, title.c_str())) != nullptr; });
   ASSERT_NE(found, nullptr) << "no difference window";
   PostMessageA(found, WM_CLOSE, 0, 0);
   EXPECT_TRUE(HostProgram::Wait([&] { return !IsWindow(found); }));

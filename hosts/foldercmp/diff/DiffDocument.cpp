@@ -15,8 +15,6 @@ DiffKind KindOf(const LineBlock& block) {
   return block.rightCount == 0 ? DiffKind::Deleted : DiffKind::Changed;
 }
 
-bool IsBlank(std::string_view text) { return text.find_first_not_of(" \t\v\f") == text.npos; }
-
 }  // namespace
 
 DiffDocument::DiffDocument() : m_texts(std::make_shared<DiffTexts>()) {}
@@ -29,7 +27,7 @@ DiffDocument::DiffDocument(std::shared_ptr<const DiffTexts> texts, const Compare
   for (const LineBlock& block : DiffLines(m_texts->left, m_texts->right, options, stop)) {
     if (stop && stop()) return;
     if (block.isDifferent) {
-      AddTrimmed(block, similar);
+      AddDifference(block, similar);
     } else {
       AddRows(block, -1);
     }
@@ -40,25 +38,6 @@ void DiffDocument::AddRows(const LineBlock& block, int difference) {
   if (block.rows() == 0) return;
   m_blocks.push_back({block, m_rowCount, difference});
   m_rowCount += block.rows();
-}
-
-// Empty lines, which don't count where white space doesn't, are part of the differences that they
-// stand at. A reader wants them outside.
-void DiffDocument::AddTrimmed(LineBlock block, SimilarLines& similar) {
-  const int most = std::min(block.leftCount, block.rightCount);
-  int before = 0, after = 0;
-  while (before < most && AreAlike(block.left + before, block.right + before)) ++before;
-  while (before + after < most && AreAlike(block.left + block.leftCount - 1 - after,
-                                           block.right + block.rightCount - 1 - after)) {
-    ++after;
-  }
-  AddEqual(block.left, block.right, before);
-  block.left += before;
-  block.right += before;
-  block.leftCount -= before + after;
-  block.rightCount -= before + after;
-  if (block.rows() > 0) AddDifference(block, similar);
-  AddEqual(block.left + block.leftCount, block.right + block.rightCount, after);
 }
 
 void DiffDocument::AddDifference(const LineBlock& block, SimilarLines& similar) {
@@ -84,14 +63,6 @@ void DiffDocument::AddDifference(const LineBlock& block, SimilarLines& similar) 
   addUpTo(block.leftCount, block.rightCount);
   m_differences.push_back({firstRow, m_rowCount - firstRow, KindOf(block)});
   m_differentLines.push_back(block);
-}
-
-bool DiffDocument::AreAlike(int left, int right) const {
-  const TextLine& one = Line(DiffSide::Left, left);
-  const TextLine& other = Line(DiffSide::Right, right);
-  if (m_options.whiteSpaceMode == kWhiteSpaceExact)
-    return one.text == other.text && one.end == other.end;
-  return one.text == other.text || (IsBlank(one.text) && IsBlank(other.text));
 }
 
 size_t DiffDocument::BlockOfRow(int row) const {

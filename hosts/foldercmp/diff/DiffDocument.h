@@ -96,10 +96,7 @@ class DiffDocument {
   };
 
   void AddRows(const LineBlock& block, int difference);
-  void AddEqual(int left, int right, int rows) { AddRows({left, rows, right, rows, false}, -1); }
-  void AddTrimmed(LineBlock block, SimilarLines& similar);
   void AddDifference(const LineBlock& block, SimilarLines& similar);
-  bool AreAlike(int left, int right) const;
   size_t BlockOfRow(int row) const;
 
   std::shared_ptr<const DiffTexts> m_texts;

@@ -84,7 +84,7 @@ void DiffPane::DrawTitle(CDC& dc, const CRect& place) {
   CRect text = place;
   text.DeflateRect(m_style.Pixels(6), 0);
   dc.DrawText(m_state.TitleOf(m_side), text,
-              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_PATH_ELLIPSIS);
+              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_PATH_ELLIPSIS | DT_END_ELLIPSIS);
 }
 
 void DiffPane::DrawRow(CDC& dc, int number, const CRect& place) {

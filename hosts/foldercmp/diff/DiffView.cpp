@@ -115,8 +115,11 @@ std::wstring DiffView::SelectedText() const {
   return wide;
 }
 
-// The longest line of both texts; only lines that could be longer are gone through.
+// The longest line of both texts, if they are shown; only lines that could be longer are gone
+// through.
 void DiffView::MeasureColumns() {
+  m_columns = 0;
+  if (m_state.document->rowCount() == 0) return;
   size_t columns = 0;
   for (const DiffSide side : {DiffSide::Left, DiffSide::Right}) {
     for (const TextLine& line : m_state.document->texts()->Of(side).lines()) {
