@@ -95,7 +95,11 @@ bool IsPathPrefix(const char* text, const char* pattern) {
 }
 
 bool Contains(const char* text, const char* pattern) {
-  if (!Fold().hasLeads) return strstr(text, pattern) != nullptr;
-  return _mbsstr(reinterpret_cast<const unsigned char*>(text),
-                 reinterpret_cast<const unsigned char*>(pattern)) != nullptr;
+  if (Fold().hasLeads)
+    return _mbsstr(reinterpret_cast<const unsigned char*>(text),
+                   reinterpret_cast<const unsigned char*>(pattern)) != nullptr;
+  // The texts are short: this has ended before strstr is prepared.
+  for (; *text != 0; ++text)
+    if (*text == *pattern && BeginsWith(text + 1, pattern + 1)) return true;
+  return *pattern == 0;
 }
