@@ -86,6 +86,8 @@ TEST_F(Report, FiltersAndTheDescription) {
       std::make_shared<EnumFilter>(std::vector<CString>{"Same", "Modified", "New"}, nullptr);
   states->SetMask(6);
   settings.primary = {Files::kState, states, true};
+  EXPECT_EQ(str(FilterInWords(list, settings.primary, true)),
+            "Primary filter on column State: Modified, New");
   EXPECT_EQ(Make(list, settings), (Lines{"a\t", "b\t", "c\thas one"}));
   const auto sizes = std::make_shared<NumericFilter>(nullptr);
   sizes->SetInvert(0);
@@ -138,9 +140,8 @@ TEST_F(Report, PlainTextStandsInColumns) {
 
 TEST_F(Report, FiltersInWords) {
   const Files list;
-  const auto words = [&](const DataFilter& filter, int column) {
-    const std::shared_ptr<DataFilter> lent(const_cast<DataFilter*>(&filter), [](DataFilter*) {});
-    return str(FilterInWords(list, {column, lent, true}, false));
+  const auto words = [&](const std::shared_ptr<DataFilter>& filter, int column) {
+    return str(FilterInWords(list, {column, filter, true}, false));
   };
   const struct {
     int first, second, both;
@@ -151,18 +152,14 @@ TEST_F(Report, FiltersInWords) {
                {1, 0, 0, "include all"}};
   const std::string name = "Secondary filter on column Name: ";
   for (const auto& c : cases) {
-    StringFilter filter(MListCtrl::CompareStr, nullptr);
-    filter.Set({c.first, c.second, "x", "y", c.both});
+    const auto filter = std::make_shared<StringFilter>(MListCtrl::CompareStr, nullptr);
+    filter->Set({c.first, c.second, "x", "y", c.both});
     EXPECT_EQ(words(filter, 0), name + c.words);
   }
-  EXPECT_EQ(words(StringFilter(MListCtrl::CompareStr, "b", ""), 0),
+  EXPECT_EQ(words(std::make_shared<StringFilter>(MListCtrl::CompareStr, "b", ""), 0),
             name + "is greater than or equal to \"b\"");
-  EnumFilter states({"Same", "Modified", "New"}, nullptr);
-  states.SetMask(1);
-  states.SetInvert(1);
-  EXPECT_EQ(words(states, 1), "Secondary filter on column State: Modified, New");
-  NumericFilter sizes(nullptr);
-  sizes.Set(-3, 5);
+  const auto sizes = std::make_shared<NumericFilter>(nullptr);
+  sizes->Set(-3, 5);
   EXPECT_EQ(words(sizes, 3), "Secondary filter on column Size: all but from -3 to 5");
 }
 
