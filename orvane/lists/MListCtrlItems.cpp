@@ -203,10 +203,13 @@ int MListCtrl::GetItemCnt(int column, CStrMap<unsigned int>& counts, int byDataI
 // --- Values and texts ---
 
 unsigned long MListCtrl::Value(uint32_t record, int column, ColumnKind kind) const {
-  ASSERT(m_columns.Has(column));
-  if (record == kNone || !m_columns.Has(column) ||
-      m_columns[column].kind != static_cast<ListColumnKind>(kind))
-    return static_cast<unsigned long>(-1);
+  constexpr auto kNoValue = static_cast<unsigned long>(-1);
+  if (!m_columns.Has(column)) {
+    ASSERT(FALSE);
+    return kNoValue;
+  }
+  if (record == kNone || m_columns[column].kind != static_cast<ListColumnKind>(kind))
+    return kNoValue;
   return m_map.Slot(record, SlotOf(column)).number;
 }
 
@@ -230,8 +233,10 @@ long MListCtrl::GetItemNum(int row, int column) const {
 }
 
 CString MListCtrl::CellText(uint32_t record, int column, int raw) const {
-  ASSERT(column >= 0);
-  if (record == kNone || column < 0) return kUnknownItem;
+  if (record == kNone || column < 0) {
+    ASSERT(column >= 0);
+    return kUnknownItem;
+  }
   const int slot = column == kDescription ? kDescriptionSlot : SlotOf(column);
   const ListColumnKind kind = column == kDescription ? ListColumnText : m_columns[column].kind;
   CString text;
