@@ -3,6 +3,8 @@
 
 #include <afxwin.h>
 
+#include <concepts>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -26,8 +28,8 @@ class ORVANE_API DataFilter {
   virtual void Load(int fromRegistry) = 0;
   // The condition itself. value: a cell's text, or its number in the place of the pointer.
   virtual int Match(const char* value) const = 0;
-  // Keeps the settings. 1, or 0: the registry refused. Without a key nothing is done.
-  virtual int Save() const = 0;
+  // Keeps the settings. 1, or 0: the registry refused. Without a key, and here, nothing is done.
+  virtual int Save() const { return 1; }
 
   void Reset(int fromRegistry) {
     m_invert = 0;
@@ -35,13 +37,18 @@ class ORVANE_API DataFilter {
   }
   // 1 for a value that the filter lets through: one that matches or, inverted, one that doesn't.
   int IsMatch(const char* value) const { return (Match(value) != 0) != (m_invert != 0); }
+  // The same for a number.
+  template <std::integral Number>
+  int IsMatch(Number number) const {
+    return IsMatch(reinterpret_cast<const char*>(static_cast<uintptr_t>(number)));
+  }
 
   int GetInvert() const { return m_invert; }
   void SetInvert(int invert) { m_invert = invert; }
   const CString& GetKey() const { return m_key; }
 
  protected:
-  explicit DataFilter(const char* key) : m_key(key) {}
+  explicit DataFilter(const char* key = nullptr) : m_key(key) {}
 
   // Settings by name; the default when there is no key, or no such value.
   unsigned long Read(const char* name, unsigned long defaultValue) const;

@@ -28,13 +28,17 @@ uint32_t ListDataMap::TakeRecord() {
   return m_used++;
 }
 
+void ListDataMap::Release(uint32_t record) {
+  At(record) = {kNone, m_free, kNone, kNone};
+  m_free = record;
+}
+
 uint32_t ListDataMap::Insert(uint32_t id) {
   const uint32_t record = TakeRecord();
   try {
     m_index.Insert(id, record);
   } catch (...) {
-    At(record).next = m_free;
-    m_free = record;
+    Release(record);
     throw;
   }
   uint32_t& first = m_first[Bucket(id)];
@@ -49,12 +53,11 @@ uint32_t ListDataMap::Insert(uint32_t id) {
 void ListDataMap::Erase(uint32_t record) {
   for (int slot = 0; slot < Slots(); ++slot)
     if (m_isText[slot]) m_texts.Free(Slot(record, slot).text);
-  Header& header = At(record);
+  const Header& header = At(record);
   if (header.next != kNone) At(header.next).previous = header.previous;
   (header.previous != kNone ? At(header.previous).next : m_first[Bucket(header.id)]) = header.next;
   m_index.Erase(header.id);
-  header.next = m_free;
-  m_free = record;
+  Release(record);
   m_found = kNone;
   --m_count;
 }

@@ -38,6 +38,8 @@ class ListDataMap {
   // kNone: there is no such item. The last one found is found again at no cost. Several threads may
   // look for items as long as none changes the map.
   uint32_t Find(uint32_t id) const {
+    // Automatic identifiers count as records do: most of them need no index.
+    if (id < m_used && Id(id) == id) return id;
     const uint32_t found = m_found.load(std::memory_order_relaxed);
     if (found != kNone && Id(found) == id) return found;
     const uint32_t record = m_index.Find(id);
@@ -82,7 +84,7 @@ class ListDataMap {
   static constexpr uint32_t kChunk = 1 << kChunkBits;
 
   struct Header {
-    uint32_t id;
+    uint32_t id;    // kNone of a free record
     uint32_t next;  // in the bucket; of the free records for a free one
     uint32_t previous;
     uint32_t row;
@@ -104,6 +106,7 @@ class ListDataMap {
     return reinterpret_cast<Value*>(Words(record) + kHeaderWords);
   }
   uint32_t TakeRecord();
+  void Release(uint32_t record);
 
   std::vector<bool> m_isText;
   size_t m_words = kHeaderWords;  // of a record

@@ -4,6 +4,7 @@
 #include <afxcmn.h>
 #include <afxtempl.h>
 
+#include <concepts>
 #include <memory>
 #include <vector>
 
@@ -162,6 +163,10 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   // The row of an item; the first row whose text at position 0 is text, without regard to case. -1:
   // none.
   int FindItem(unsigned long id) const;
+  template <std::integral Id>  // or 0 would be a null text as well
+  int FindItem(Id id) const {
+    return FindItem(static_cast<unsigned long>(id));
+  }
   int FindItem(const char* text) const;
   // kAutomaticId: there is no such row.
   unsigned long GetItemData(int row) const;
@@ -195,6 +200,9 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   int IsSelected(int row) const;
   // The identifier of a selected row. 1, or 0: the row is not selected.
   int GetSelectedItemData(int row, unsigned long& id) const;
+  int GetSelectedItemData(int row, unsigned long* id) const {
+    return GetSelectedItemData(row, *id);
+  }
   // 1, or 0: there is no such row. A row that is selected gets the focus, too.
   int SelectItem(int row, int select = 1);
   int SelectItem(const char* text, int select = 1);
@@ -216,7 +224,8 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
     void* clientData;
     unsigned long id;
     mutable OperationReturnState result;
-    void Run() const { result = fn(*list, id, clientData); }
+    // An exception, which cannot leave a message of the system's, leaves the result as it is.
+    void Run() const;
   };
   static constexpr UINT kForSelectedMessage = WM_APP + 0x3000;
 
@@ -355,7 +364,7 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   ReportsHelpFn ReportsHelp() const { return m_onReportsHelp; }
 
  protected:
-  // Whether an item is to be shown.
+  // Whether an item is to be shown. One that this ends with an exception for is not.
   virtual int FilterMatch(unsigned long id) const;
 
   void InitWindow() override;
@@ -433,12 +442,15 @@ class ORVANE_API MListCtrl : public CListCtrlEx {
   void StoreValues(uint32_t record, const char* const* values, int withDescription);
   void StoreDescription(uint32_t record, const char* text);
   const char* FromDataString(int column, const char* piece) const;
+  template <class Store>
+  int ChangeItem(unsigned long id, int refilter, Store store);
   void ItemChanged(uint32_t record, int refilter);
   CString CellText(uint32_t record, int column, int raw) const;
   unsigned long Value(uint32_t record, int column, ColumnKind kind) const;
   bool Passes(uint32_t record) const;
 
   void AppendRow(uint32_t record);
+  // The caller reports the selection, when the list is as it is to be: a client may change it then.
   void RemoveRow(int row);
   int RowOf(uint32_t record) const;
   void NumberRows() const;

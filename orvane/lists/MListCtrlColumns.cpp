@@ -1,7 +1,6 @@
 // Columns: their declaration, their headers, and the layout that is kept.
 #include <algorithm>
 #include <cstring>
-#include <new>
 
 #include "diag/trace.h"
 #include "lists/MListCtrl.h"
@@ -88,18 +87,20 @@ int MListCtrl::AppendColumn(const ListColumn& column) {
     ASSERT(FALSE);
     return 0;
   }
-  try {
+  const CString entry = menuText(column.title);
+  const int added = WithoutException([&] {
     m_columns.Add(column);
     m_map.AddSlot(column.kind == ListColumnText);
-  } catch (const std::bad_alloc&) {
-    ASSERT(FALSE);
+    return 1;
+  });
+  ASSERT(added);
+  if (!added) {
     m_columns.Cut(index);
     return 0;
   }
   const int position = m_columns[index].position;
   if (position < 0) return 1;
-  if (column.CanBeSorted())
-    m_sortMenu.AppendItem(CommandSortBy + static_cast<UINT>(index), menuText(column.title));
+  if (column.CanBeSorted()) m_sortMenu.AppendItem(CommandSortBy + static_cast<UINT>(index), entry);
   if (m_hWnd != nullptr) InsertHeader(position);
   return 1;
 }

@@ -1,7 +1,6 @@
 // Items: adding, changing, deleting, and the texts of their cells.
 #include <cstdlib>
 #include <cstring>
-#include <new>
 
 #include "diag/trace.h"
 #include "lists/CellValue.h"
@@ -64,16 +63,16 @@ unsigned long MListCtrl::AddItem(unsigned long id, const char* const* values, in
     return kAutomaticId;
   }
   uint32_t record = kNone;
-  try {
+  const int added = WithoutException([&] {
     record = m_map.Insert(id);
     StoreValues(record, values, withDescription);
     if (Passes(record)) AppendRow(record);
-    return id;
-  } catch (const std::bad_alloc&) {
-    ASSERT(FALSE);
-    if (record != kNone) m_map.Erase(record);
-    return kAutomaticId;
-  }
+    return 1;
+  });
+  if (added) return id;
+  ASSERT(FALSE);
+  if (record != kNone) m_map.Erase(record);
+  return kAutomaticId;
 }
 
 const char* MListCtrl::FromDataString(int column, const char* piece) const {
@@ -94,43 +93,32 @@ int MListCtrl::UpdateItem(unsigned long id, char* dataString, int withDescriptio
 
 int MListCtrl::UpdateItem(unsigned long id, const char* const* values, int withDescription,
                           int refilter) {
-  const uint32_t record = m_map.Find(id);
-  if (record == kNone) return 0;
-  try {
-    StoreValues(record, values, withDescription);
-    ItemChanged(record, refilter);
-    return 1;
-  } catch (const std::bad_alloc&) {
-    ASSERT(FALSE);
-    return 0;
-  }
+  return ChangeItem(id, refilter,
+                    [=, this](uint32_t record) { StoreValues(record, values, withDescription); });
 }
 
 int MListCtrl::UpdateItemField(unsigned long id, int column, const char* value, int refilter) {
-  const uint32_t record = m_map.Find(id);
   ASSERT(m_columns.Has(column));
-  if (record == kNone || !m_columns.Has(column)) return 0;
-  try {
-    StoreValue(record, column, value);
-    ItemChanged(record, refilter);
-    return 1;
-  } catch (const std::bad_alloc&) {
-    ASSERT(FALSE);
-    return 0;
-  }
+  return m_columns.Has(column) && ChangeItem(id, refilter, [=, this](uint32_t record) {
+           StoreValue(record, column, value);
+         });
 }
 
 int MListCtrl::SetTooltip(unsigned long id, const char* text) {
+  return ChangeItem(id, 0, [=, this](uint32_t record) { StoreDescription(record, text); });
+}
+
+template <class Store>
+int MListCtrl::ChangeItem(unsigned long id, int refilter, Store store) {
   const uint32_t record = m_map.Find(id);
   if (record == kNone) return 0;
-  try {
-    StoreDescription(record, text);
-    ItemChanged(record, 0);
+  const int changed = WithoutException([&] {
+    store(record);
+    ItemChanged(record, refilter);
     return 1;
-  } catch (const std::bad_alloc&) {
-    ASSERT(FALSE);
-    return 0;
-  }
+  });
+  ASSERT(changed);
+  return changed;
 }
 
 void MListCtrl::ItemChanged(uint32_t record, int refilter) {
@@ -138,10 +126,11 @@ void MListCtrl::ItemChanged(uint32_t record, int refilter) {
   const bool passes = refilter ? Passes(record) : row >= 0;
   if (row < 0 && passes)
     AppendRow(record);
-  else if (row >= 0 && !passes)
-    RemoveRow(row);
-  else if (row >= 0 && m_hWnd != nullptr)
+  else if (row >= 0 && m_hWnd != nullptr && passes)
     RedrawItems(row, row);
+  if (row < 0 || passes) return;
+  RemoveRow(row);
+  ReportSelection();
 }
 
 // --- Deleting ---
@@ -158,12 +147,14 @@ int MListCtrl::DeleteItemId(unsigned long id, int confirm) {
   if (row >= 0) RemoveRow(row);
   Forget(record);
   m_map.Erase(record);
+  if (row >= 0) ReportSelection();
   return 1;
 }
 
 int MListCtrl::DeleteItem(int row) {
   if (!HasRow(row)) return 0;
   RemoveRow(row);
+  ReportSelection();
   return 1;
 }
 
@@ -200,6 +191,7 @@ unsigned long MListCtrl::GetItemData(int row) const {
 
 int MListCtrl::GetItemCnt(int column, CStrMap<unsigned int>& counts, int byDataIndex) const {
   const int index = DataIndex(column, byDataIndex);
+  ASSERT(index >= 0);
   if (index < 0) return 0;
   return WithoutException([&] {
     for (uint32_t record = m_map.First(); record != kNone; record = m_map.Next(record))
@@ -211,9 +203,13 @@ int MListCtrl::GetItemCnt(int column, CStrMap<unsigned int>& counts, int byDataI
 // --- Values and texts ---
 
 unsigned long MListCtrl::Value(uint32_t record, int column, ColumnKind kind) const {
-  if (record == kNone || !m_columns.Has(column) ||
-      m_columns[column].kind != static_cast<ListColumnKind>(kind))
-    return static_cast<unsigned long>(-1);
+  constexpr auto kNoValue = static_cast<unsigned long>(-1);
+  if (!m_columns.Has(column)) {
+    ASSERT(FALSE);
+    return kNoValue;
+  }
+  if (record == kNone || m_columns[column].kind != static_cast<ListColumnKind>(kind))
+    return kNoValue;
   return m_map.Slot(record, SlotOf(column)).number;
 }
 
@@ -237,7 +233,10 @@ long MListCtrl::GetItemNum(int row, int column) const {
 }
 
 CString MListCtrl::CellText(uint32_t record, int column, int raw) const {
-  if (record == kNone || column < 0) return kUnknownItem;
+  if (record == kNone || column < 0) {
+    ASSERT(column >= 0);
+    return kUnknownItem;
+  }
   const int slot = column == kDescription ? kDescriptionSlot : SlotOf(column);
   const ListColumnKind kind = column == kDescription ? ListColumnText : m_columns[column].kind;
   CString text;

@@ -1,10 +1,10 @@
 // Rows: which items are shown, in which order, and what the window knows of them.
 #include <algorithm>
-#include <new>
 
 #include "diag/trace.h"
 #include "lists/MListCtrl.h"
 #include "lists/TextMatch.h"
+#include "markup/NoException.h"
 
 namespace {
 
@@ -39,11 +39,9 @@ void MListCtrl::RemoveRow(int row) {
   m_map.Row(record) = kNone;
   Forget(record);
   if (++m_removedSinceNumbered > kMostRemovedUnnumbered) m_rowsNumbered = false;
-  if (m_hWnd == nullptr) return;
   // The keyboard goes on from where it was.
   if (hadFocus && !m_rows.empty())
     SetItemState(std::min(row, GetItemCount() - 1), LVIS_FOCUSED, LVIS_FOCUSED);
-  ReportSelection();
 }
 
 // An item that is shown knows its row, or a later one: from there it is looked for upwards, not
@@ -78,6 +76,7 @@ MListCtrl::QuietWindow::~QuietWindow() {
 int MListCtrl::FocusedRow() const { return GetNextItem(-1, LVNI_FOCUSED); }
 
 // Remembers selection and focus as items and takes both from the rows, which are about to change.
+// Without memory for it the selection is lost.
 MListCtrl::ViewState MListCtrl::TakeView() {
   ViewState state;
   if (m_hWnd == nullptr) return state;
@@ -86,15 +85,19 @@ MListCtrl::ViewState MListCtrl::TakeView() {
   state.focused = record(FocusedRow());
   state.anchor = record(GetSelectionMark());
   const size_t count = GetSelectedCount();
-  state.selected.reserve(count);
   std::vector<int> rows;
-  for (int row = -1; rows.size() < count && (row = GetNextItem(row, LVNI_SELECTED)) >= 0;) {
-    rows.push_back(row);
-    state.selected.push_back(record(row));
-  }
-  if (rows.empty() && state.focused == kNone) return state;
+  const int isRemembered = WithoutException([&] {
+    rows.reserve(count);
+    state.selected.reserve(count);
+    for (int row = -1; rows.size() < count && (row = GetNextItem(row, LVNI_SELECTED)) >= 0;) {
+      rows.push_back(row);
+      state.selected.push_back(record(row));
+    }
+    return 1;
+  });
+  if (count == 0 && state.focused == kNone) return state;
   const QuietWindow quiet(*this);
-  if (rows.size() > kFewRows)
+  if (count > kFewRows || !isRemembered)
     SetItemState(-1, 0, LVIS_SELECTED);
   else
     for (const int row : rows) SetItemState(row, 0, LVIS_SELECTED);
@@ -104,9 +107,12 @@ MListCtrl::ViewState MListCtrl::TakeView() {
 
 void MListCtrl::RestoreView(const ViewState& state) {
   std::vector<int> rows;
-  rows.reserve(state.selected.size());
-  for (const uint32_t record : state.selected)
-    if (const int row = RowOf(record); row >= 0) rows.push_back(row);
+  WithoutException([&] {
+    rows.reserve(state.selected.size());
+    for (const uint32_t record : state.selected)
+      if (const int row = RowOf(record); row >= 0) rows.push_back(row);
+    return 1;
+  });
   // Neighbours after each other make long ranges, which the window finds again faster.
   std::sort(rows.begin(), rows.end());
   SelectRows(rows);
@@ -145,7 +151,7 @@ void MListCtrl::GetItemColors(unsigned long, COLORREF&, COLORREF&) {}
 
 bool MListCtrl::Passes(uint32_t record) const {
   m_map.Expect(record);
-  return FilterMatch(m_map.Id(record)) != 0;
+  return WithoutException([=, this] { return FilterMatch(m_map.Id(record)); }) != 0;
 }
 
 int MListCtrl::FilterMatch(unsigned long id) const {
@@ -189,9 +195,11 @@ int MListCtrl::SetFilter(int column, const char* pattern, int type, int negate) 
   if (m_filter.pattern == pattern && m_filter.type == type &&
       (m_filter.negate != 0) == (negate != 0))
     return 1;
-  m_filter = {column, pattern, type, negate};
-  Refilter();
-  return 1;
+  return WithoutException([=, this] {
+    m_filter = {column, pattern, type, negate};
+    Refilter();
+    return 1;
+  });
 }
 
 int MListCtrl::SetFilter(const char*, int, int) { return 0; }
@@ -204,12 +212,12 @@ void MListCtrl::ResetFilter() {
 
 void MListCtrl::Refilter() {
   const CWaitCursor wait;
-  try {
+  const int hasRoom = WithoutException([this] {
     m_rows.reserve(m_map.Count());
-  } catch (const std::bad_alloc&) {
-    ASSERT(FALSE);
-    return;
-  }
+    return 1;
+  });
+  ASSERT(hasRoom);
+  if (!hasRoom) return;
   const ViewState state = TakeView();
   m_rows.clear();
   const bool readsTexts = IsFiltered();

@@ -1,6 +1,7 @@
 // Selection, and what clients do with it.
-
+#include "diag/trace.h"
 #include "lists/MListCtrl.h"
+#include "markup/NoException.h"
 
 int MListCtrl::GetSelectedCnt() const {
   return m_hWnd == nullptr ? 0 : static_cast<int>(GetSelectedCount());
@@ -59,7 +60,12 @@ void MListCtrl::DeselectAll() {
 void MListCtrl::InvertSelection() {
   if (m_hWnd == nullptr) return;
   std::vector<int> rows;
-  rows.reserve(m_rows.size() - GetSelectedCount());
+  const int hasRoom = WithoutException([&] {
+    rows.reserve(m_rows.size() - GetSelectedCount());
+    return 1;
+  });
+  ASSERT(hasRoom);
+  if (!hasRoom) return;
   for (int row = 0; row < GetItemCount(); ++row)
     if (GetItemState(row, LVIS_SELECTED) == 0) rows.push_back(row);
   {
@@ -77,13 +83,15 @@ void MListCtrl::SelectionReplaced() {
 
 int MListCtrl::InitSelectedArray(IdArray& ids) const {
   ids.RemoveAll();
-  const int count = GetSelectedCnt();
-  ids.SetSize(count);
-  int found = 0;
-  for (int row = -1; found < count && (row = GetNextItem(row, LVNI_SELECTED)) >= 0;)
-    ids[found++] = GetItemData(row);
-  ids.SetSize(found);
-  return found;
+  return WithoutException([&] {
+    const int count = GetSelectedCnt();
+    ids.SetSize(count);
+    int found = 0;
+    for (int row = -1; found < count && (row = GetNextItem(row, LVNI_SELECTED)) >= 0;)
+      ids[found++] = GetItemData(row);
+    ids.SetSize(found);
+    return found;
+  });
 }
 
 // --- Notifications ---
@@ -121,6 +129,13 @@ void MListCtrl::ReportSelection() {
 }
 
 // --- Work on many items ---
+
+void MListCtrl::RemoteCall::Run() const {
+  WithoutException([this] {
+    result = fn(*list, id, clientData);
+    return 1;
+  });
+}
 
 namespace {
 

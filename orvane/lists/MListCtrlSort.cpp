@@ -1,9 +1,9 @@
 // The order of the rows.
 #include <cstring>
-#include <new>
 
 #include "diag/trace.h"
 #include "lists/MListCtrl.h"
+#include "markup/NoException.h"
 
 // --- Comparing ---
 
@@ -50,7 +50,8 @@ ListOrder MListCtrl::OrderBy(int column, int descending) const {
 
 int MListCtrl::CompareItemsFunc(unsigned long one, unsigned long two) const {
   const uint32_t first = m_map.Find(one), second = m_map.Find(two);
-  return first == kNone || second == kNone ? 0 : Order().Compare(first, second);
+  if (first == kNone || second == kNone) return 0;
+  return WithoutException([=, this] { return Order().Compare(first, second); });
 }
 
 // --- Sorting ---
@@ -99,11 +100,11 @@ int MListCtrl::SetSortKey(int column, int toggle, int descending) {
 }
 
 void MListCtrl::SortRows() {
-  try {
+  // When there is no memory, or a client's comparison fails, the rows stay as they are.
+  VERIFY(WithoutException([this] {
     Order().Sort(m_rows);
-  } catch (const std::bad_alloc&) {
-    ASSERT(FALSE);  // the rows stay as they are
-  }
+    return 1;
+  }));
 }
 
 void MListCtrl::ShowArrow() {

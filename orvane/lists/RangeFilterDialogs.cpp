@@ -3,6 +3,7 @@
 #include <afxcmn.h>
 #include <afxdtctl.h>
 
+#include <algorithm>
 #include <cstdint>
 
 #include "lists/filter_dialogs_ids.h"
@@ -12,19 +13,23 @@
 
 namespace {
 
+// The pickers know more dates than a time does: those that it cannot be, whatever the time zone is,
+// are not offered.
 constexpr time_t kDay = 24 * 60 * 60;
+constexpr time_t kFirst = kDay, kLast = INT32_MAX - kDay;
+
+CTime offered(CTime time) { return std::clamp(time.GetTime(), kFirst, kLast); }
 
 }  // namespace
 
 TimeFilterDialog::TimeFilterDialog(const TimeFilter& filter, CWnd* owner)
     : CDialog(IDD_TIME_FILTER, owner),
-      m_start(filter.GetStart()),
-      m_end(filter.GetEnd()),
+      m_start(offered(filter.GetStart())),
+      m_end(offered(filter.GetEnd())),
       m_exclude(filter.GetInvert() != 0) {}
 
-// The pickers know more dates than a time does: those that it cannot be are not offered.
 BOOL TimeFilterDialog::OnInitDialog() {
-  const CTime first = kDay, last = INT32_MAX - kDay;  // whatever the time zone is
+  const CTime first = kFirst, last = kLast;
   for (const int id : {IDC_FROM_DATE, IDC_TO_DATE})
     static_cast<CDateTimeCtrl*>(GetDlgItem(id))->SetRange(&first, &last);
   return CDialog::OnInitDialog();

@@ -11,7 +11,9 @@ namespace {
 
 // Made once for the code page, so that a comparison is mostly a look-up a byte.
 struct FoldTable {
-  unsigned char lower[256];
+  static constexpr unsigned kSeveral = 0x100;  // above all bytes
+  // The byte in lower case; kSeveral for the first one of a character of several bytes.
+  unsigned short folded[256];
   unsigned char length[256];  // bytes of a character that begins with a byte
   bool hasLeads = false;      // of a double-byte code page
 
@@ -19,11 +21,11 @@ struct FoldTable {
     const bool isUtf8 = GetACP() == CP_UTF8;
     for (int i = 0; i < 256; ++i) {
       const bool isLead = IsDBCSLeadByte(static_cast<BYTE>(i));
-      lower[i] = static_cast<unsigned char>(i);
       length[i] = isLead ? 2 : isUtf8 && i >= 0xC0 ? 2 + (i >= 0xE0) + (i >= 0xF0) : 1;
       hasLeads |= isLead;
-      if (i > 0 && !isLead && (!isUtf8 || i < 0x80))
-        CharLowerBuffA(reinterpret_cast<char*>(&lower[i]), 1);
+      char lower = static_cast<char>(i);
+      if (i > 0 && !isLead && (!isUtf8 || i < 0x80)) CharLowerBuffA(&lower, 1);
+      folded[i] = length[i] > 1 ? kSeveral : static_cast<unsigned char>(lower);
     }
   }
 
@@ -57,9 +59,10 @@ bool IsSameLetter(const char* a, int lengthA, const char* b, int lengthB) {
 const char* PastPrefixNoCase(const char* text, const char* pattern) {
   const FoldTable& fold = Fold();
   while (*pattern != 0) {
-    const auto a = static_cast<unsigned char>(*text), b = static_cast<unsigned char>(*pattern);
-    if (fold.length[a] == 1 && fold.length[b] == 1) {
-      if (fold.lower[a] != fold.lower[b]) return nullptr;
+    const unsigned a = fold.folded[static_cast<unsigned char>(*text)],
+                   b = fold.folded[static_cast<unsigned char>(*pattern)];
+    if ((a | b) < FoldTable::kSeveral) {
+      if (a != b) return nullptr;
       ++text;
       ++pattern;
       continue;
@@ -95,7 +98,11 @@ bool IsPathPrefix(const char* text, const char* pattern) {
 }
 
 bool Contains(const char* text, const char* pattern) {
-  if (!Fold().hasLeads) return strstr(text, pattern) != nullptr;
-  return _mbsstr(reinterpret_cast<const unsigned char*>(text),
-                 reinterpret_cast<const unsigned char*>(pattern)) != nullptr;
+  if (Fold().hasLeads)
+    return _mbsstr(reinterpret_cast<const unsigned char*>(text),
+                   reinterpret_cast<const unsigned char*>(pattern)) != nullptr;
+  // The texts are short: this has ended before strstr is prepared.
+  for (; *text != 0; ++text)
+    if (*text == *pattern && BeginsWith(text + 1, pattern + 1)) return true;
+  return *pattern == 0;
 }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
-#include <functional>
+#include <new>
 
 namespace {
 
@@ -15,12 +15,10 @@ char* TextPool::Copy(const char* text, size_t length) {
   const size_t units = (length + 1 + kUnit - 1) / kUnit;
   char* copy;
   if (units > kLongest / kUnit) {
-    const auto place = [this](const char* added) {
-      return std::lower_bound(m_long.begin(), m_long.end(), added, std::less<const char*>());
-    };
-    std::unique_ptr<char[]> added(new char[length + 1]);
-    m_long.insert(place(added.get()), added.get());
-    copy = added.release();
+    auto* const added = new (new char[sizeof(LongText) + length + 1]) LongText{m_long, &m_long};
+    if (m_long != nullptr) m_long->toThis = &added->next;
+    m_long = added;
+    copy = reinterpret_cast<char*>(added + 1);
   } else if (m_free[units] != nullptr) {
     copy = reinterpret_cast<char*>(m_free[units]);
     m_free[units] = m_free[units]->next;
@@ -48,13 +46,17 @@ void TextPool::Free(char* text) {
     m_free[units] = freed;
     return;
   }
-  m_long.erase(std::lower_bound(m_long.begin(), m_long.end(), text, std::less<char*>()));
-  delete[] text;
+  FreeLong(reinterpret_cast<LongText*>(text) - 1);
+}
+
+void TextPool::FreeLong(LongText* freed) {
+  *freed->toThis = freed->next;
+  if (freed->next != nullptr) freed->next->toThis = freed->toThis;
+  delete[] reinterpret_cast<char*>(freed);
 }
 
 void TextPool::Clear() {
-  for (char* const text : m_long) delete[] text;
-  m_long.clear();
+  while (m_long != nullptr) FreeLong(m_long);
   m_blocks.clear();
   m_unused = nullptr;
   m_unusedSize = 0;

@@ -31,10 +31,17 @@ class TextPool {
   struct FreeText {
     FreeText* next;
   };
+  // Stands before a text that is allocated alone.
+  struct LongText {
+    LongText* next;
+    LongText** toThis;  // what points to this one
+  };
+
+  void FreeLong(LongText* freed);
 
   FreeText* m_free[kLongest / kUnit + 1] = {};  // by length in units
   std::vector<std::unique_ptr<char[]>> m_blocks;
   char* m_unused = nullptr;  // the rest of the last block
   size_t m_unusedSize = 0;
-  std::vector<char*> m_long;  // those allocated one by one; sorted
+  LongText* m_long = nullptr;  // those allocated one by one
 };

@@ -2,6 +2,7 @@
 #include <climits>
 #include <map>
 #include <random>
+#include <stdexcept>
 
 #include "lists/ListTest.h"
 #include "support/AssertionLog.h"
@@ -17,6 +18,7 @@ TEST(ListItems, AutomaticIdentifiersSkipThoseThatAreTaken) {
   EXPECT_TRUE(log.Names("MListCtrlItems"));
   EXPECT_EQ(list.GetItemCount(), 3);
   EXPECT_EQ(str(list.GetItemIdText(1, 0)), "b");
+  EXPECT_EQ(list.FindItem(0), 0) << "an identifier, not a null text";
 }
 
 TEST(ListItems, CellTexts) {
@@ -119,7 +121,13 @@ TEST(ListColumns, DataStrings) {
   EXPECT_EQ(str(list.GetItemIdText(1, 1)), "Anders");
   EXPECT_FALSE(list.UpdateEnumColumnValues(Files::kName, 1, "x"));
   EXPECT_FALSE(list.UpdateEnumColumnValues(Files::kState, INT_MAX, "x")) << "too many";
-  EXPECT_EQ(str(list.GetItemIdText(1, 1)), "Anders");
+  list.Add(2, "b", 1);
+  CStrMap<unsigned> counts;
+  EXPECT_TRUE(list.GetItemCnt(Files::kState, counts));
+  EXPECT_EQ(counts["Anders"], 2u);
+  AssertionLog log;
+  EXPECT_FALSE(list.GetItemCnt(9, counts));
+  EXPECT_TRUE(log.Names("MListCtrlItems"));
 }
 
 TEST(ListFilter, EachTest) {
@@ -156,14 +164,16 @@ TEST(ListFilter, EachTest) {
     }
 }
 
-// A list that counts how often it decides about an item.
+// A list that counts how often it decides about an item, and cannot decide about one.
 class Counting : public Files {
  public:
   mutable int decisions = 0;
+  unsigned long undecided = 99;
 
  protected:
   int FilterMatch(unsigned long id) const override {
     ++decisions;
+    if (id == undecided) throw std::runtime_error("no decision");
     return Files::FilterMatch(id);
   }
 };
@@ -190,12 +200,16 @@ TEST(ListFilter, DecidesOnlyWhenItChanges) {
   EXPECT_EQ(str(list.GetFilterDscr()), "Never Match");
   list.ResetFilter();
   EXPECT_EQ(list.GetItemCount(), 0) << "there was no pattern to be cleared";
+  list.undecided = 2;
+  EXPECT_TRUE(list.SetFilter(0, "x", 0, 1));
+  EXPECT_EQ(list.Ids(), Ids{1});
 }
 
 int compareLastDigits(unsigned long one, unsigned long two) {
   return static_cast<int>(one % 10) - static_cast<int>(two % 10);
 }
 int huge(const char*, const char*) { return INT_MIN; }
+int failing(const char*, const char*) { throw std::runtime_error("no comparison"); }
 
 TEST(ListOrder, EachKindOfColumn) {
   MListCtrl list;
@@ -251,18 +265,13 @@ TEST(ListOrder, SurvivesComparisonsThatMakeNoSense) {
   for (int row = 0; row < 1000; ++row) seen[list.GetItemData(row)] = true;
   EXPECT_EQ(std::count(seen.begin(), seen.end(), true), 1000);
   EXPECT_GT(list.CompareItemsFunc(0, 1), 0);
-}
 
-TEST(ListItems, CountsByText) {
-  Files list;
-  list.Add(-1, "a", 1);
-  list.Add(-1, "b", 1);
-  list.Add(-1, "c", 0);
-  CStrMap<unsigned> counts;
-  EXPECT_TRUE(list.GetItemCnt(Files::kState, counts));
-  EXPECT_EQ(counts["Modified"], 2u);
-  EXPECT_EQ(counts["Same"], 1u);
-  EXPECT_FALSE(list.GetItemCnt(9, counts));
+  MListCtrl unsorted;
+  unsorted.AddColumn("Text", failing);
+  for (int i = 0; i < 3; ++i) unsorted.AddItem(-1, values);
+  EXPECT_TRUE(unsorted.SetSortKey(0, 0, 1));
+  EXPECT_EQ(unsorted.GetItemData(0), 0u) << "the rows stay as they are";
+  EXPECT_EQ(unsorted.CompareItemsFunc(0, 1), 0);
 }
 
 // Long and short texts come and go; identifiers of all sizes are found, in any order of deletions.

@@ -291,6 +291,11 @@ TEST_F(ListWindowTest, CallbacksTellWhatTheUserDoes) {
   EXPECT_EQ(m_list.Selected(), Ids{1}) << "found by typing, though another b stands before it";
   EXPECT_EQ(m_list.FindItem("CARL"), 3);
   EXPECT_EQ(m_list.FindItem("car"), -1);
+  m_list.SelectItem(2);
+  m_list.OnSelect([](void* list, unsigned long) { static_cast<Files*>(list)->DeleteAll(); },
+                  &m_list);
+  EXPECT_TRUE(m_list.DeleteItemId(1)) << "one row is left selected, and the client fills anew";
+  EXPECT_EQ(m_list.GetStoredCount(), 0);
 }
 
 TEST_F(ListWindowTest, TheContextMenuTakesEntriesOfTheClient) {
@@ -422,6 +427,8 @@ TEST_F(ListWindowTest, WorkOnTheSelectedRowsMayChangeTheList) {
   EXPECT_EQ(m_list.Ids(), Ids{5});
   EXPECT_EQ(threads, std::set<DWORD>{GetCurrentThreadId()});
   EXPECT_FALSE(m_list.DoForSelected(ids, deleteItem, &threads, 0)) << "they are gone";
+  const auto fail = [](MListCtrl&, unsigned long, void*) -> OperationReturnState { throw 1; };
+  EXPECT_FALSE(m_list.DoForSelected(ids, fail, nullptr));
 }
 
 TEST_F(ListWindowTest, TipsShowCutTextsAndDescriptions) {
