@@ -4,11 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
+#include <memory>
 #include <random>
 #include <string>
 #include <vector>
 
 #include "dircmp/ContentCompare.h"
+#include "support/LongRun.h"
 #include "support/TempFolder.h"
 
 namespace {
@@ -89,6 +92,92 @@ TEST(Content, Modes) {
       }
     }
   }
+}
+
+// The same text as comparing sees it: what doesn't count taken out.
+std::string Normalised(const std::string& text, const CompareOptions& options) {
+  std::string normal;
+  bool isInRun = false;
+  for (const char character : text) {
+    const bool isSpace = strchr(" \t\n\v\f\r", character) != nullptr && character != 0;
+    if (isSpace && options.whiteSpaceMode != kWhiteSpaceExact) {
+      isInRun = true;
+      continue;
+    }
+    if (isInRun && options.whiteSpaceMode == kWhiteSpaceRuns) normal += ' ';
+    isInRun = false;
+    normal += options.ignoreCase && character >= 'A' && character <= 'Z'
+                  ? static_cast<char>(character + 32)
+                  : character;
+  }
+  return normal;
+}
+
+// A text, and one that was made from it by changes that mostly don't count.
+std::pair<std::string, std::string> RelatedTexts(std::mt19937& random) {
+  std::string left, right;
+  const unsigned length = random() % 60;
+  const unsigned mayDiffer = random() % 4;
+  for (unsigned i = 0; i < length; ++i) {
+    const char letter = "abcxyz"[random() % 6];
+    const std::string spaces = std::string(random() % 3, " \t\n"[random() % 3]);
+    left += letter;
+    right += random() % 8 == 0 ? static_cast<char>(letter - 32) : letter;
+    if (random() % 4 == 0) left += spaces;
+    if (random() % 4 != 0)
+      right += left.back() == letter ? "" : spaces + std::string(random() % 2, '\r');
+    if (mayDiffer == 0 && random() % 40 == 0) right += letter;
+  }
+  return {left + std::string(random() % 3, ' '), right + std::string(random() % 3, '\n')};
+}
+
+TEST(Content, EqualsComparingNormalisedTexts) {
+  std::mt19937 random(20);
+  constexpr CompareOptions all[] = {{false, 0}, {false, 1}, {false, 2},
+                                    {true, 0},  {true, 1},  {true, 2}};
+  std::vector<std::unique_ptr<ContentCompare>> comparisons;
+  for (const CompareOptions& options : all) {
+    comparisons.push_back(std::make_unique<ContentCompare>(options));
+  }
+  int equal = 0, different = 0;
+  const int count = IsLongRun() ? 1'000'000 : 30'000;
+  for (int i = 0; i < count; ++i) {
+    const auto [left, right] = RelatedTexts(random);
+    const size_t which = random() % std::size(all);
+    const CompareOptions& options = all[which];
+    ContentCompare& comparison = *comparisons[which];
+    const bool expected = Normalised(left, options) == Normalised(right, options);
+    const unsigned seed = random();
+    const int largest = 1 + static_cast<int>(random() % 20);
+    PiecemealSource l(left, seed, largest), r(right, seed + 1, largest);
+    ASSERT_EQ(comparison.Streams(l, r) == Result::Equal, expected) << left << "\n|\n" << right;
+    PiecemealSource l2(left, seed + 2, largest), r2(right, seed, largest);
+    ASSERT_EQ(comparison.Streams(r2, l2) == Result::Equal, expected) << "not symmetric";
+    ++(expected ? equal : different);
+  }
+  EXPECT_GT(equal, count / 10);
+  EXPECT_GT(different, count / 10);
+}
+
+TEST(Content, AStopTakesEffectInTheMiddleOfALargeFile) {
+  class Endless : public ByteSource {
+   public:
+    int Read(void* buffer, int size) override {
+      memset(buffer, 'x', static_cast<size_t>(size));
+      read += size;
+      return size;
+    }
+    int64_t read = 0;
+  } left, right;
+  constexpr int64_t kStopAt = 64 << 20;
+  int64_t readByThen = 0;
+  ContentCompare comparison({.ignoreCase = true, .whiteSpaceMode = 1}, [&] {
+    if (left.read < kStopAt) return false;
+    readByThen = left.read + right.read;
+    return true;
+  });
+  EXPECT_EQ(comparison.Streams(left, right), Result::Stopped);
+  EXPECT_EQ(left.read + right.read, readByThen) << "read on after the stop";
 }
 
 // In Japanese texts the second byte of a character may look like a letter.

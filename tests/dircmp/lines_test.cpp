@@ -191,6 +191,18 @@ TEST(Lines, LargeTexts) {
   }
 }
 
+TEST(Lines, AStopActsWhereverItComes) {
+  const Texts texts = Unrelated(2000, 50);
+  int asked = 0;
+  DiffLines(texts.left, texts.right, {}, [&] { return ++asked, false; });
+  EXPECT_GT(asked, 4000) << "while lines are read, and later";
+  for (const int last : {1, 3000, 4000, asked - 1, asked}) {
+    int asks = 0;
+    EXPECT_TRUE(DiffLines(texts.left, texts.right, {}, [&] { return ++asks >= last; }).empty());
+    EXPECT_LE(asks, last + 4);
+  }
+}
+
 TEST(DocumentText, Kinds) {
   using Kind = DocumentText::Kind;
   const struct {

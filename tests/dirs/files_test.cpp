@@ -1,5 +1,6 @@
 // What is done to, or said of, every file; names and paths at their limits.
 #include "Trees.h"
+#include "support/LongRun.h"
 
 TEST(CalculateDirectorySize, CountsAndGivesUpAt4GiB) {
   const AssertionLog log;
@@ -123,4 +124,18 @@ TEST(Limits, LongPaths) {
             0);
   EXPECT_FALSE(log.Empty());
   EXPECT_EQ(RemoveDirectoryA((folder / "t").c_str(), 1), 1);
+}
+
+// 100,000 files in 5,000 folders; of them a hundredth in a short run.
+TEST(Limits, ManyFiles) {
+  const TempFolder folder;
+  const int folders = IsLongRun() ? 5000 : 50;
+  for (int i = 0; i < folders; ++i) {
+    const std::string sub = "t\\" + std::to_string(i % 50) + "\\" + std::to_string(i) + "\\";
+    for (int file = 0; file < 20; ++file) folder.Write(sub + std::to_string(file), "x");
+  }
+  unsigned long size, count;
+  EXPECT_EQ(CalculateDirectorySize(folder.path().c_str(), size, count, 1), 1);
+  EXPECT_EQ(count, folders * 20u);
+  PutThroughEverything(folder, "t");
 }

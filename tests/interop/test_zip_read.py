@@ -2,6 +2,7 @@
 bytes. What the library does not do (other methods, encryption) is said, and the rest is read."""
 
 import datetime
+import io
 import os
 import zipfile
 
@@ -111,6 +112,10 @@ def changed_by_zip(orv, folder):
     check_read(orv, archive, folder / "changed")
     rows = listing(orv, archive)
 
+    remarks = "".join(f"remark {i}\n" for i in range(len(rows))).encode()
+    run("zip", "-q", "-c", archive, input=remarks).expect()
+    check_read(orv, archive, folder / "remarks")
+
     stub = b"MZ" + os.urandom(5000)
     for name, adjust in (("stub", False), ("counted-stub", True)):
         path = folder / f"{name}.zip"
@@ -146,6 +151,19 @@ def refused_entries(orv, folder):
         check_equal((folder / name / "a.txt").read_bytes(), b"hello", f"{name}: a.txt")
 
 
+class Unseekable(io.RawIOBase):
+    """A stream that can only be written on, as a socket is."""
+
+    def __init__(self, file):
+        self._file = file
+
+    def writable(self):
+        return True
+
+    def write(self, data):
+        return self._file.write(data)
+
+
 def _entry(name, method=zipfile.ZIP_DEFLATED, external=0o644 << 16):
     info = zipfile.ZipInfo(name, (2021, 7, 14, 12, 30, 58))
     info.compress_type = method
@@ -154,21 +172,23 @@ def _entry(name, method=zipfile.ZIP_DEFLATED, external=0o644 << 16):
 
 
 def made_by_python(orv, folder):
-    archive = folder / "python.zip"
-    with zipfile.ZipFile(archive, "w") as target:
-        target.writestr(_entry("deflated.txt"), b"text " * 50_000)
-        target.writestr(_entry("stored.bin", zipfile.ZIP_STORED), os.urandom(100_000))
-        target.writestr(_entry("folder/", zipfile.ZIP_STORED, 0o40755 << 16 | 0x10), b"")
-        target.writestr(_entry("folder/empty"), b"")
-        target.writestr(_entry("read-only.txt", external=0o444 << 16), b"read-only")
-        target.writestr(_entry("no-mode.txt", external=0x20), b"no Unix mode")
-        with target.open(_entry("wide.txt"), "w", force_zip64=True) as entry:
-            entry.write(b"64-bit sizes in the local header only")
-        info = _entry("remark.txt")
-        info.comment = b"a remark"
-        target.writestr(info, b"remark")
-    check_read(orv, archive, folder / "out")
-    orv.run("test", archive).expect()
+    noise = os.urandom(100_000)
+    for name, wrap in {"seekable": lambda file: file, "unseekable": Unseekable}.items():
+        archive = folder / f"{name}.zip"
+        with open(archive, "wb") as file, zipfile.ZipFile(wrap(file), "w") as target:
+            target.writestr(_entry("deflated.txt"), b"text " * 50_000)
+            target.writestr(_entry("stored.bin", zipfile.ZIP_STORED), noise)
+            target.writestr(_entry("folder/", zipfile.ZIP_STORED, 0o40755 << 16 | 0x10), b"")
+            target.writestr(_entry("folder/empty"), b"")
+            target.writestr(_entry("read-only.txt", external=0o444 << 16), b"read-only")
+            target.writestr(_entry("no-mode.txt", external=0x20), b"no Unix mode")
+            with target.open(_entry("wide.txt"), "w", force_zip64=True) as entry:
+                entry.write(b"64-bit sizes in the local header only")
+            info = _entry("remark.txt")
+            info.comment = b"a remark"
+            target.writestr(info, b"remark")
+        check_read(orv, archive, folder / name)
+        orv.run("test", archive).expect()
 
 
 def names_in_utf8(orv, folder):

@@ -1,70 +1,65 @@
-// The layout of a list from one of its windows to the next.
-#include <map>
+// The layout of a list from one run of a program to the next.
+#include <gtest/gtest.h>
 
-#include "lists/DialogSteps.h"
+#include <map>
+#include <sstream>
+#include <string>
+
+#include "support/RegistrySubtree.h"
+#include "support/RunProgram.h"
+#include "support/TempFolder.h"
 
 namespace {
 
-class KeptList : public MListCtrl {
- public:
-  KeptList(CWnd& parent, const std::string& key, const std::vector<const char*>& titles) {
-    SetRegistryKey(key.c_str());
-    SetSortMethod(1, 1);
-    for (const char* const title : titles) AddColumn(title, CompareStr);
-    EXPECT_TRUE(Create(WS_CHILD, CRect(0, 0, 300, 200), &parent, 1));
-    SetInitialSortKey(0);
-  }
-  std::map<std::string, int> Widths() const {
-    std::map<std::string, int> widths;
-    for (int column = 0; column < GetColumnCount(); ++column)
-      widths[str(GetColName(column))] = GetColumnWidth(column);
-    return widths;
-  }
-  std::string Order() const {
-    return str(GetColName(GetSortColumn())) + (IsSortDescending() ? " descending" : " ascending");
-  }
-};
-
-class Layout : public TestWithWindows {
+class Layout : public testing::Test {
  protected:
-  Layout() {
-    m_parent.CreateEx(0, AfxRegisterWndClass(0), "Lists", WS_POPUP, 0, 0, 400, 300, nullptr,
-                      nullptr);
-  }
-  ~Layout() override { m_parent.DestroyWindow(); }
+  struct Seen {
+    std::map<std::string, int> widths;
+    std::string order;
+  };
 
-  CWnd m_parent;
-  UserKey m_key;
+  // What a list with these columns looks like when it is opened.
+  Seen Open(const std::string& titles) {
+    EXPECT_EQ(RunProgram("list_host.exe layout \"" + m_folder / "seen" + "\" \"" + m_key.path() +
+                         "\" " + titles),
+              0u);
+    std::istringstream lines(m_folder.Read("seen"));
+    Seen seen;
+    for (std::string title, value; lines >> title >> value;) {
+      if (value.find_first_not_of("0123456789") == std::string::npos)
+        seen.widths[title] = std::stoi(value);
+      else
+        seen.order = title + " " + value;
+    }
+    return seen;
+  }
+
+  RegistrySubtree m_key;
+  TempFolder m_folder;
 };
 
 }  // namespace
 
-TEST_F(Layout, IsThereAgainWithOtherColumnsToo) {
-  std::map<std::string, int> widths;
-  {
-    KeptList list(m_parent, m_key.path(), {"Name", "Size", "State"});
-    EXPECT_EQ(list.Order(), "Name ascending");
-    list.SetColumnWidth(1, 111);
-    list.SetSortKey(1, 0, 1);
-    widths = list.Widths();
-  }
-  {
-    const KeptList again(m_parent, m_key.path(), {"Name", "Size", "State"});
-    EXPECT_EQ(again.Order(), "Size descending");
-    EXPECT_EQ(again.Widths(), widths);
-  }
-  const KeptList others(m_parent, m_key.path(), {"Title", "Size", "Owner", "State"});
-  EXPECT_EQ(others.Order(), "Size descending");
-  EXPECT_EQ(others.Widths()["Size"], 111) << "a width goes with its title";
-  EXPECT_EQ(others.Widths()["State"], widths["State"]);
-  EXPECT_EQ(KeptList(m_parent, m_key.path(), {"Name"}).Order(), "Name ascending")
-      << "that column has gone";
-  EXPECT_EQ(KeptList(m_parent, m_key.path(), {"Size"}).Widths()["Size"], 111)
-      << "kept while it was not there";
+TEST_F(Layout, IsThereAgainInANewProcessWithOtherColumnsToo) {
+  const Seen fresh = Open("Name Size State");
+  EXPECT_EQ(fresh.order, "Name ascending");
+  ASSERT_EQ(RunProgram("list_host.exe arrange 1 111 \"" + m_key.path() + "\" Name Size State"), 0u);
+  Seen again = Open("Name Size State");
+  EXPECT_EQ(again.order, "Size descending");
+  EXPECT_EQ(again.widths, (std::map<std::string, int>{{"Name", fresh.widths.at("Name")},
+                                                      {"Size", 111},
+                                                      {"State", fresh.widths.at("State")}}));
+  again = Open("Title Size Owner State");
+  EXPECT_EQ(again.order, "Size descending");
+  EXPECT_EQ(again.widths["Size"], 111) << "a width goes with its title";
+  EXPECT_EQ(again.widths["State"], fresh.widths.at("State"));
+  again = Open("Name");
+  EXPECT_EQ(again.order, "Name ascending") << "that column has gone";
+  EXPECT_EQ(Open("Size").widths["Size"], 111) << "kept while it was not there";
 }
 
 TEST_F(Layout, DamagedValuesAreNone) {
-  const auto widths = KeptList(m_parent, m_key.path(), {"Name", "Size"}).Widths();
+  const Seen fresh = Open("Name Size");
   const struct {
     const char* name;
     DWORD type;
@@ -77,8 +72,8 @@ TEST_F(Layout, DamagedValuesAreNone) {
                  {"SortOrder", REG_SZ, "down"}};
   for (const auto& damage : kDamage) {
     m_key.WriteRaw(damage.name, damage.type, damage.bytes);
-    const KeptList list(m_parent, m_key.path(), {"Name", "Size"});
-    EXPECT_EQ(list.Widths(), widths) << damage.name << " " << damage.type;
-    EXPECT_EQ(list.Order(), "Name ascending") << damage.name << " " << damage.type;
+    const Seen seen = Open("Name Size");
+    EXPECT_EQ(seen.widths, fresh.widths) << damage.name << " " << damage.type;
+    EXPECT_EQ(seen.order, "Name ascending") << damage.name << " " << damage.type;
   }
 }

@@ -8,8 +8,10 @@
 #include "lists/FilterWords.h"
 #include "lists/ReportCommand.h"
 #include "lists/ReportTest.h"
+#include "support/Allocations.h"
 #include "support/CodePage.h"
 #include "support/Faults.h"
+#include "support/LongRun.h"
 
 namespace {
 
@@ -266,6 +268,27 @@ TEST_F(Report, ClientsPages) {
 }
 
 // --- Many items ---
+
+// Beyond the index and the sort's copy of it, a report of many items takes the memory of one of
+// few.
+TEST_F(Report, MemoryDoesNotGrowWithTheItems) {
+  Files list;
+  const int many = IsLongRun() ? 300000 : 100000;
+  fill(list, many);
+  const std::string file = m_folder / "report";
+  for (const char format : std::string("HAXT")) {
+    allocations::ResetPeak();
+    const size_t before = allocations::Count().bytes;
+    ASSERT_EQ(list.DoReport(("S:0 Q: O:" + file + " R:" + format).c_str()), 1);
+    const size_t taken = allocations::Peak() - before;
+    EXPECT_LT(taken, static_cast<size_t>(many) * 24 + 300'000) << format;
+    EXPECT_GT(std::filesystem::file_size(file), static_cast<size_t>(many) * 40) << format;
+  }
+  const Lines lines = Make(list, "C:0 S:0D Q:");
+  ASSERT_EQ(lines.size(), static_cast<size_t>(many));
+  EXPECT_EQ(lines[0], IsLongRun() ? "document 299999" : "document 099999");
+  EXPECT_EQ(lines.back(), "document 000000");
+}
 
 // A long report shows its progress; Stop leaves what was there.
 TEST_F(Report, ALongReportCanBeStopped) {

@@ -2,11 +2,16 @@
 //   list_host show KIND                    for the eye: list, menu, texts, values, times, numbers
 //                                          (dialogs of filters), report
 //   list_host show report BUTTON           the dialog that a button of the report dialog opens
+//   list_host layout FILE KEY TITLE...     opens a list with text columns and the layout that is
+//                                          kept under KEY, and writes to FILE what it looks like
+//   list_host arrange COLUMN WIDTH KEY TITLE...  opens it, makes a column so wide and sorts by it,
+//                                          descending
 //   list_host read TITLE                   opens a list in a window with that title for other
 //                                          programs to read, until the window is closed
 // The exit status is 0; 1: a window could not be opened; 99: wrong usage.
 #include <afxwin.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -183,6 +188,45 @@ int show(const char* kind) {
   return 99;
 }
 
+// Text columns, with what is kept of them.
+struct KeptList : MListCtrl {
+  KeptList(const char* key, char** titles) {
+    MRegistry::InitProductRegistry(key, 1);
+    SetRegistryKey(key);
+    SetSortMethod(1, 1);
+    for (; *titles != nullptr; ++titles) AddColumn(*titles, CompareStr);
+  }
+  ~KeptList() override {
+    DestroyWindow();
+    MRegistry::FreeProductRegistry();
+  }
+};
+
+int writeLayout(const char* file, const char* key, char** titles) {
+  KeptList list(key, titles);
+  Frame frame(list, "Layout");
+  FILE* const out = frame.IsOpen() ? fopen(file, "w") : nullptr;
+  if (out == nullptr) return 1;
+  list.SetInitialSortKey(0);
+  for (int column = 0; column < list.GetColumnCount(); ++column)
+    fprintf(out, "%s %d\n", static_cast<LPCTSTR>(list.GetColName(column)),
+            list.GetColumnWidth(column));
+  fprintf(out, "%s %s\n", static_cast<LPCTSTR>(list.GetColName(list.GetSortColumn())),
+          list.IsSortDescending() ? "descending" : "ascending");
+  fclose(out);
+  return 0;
+}
+
+int arrange(int column, int width, const char* key, char** titles) {
+  KeptList list(key, titles);
+  Frame frame(list, "Layout");
+  if (!frame.IsOpen()) return 1;
+  list.SetInitialSortKey(0);
+  list.SetColumnWidth(column, width);
+  list.SetSortKey(column, 0, 1);
+  return 0;
+}
+
 // Without the folders, and with the columns dragged: status, name, size, time.
 int letRead(const char* title) {
   Documents list(nullptr, ~(1ul << Documents::kFolder));
@@ -206,6 +250,8 @@ int main(int argc, char** argv) {
   };
   if (is("show", 4)) return showReportDialog(atoi(argv[3]));
   if (is("show", 3)) return show(argv[2]);
+  if (is("layout", 5)) return writeLayout(argv[2], argv[3], argv + 4);
+  if (is("arrange", 6)) return arrange(atoi(argv[2]), atoi(argv[3]), argv[4], argv + 5);
   if (is("read", 3)) return letRead(argv[2]);
   return 99;
 }
