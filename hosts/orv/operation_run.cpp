@@ -21,7 +21,7 @@ std::atomic<bool> g_stopped = false;
 bool g_finishes = false;  // the command goes on after a stop
 int g_status = kFailed;
 
-BOOL WINAPI OnCtrlC(DWORD) {
+BOOL WINAPI OnCtrlC(DWORD event) {
   const bool isFirst = !g_stopped.exchange(true);
   // Taken out, so that the next one finds nothing to stop and ends the program.
   MMultiOperation* const operation = g_running.exchange(nullptr);
@@ -29,6 +29,9 @@ BOOL WINAPI OnCtrlC(DWORD) {
     operation->StopLoop();
   else if (!isFirst || !g_finishes)
     ExitProcess(static_cast<UINT>(g_status));
+  // When the console is closed the system ends the program as soon as this returns, or some seconds
+  // later: what was stopped has these to clean up.
+  if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) Sleep(INFINITE);
   return TRUE;
 }
 
