@@ -64,12 +64,15 @@ int RunOperation(MMultiOperation& operation) {
   operation.SetNoGui(!g_window);
   operation.SetDisplayProgressOnSingle(1);
   g_percent = -1;
-  g_running = &operation;
+  const CtrlCStops stops(operation);
   const int result = operation.DoOperation(g_window);
-  g_running = nullptr;
   ClearProgress();
   return result;
 }
+
+CtrlCStops::CtrlCStops(MMultiOperation& operation) { g_running = &operation; }
+
+CtrlCStops::~CtrlCStops() { g_running = nullptr; }
 
 void ShowProgress(const char* verb, unsigned done, unsigned all) {
   if (g_window || !HasTerminal() || all == 0) return;
