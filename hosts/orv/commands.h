@@ -1,8 +1,11 @@
 // The commands of the console host. Each takes the arguments that follow its name and returns the
-// exit status; results go to stdout, messages to stderr.
+// exit status, or kWrongUsage: its usage is printed then. Results go to stdout, messages to stderr.
 #pragma once
 
-enum ExitStatus { kDone = 0, kFailed = 1, kWrongUsage = 2 };
+enum ExitStatus { kDone = 0, kFailed = 1 };
+enum { kWrongUsage = -1 };
+
+extern const char kCompareOptions[];  // for its usage
 
 int ZipCommand(int count, char** arguments);
 int UnzipCommand(int count, char** arguments);

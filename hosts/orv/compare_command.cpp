@@ -15,26 +15,6 @@
 
 namespace {
 
-constexpr char kUsage[] =
-    "usage: orv compare BASE REVISED [OPTIONS]\n"
-    "\n"
-    "  --types LIST    only documents of these types: \"*.c;*.h\"\n"
-    "  --exclude LIST  all documents but those of these types\n"
-    "  --ignore-case   letters are equal regardless of case\n"
-    "  --space MODE    white space: 0 counts, 1 any run of it equals any run (from the start),\n"
-    "                  2 is ignored\n"
-    "  --flat          not the sub-folders\n"
-    "  --brief         no lines for documents that are the same\n"
-    "  --links FOLDER  writes a report with the differences as pages for a browser; the folder is\n"
-    "                  new, empty, or that of an earlier report\n"
-    "  --report COMMAND\n"
-    "                  writes a report of the list: \"S:5D R:H O:C:\\out\\report.htm\";\n"
-    "                  a page gets such differences in a folder beside it\n"
-    "  --link-sources  reports link to the documents where they are\n"
-    "  --copy          reports get copies of the documents\n"
-    "\n"
-    "Exit status: 0 same, 1 different, 2 trouble.\n";
-
 // As comparing tools do.
 enum CompareStatus { kSame = 0, kDifferent = 1, kTrouble = 2 };
 
@@ -231,12 +211,28 @@ bool WriteReports(ConsoleList& list, const Options& options) {
 
 }  // namespace
 
+const char kCompareOptions[] =
+    "\n"
+    "  --types LIST    only documents of these types: \"*.c;*.h\"\n"
+    "  --exclude LIST  all documents but those of these types\n"
+    "  --ignore-case   letters are equal regardless of case\n"
+    "  --space MODE    white space: 0 counts, 1 any run of it equals any run (from the start),\n"
+    "                  2 is ignored\n"
+    "  --flat          not the sub-folders\n"
+    "  --brief         no lines for documents that are the same\n"
+    "  --links FOLDER  writes a report with the differences as pages for a browser; the folder is\n"
+    "                  new, empty, or that of an earlier report\n"
+    "  --report COMMAND\n"
+    "                  writes a report of the list: \"S:5D R:H O:C:\\out\\report.htm\";\n"
+    "                  a page gets such differences in a folder beside it\n"
+    "  --link-sources  reports link to the documents where they are\n"
+    "  --copy          reports get copies of the documents\n"
+    "\n"
+    "Exit status: 0 same, 1 different, 2 trouble.\n";
+
 int CompareCommand(int count, char** arguments) {
   Options options;
-  if (!OptionReader(count, arguments).Read(options)) {
-    fputs(kUsage, stderr);
-    return kTrouble;
-  }
+  if (!OptionReader(count, arguments).Read(options)) return kWrongUsage;
   if (!IsFolder(options.base) || !IsFolder(options.revised)) return kTrouble;
   FinishAfterCtrlC(kTrouble);
   ConsoleList list;

@@ -58,6 +58,7 @@ int AskCommand(int, char** arguments) {
   CString reply;
   AspCommand command(arguments[0], reply);
   command.SetNoGui(1);
+  const CtrlCStops stops(command);
   switch (command.Execute()) {
     case AspCommand::StatusReply:
       puts(reply);

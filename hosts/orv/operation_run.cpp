@@ -21,7 +21,7 @@ std::atomic<bool> g_stopped = false;
 bool g_finishes = false;  // the command goes on after a stop
 int g_status = kFailed;
 
-BOOL WINAPI OnCtrlC(DWORD) {
+BOOL WINAPI OnCtrlC(DWORD event) {
   const bool isFirst = !g_stopped.exchange(true);
   // Taken out, so that the next one finds nothing to stop and ends the program.
   MMultiOperation* const operation = g_running.exchange(nullptr);
@@ -29,6 +29,9 @@ BOOL WINAPI OnCtrlC(DWORD) {
     operation->StopLoop();
   else if (!isFirst || !g_finishes)
     ExitProcess(static_cast<UINT>(g_status));
+  // When the console is closed the system ends the program as soon as this returns, or some seconds
+  // later: what was stopped has these to clean up.
+  if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) Sleep(INFINITE);
   return TRUE;
 }
 
@@ -61,12 +64,15 @@ int RunOperation(MMultiOperation& operation) {
   operation.SetNoGui(!g_window);
   operation.SetDisplayProgressOnSingle(1);
   g_percent = -1;
-  g_running = &operation;
+  const CtrlCStops stops(operation);
   const int result = operation.DoOperation(g_window);
-  g_running = nullptr;
   ClearProgress();
   return result;
 }
+
+CtrlCStops::CtrlCStops(MMultiOperation& operation) { g_running = &operation; }
+
+CtrlCStops::~CtrlCStops() { g_running = nullptr; }
 
 void ShowProgress(const char* verb, unsigned done, unsigned all) {
   if (g_window || !HasTerminal() || all == 0) return;

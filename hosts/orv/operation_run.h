@@ -20,6 +20,15 @@ void ShowProgressWindow();
 // Runs the operation and gives its result.
 int RunOperation(MMultiOperation& operation);
 
+// While one lives, Ctrl+C stops its operation: for one that is run in its own way.
+class CtrlCStops {
+ public:
+  explicit CtrlCStops(MMultiOperation& operation);
+  ~CtrlCStops();
+  CtrlCStops(const CtrlCStops&) = delete;
+  CtrlCStops& operator=(const CtrlCStops&) = delete;
+};
+
 // Says on stderr how far the operation that runs is, in a line that never runs backwards and goes
 // when the operation ends: on a terminal only, and when there is no window.
 void ShowProgress(const char* verb, unsigned done, unsigned all);

@@ -98,10 +98,7 @@ bool Convert(MFile& text, const char* target) {
 
 int TextCommand(int count, char** arguments) {
   Options options;
-  if (!ReadOptions(count, arguments, options)) {
-    fputs("usage: orv text FILE [-o OUT]\n", stderr);
-    return kWrongUsage;
-  }
+  if (!ReadOptions(count, arguments, options)) return kWrongUsage;
   MFile text;
   if (!OpenText(text, options.file)) return kFailed;
   const bool done = options.out == nullptr ? Print(text) : Convert(text, options.out);

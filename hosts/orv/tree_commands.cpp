@@ -85,9 +85,9 @@ int CopyCommand(int, char** arguments) {
 }
 
 int CleanCommand(int count, char** arguments) {
+  const bool byMask = strcmp(arguments[1], "--mask") == 0;
+  if (byMask != (count == 3)) return kWrongUsage;
   if (!IsThere(arguments[0])) return kFailed;
-  const bool byMask = count == 3 && strcmp(arguments[1], "--mask") == 0;
-  if (count == 3 && !byMask) return kWrongUsage;
   const int result = byMask ? DirectoryCleanupMask(arguments[0], arguments[2])
                             : DirectoryCleanup(arguments[0], arguments[1], 1, 0);
   if (result != 0) return kDone;

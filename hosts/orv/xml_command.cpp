@@ -1,5 +1,3 @@
-#include "xml_command.h"
-
 #include <afxwin.h>
 
 #include <algorithm>
@@ -102,10 +100,7 @@ bool HoldsZeroByte(const char* path) {
 
 int XmlCommand(int count, char** arguments) {
   Options options;
-  if (!ReadOptions(count, arguments, options)) {
-    fputs("usage: orv xml FILE [-o OUT] [--html]\n", stderr);
-    return kWrongUsage;
-  }
+  if (!ReadOptions(count, arguments, options)) return kWrongUsage;
   if (HoldsZeroByte(options.file)) {
     fprintf(stderr, "orv: %s: is no 8-bit text: it holds zero bytes, as UTF-16 does\n",
             options.file);

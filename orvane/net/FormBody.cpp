@@ -60,14 +60,15 @@ FormResult FormBody::Read(const char* path, const char* fileName) {
       quoted(fileName) + "\"\r\nContent-Type: application/octet-stream\r\n\r\n";
   const std::string tail = "\r\n" + boundary + "--\r\n";
 
-  // Opened for update: what must not be written is not sent either, by design. Others may read it
-  // meanwhile, not change it.
+  // Opened for update: what must not be written is not sent either, by design. It may be open
+  // elsewhere, as the log is that its own program sends: what was there at the start is sent.
   if (isReadOnly(path)) {
     SetLastError(ERROR_ACCESS_DENIED);
     return FormResult::NoFile;
   }
-  const unique_file file(CreateFileA(path, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                                     OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  const unique_file file(CreateFileA(path, GENERIC_READ | GENERIC_WRITE,
+                                     FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                                     FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
   LARGE_INTEGER length;
   if (!file || !GetFileSizeEx(file.get(), &length)) return FormResult::NoFile;
   const ULONGLONG size = head.size() + static_cast<ULONGLONG>(length.QuadPart) + tail.size();

@@ -102,13 +102,17 @@ void InternetDownload::TryAttempts() {
   DWORD pause = kFirstPause;
   for (int attempt = 1;; ++attempt) {
     m_readOk = DownloadUrl();
-    if (m_readOk != 0) m_failed = 0;
-    if (m_readOk != 0 || m_aborted != 0) break;
-    TraceInternetError("InternetDownload::DoLoopOperation", m_url, m_error);
+    if (m_readOk != 0) {
+      m_failed = 0;
+      break;
+    }
+    if (m_aborted == 0) TraceInternetError("InternetDownload::DoLoopOperation", m_url, m_error);
     if (MayRetry(GetError()) == 0 || attempt >= m_retries) break;
-    TraceFunction::TraceEvent("Retry", m_url);
-    WaitWhile([](const InternetDownload&) { return true; }, pause);
-    if (m_aborted != 0) {
+    if (m_aborted == 0) {
+      TraceFunction::TraceEvent("Retry", m_url);
+      WaitWhile([](const InternetDownload&) { return true; }, pause);
+    }
+    if (m_aborted != 0) {  // which is why there is no further attempt, whatever this one came to
       Fail(ERROR_INTERNET_OPERATION_CANCELLED);
       break;
     }

@@ -9,7 +9,7 @@
 // Posts a file as a form with one file field, "attach1" (RFC 7578). The boundary is "AaB03x" and
 // no header announces it, by design: the page finds it in the body's first line.
 //
-//   path      the file; one that is read-only is refused
+//   path      the file, which may be open elsewhere; one that is read-only is refused
 //   fileName  the name in the form. Quotes and line ends are written as %22, %0D and %0A, so that a
 //             name stays a name; all other bytes stand as they are.
 //   server    a host, with a port behind a colon where it is not 80

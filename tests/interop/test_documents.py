@@ -77,6 +77,7 @@ def reference_has_the_comments(orv, folder):
         "XUnzip_8h.html": "Opens an archive.",  # above a function
         "structZIPENTRY.html": "bytes when extracted",  # behind a field
         "classMMultiOperation.html": "Long-running work",  # the file's, about its class
+        "annotated.html": "Extracts an archive into a folder",  # likewise, of one with its own
         "classMListCtrl.html": "1, or 0: there are kMostColumns already, or no memory.",  # a group's
         "AssertVerifyTrace_8h.html": "VERIFY(expression): always evaluated.",  # a macro's
     }.items():

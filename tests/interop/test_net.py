@@ -14,8 +14,7 @@ from interop import check, check_equal
 from web import serving
 
 BYTES = random.Random(1).randbytes(3_000_000)
-IS_LONG = bool(os.environ.get("ORVANE_LONG"))
-KILLS = 100 if IS_LONG else 4
+KILLS = 100 if os.environ.get("ORVANE_LONG") else 4
 
 # Wine 8 refuses one elliptic-curve signature in 128: those of which a number is short by a byte.
 KEY = ("-newkey", "rsa:2048", "-nodes")
@@ -73,7 +72,6 @@ def answers(orv, folder):
 
 def killed_at_any_moment(orv, folder):
     """The file holds the old bytes or all of the new ones."""
-    seen = {"old": 0, "new": 0}
     moments = random.Random(2)
     file = folder / "file"
     with serving(folder) as web:
@@ -91,10 +89,6 @@ def killed_at_any_moment(orv, folder):
             time.sleep(0.05)  # the system's own end of it
             found = file.read_bytes()
             check(found in (b"old", BYTES), f"{len(found)} bytes after a kill")
-            seen["old" if found == b"old" else "new"] += 1
-    check(seen["old"] > 0, f"no kill came in time: {seen}")
-    if IS_LONG:
-        print(f"after {KILLS} kills within {whole:.2f} s: {seen}")
 
 
 def an_uploaded_form(orv, folder):
@@ -118,26 +112,17 @@ def an_uploaded_form(orv, folder):
 
 def commands_to_a_page(orv, folder):
     result = b"<html><span id=result>%s</span>\r\n"
-    cases = {
-        "reply": (b"." * 49_990 + result % b"a reply", 0, "a reply"),  # across two reads
-        "empty": (result % b"", 1, "the result is empty"),
-        "open": (b"<span id=result>a reply", 1, "the answer has no result"),
-        "closed": (b"<span id=SessionClosed></span>", 1, "the server has closed the session"),
-    }
     with serving(folder) as web:
-        for name, (answer, status, expected) in cases.items():
-            web.answers[name] = (answer, False)
-            found = run(orv, "ask", web.url(f"page/{name}?a=b")).expect(status)
-            text = found.stderr if status else found.stdout.decode()
-            check(expected in text, f"{name}: {text}")
-
+        web.answers["reply"] = (b"." * 49_990 + result % b"a reply", False)  # across two reads
+        found = run(orv, "ask", web.url("page/reply?a=b")).expect()
+        check_equal(found.stdout.split(), [b"a", b"reply"], "the reply")
+        web.answers["empty"] = (result % b"", False)
+        found = run(orv, "ask", web.url("page/empty")).expect(1)
+        check("the result is empty" in found.stderr, found.stderr)
         web.answers["data"] = (result % b"DATA" + BYTES, False)
         path = unix_path(run(orv, "ask", web.url("page/data")).expect().stdout.decode().strip())
         check(path.read_bytes() == BYTES, "other data arrived")
         path.unlink()
-        web.answers["data"] = (result % b"DATA" + BYTES, True)
-        found = run(orv, "ask", web.url("page/data")).expect(1)
-        check(LOST in found.stderr, found.stderr)
 
 
 @contextlib.contextmanager
@@ -155,52 +140,35 @@ def openssl(*arguments):
     interop.run("openssl", *arguments).expect()
 
 
-def certificates_good_and_bad(orv, folder):
-    def make(name, subject, days):
-        path = folder / name
-        (folder / "extension").write_text(f"subjectAltName=DNS:{subject}")
-        openssl(
-            "req", "-new", *KEY, "-subj", f"/CN={subject}", "-keyout", f"{path}.key",
-            "-out", f"{path}.request",
-        )  # fmt: skip
-        openssl(
-            "x509", "-req", "-in", f"{path}.request", "-days", days, "-CAcreateserial",
-            "-CA", authority, "-CAkey", f"{authority}.key", "-extfile", folder / "extension",
-            "-out", f"{path}.pem",
-        )  # fmt: skip
-        return path
-
-    authority = folder / "authority"
+def only_trusted_certificates(orv, folder):
+    authority, certificate = folder / "authority", folder / "certificate"
     openssl(
         "req", "-x509", *KEY, "-days", 2, "-subj", "/CN=Orvane test", "-keyout",
         f"{authority}.key", "-out", authority,
     )  # fmt: skip
     openssl("x509", "-in", authority, "-outform", "DER", "-out", f"{authority}.der")
-    good = make("good", "localhost", 2)
-    expired = make("expired", "localhost", -1)
-    other = make("other", "example.org", 2)
-
+    (folder / "extension").write_text("subjectAltName=DNS:localhost")
+    openssl(
+        "req", "-new", *KEY, "-subj", "/CN=localhost", "-keyout", f"{certificate}.key",
+        "-out", f"{certificate}.request",
+    )  # fmt: skip
+    openssl(
+        "x509", "-req", "-in", f"{certificate}.request", "-days", 2, "-CAcreateserial",
+        "-CA", authority, "-CAkey", f"{authority}.key", "-extfile", folder / "extension",
+        "-out", f"{certificate}.pem",
+    )  # fmt: skip
     file = folder / "file"
-    with serving(folder, [good, expired, other]) as web:
+    with serving(folder, certificate) as web:
         (web.site / "bytes").write_bytes(BYTES)
-
-        def get(certificate, status, page="bytes"):
-            url = f"https://localhost:{web.secure_ports[certificate]}/{page}"
-            return run(orv, "get", url, file).expect(status)
-
+        url = f"https://localhost:{web.secure_port}"
         with trusting(orv, folder / "authority.der"):
-            get(good, 0)
+            run(orv, "get", f"{url}/bytes", file).expect()
             check(file.read_bytes() == BYTES, "other bytes arrived")
             file.unlink()
-            for certificate, page, code in (
-                (expired, "bytes", "12037"),
-                (other, "bytes", "12038"),
-                (good, "insecure/bytes", "12040"),
-            ):
-                found = get(certificate, 1, page)
-                check(f"Error code = {code}" in found.stderr, found.stderr)
+            found = run(orv, "get", f"{url}/insecure/bytes", file).expect(1)
+            check("Error code = 12040" in found.stderr, found.stderr)
         # Windows and Wine do not agree in the code for an authority that nobody trusts.
-        found = get(good, 1)
+        found = run(orv, "get", f"{url}/bytes", file).expect(1)
         check("Error code = 120" in found.stderr, found.stderr)
     check(not file.exists(), "the file was made")
 
@@ -221,7 +189,7 @@ if __name__ == "__main__":
             killed_at_any_moment,
             an_uploaded_form,
             commands_to_a_page,
-            certificates_good_and_bad,
+            only_trusted_certificates,
             libraries_of_the_system,
         ],
         "transfers",

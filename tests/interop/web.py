@@ -45,7 +45,7 @@ http {{
       chunked_transfer_encoding off;
     }}
   }}
-  {secure_servers}
+  {secure_server}
 }}
 """
 
@@ -104,13 +104,12 @@ class Web:
     """What is served: files in `site`, answers of the page in `answers`: bytes, and whether the
     connection breaks under them."""
 
-    def __init__(self, folder, certificates):
+    def __init__(self, folder):
         self.site = folder / "site"
         self.site.mkdir()
         self.answers = {}
         self.forms = []
-        self.port = free_port()
-        self.secure_ports = {each: free_port() for each in certificates}
+        self.port, self.secure_port = free_port(), free_port()
 
     @property
     def address(self):
@@ -121,21 +120,18 @@ class Web:
 
 
 @contextlib.contextmanager
-def serving(folder, certificates=()):
-    """certificates: paths of files without their endings .pem and .key; each gets a server."""
+def serving(folder, certificate=None):
+    """certificate: the path of its files without .pem and .key, for a secure server besides."""
     check(NGINX, "there is no nginx: run tools/setup")
     folder = pathlib.Path(folder) / "web"
     folder.mkdir()
-    web = Web(folder, certificates)
+    web = Web(folder)
     page = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Page)
     page.handle_error = lambda *_: None  # clients that were killed
     page.answers, page.forms = web.answers, web.forms
     threading.Thread(target=page.serve_forever, daemon=True).start()
-    secure_servers = "".join(
-        SECURE_SERVER.format(
-            folder=folder, port=port, certificate=certificate, address=web.address
-        )
-        for certificate, port in web.secure_ports.items()
+    secure_server = SECURE_SERVER.format(
+        folder=folder, port=web.secure_port, certificate=certificate, address=web.address
     )
     configuration = folder / "nginx.conf"
     configuration.write_text(
@@ -143,7 +139,7 @@ def serving(folder, certificates=()):
             folder=folder,
             port=web.port,
             page_port=page.server_port,
-            secure_servers=secure_servers,
+            secure_server=secure_server if certificate else "",
         )
     )
     nginx = subprocess.Popen(

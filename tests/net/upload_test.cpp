@@ -1,6 +1,7 @@
 // Files sent to a server page.
 #include "net/InternetUpload.h"
 
+#include <fstream>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -47,9 +48,10 @@ TEST(Upload, SendsTheFileAsAForm) {
       {nullptr, "", 5},
   };
   for (const auto& each : kCases) {
-    const std::string bytes = BytesOf(each.size);
+    const std::string bytes = BytesOf(each.size), path = folder.Write("file", bytes);
+    const std::ofstream writer(path, std::ios::app);  // may have it open
     Page page;
-    EXPECT_EQ(1, upload(folder.Write("file", bytes), each.name, page.server.HostAndPort()));
+    EXPECT_EQ(1, upload(path, each.name, page.server.HostAndPort()));
     EXPECT_TRUE(page.head.starts_with("POST /upload.asp HTTP/1.0\r\n")) << page.head;
     EXPECT_NE(std::string::npos, page.head.find("User-Agent: Sample Web Service Client\r\n"));
     EXPECT_EQ(std::string::npos, page.head.find("multipart")) << page.head;
