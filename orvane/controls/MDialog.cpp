@@ -165,11 +165,15 @@ int MDialog::DoModal() {
   if (m_hWnd != nullptr || AssertVerifyTrace::BlockGui()) return -1;
   const DialogTemplate contents = Template();
   InitModalIndirect(contents.Get(), m_pParentWnd);
-  m_modal = true;
-  const int result = CDialog::DoModal();
-  m_modal = false;
-  m_lpDialogTemplate = nullptr;
-  return result;
+  struct Run {
+    explicit Run(MDialog& modal) : dialog(modal) { dialog.m_modal = true; }
+    ~Run() {
+      dialog.m_modal = false;
+      dialog.m_lpDialogTemplate = nullptr;
+    }
+    MDialog& dialog;
+  } const run(*this);
+  return CDialog::DoModal();
 }
 
 BOOL MDialog::Create(CWnd* owner) {
