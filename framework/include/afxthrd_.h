@@ -32,7 +32,7 @@ class AFX_CORE_DATA CWinThread : public CCmdTarget {
   }
 
   // A thread with windows: FALSE from InitInstance ends it before Run. ExitInstance returns the
-  // thread's exit code.
+  // thread's exit code: what PostQuitMessage was given, 0 when nobody called it.
   virtual BOOL InitInstance();
   virtual int Run();
   virtual int ExitInstance();
