@@ -48,16 +48,6 @@ TEST_F(Menus, PopupMenusAreFoundAgainAndGoWithTheirMenu) {
   EXPECT_FALSE(::IsMenu(handle));
 }
 
-TEST_F(Menus, AResource) {
-  CMenu menu;
-  ASSERT_TRUE(menu.LoadMenu("MENU_TEST"));
-  CString string;
-  menu.GetSubMenu(0)->GetMenuString(kOpen, string, MF_BYCOMMAND);
-  EXPECT_EQ(text(string), "&Open");
-  CMenu missing;
-  EXPECT_FALSE(missing.LoadMenu(4711));
-}
-
 // Measures and draws its items itself.
 class ColouredMenu : public CMenu {
  public:

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/Allocations.h"
 #include "support/CodePage.h"
 
 #include "dialogs/Driver.h"
@@ -117,6 +118,20 @@ TEST(Dialog, ModelessIsHiddenAtFirstAndDestroyedByItsButtons) {
   Sample left;
   left.dialog.Create();
   DeleteTemporaryObjects();
+}
+
+TEST(Dialog, MayDeleteItselfWhenItsWindowGoes) {
+  struct Own : MDialog {
+    void PostNcDestroy() override {
+      MDialog::PostNcDestroy();
+      delete this;
+    }
+  };
+  const allocations::GuardPages guard;
+  MDialog* const dialog = new Own;
+  dialog->SetDialog(-1, -1, 100, 60, "Own", 1, 1);
+  Driver driver({Driver::Close()});
+  EXPECT_EQ(dialog->DoModal(), IDCANCEL);
 }
 
 TEST(Dialog, TextsAreAsLongAsTheyAre) {
