@@ -27,6 +27,8 @@ class AFX_CORE_DATA CDialog : public CWnd {
 
   // Shows the dialog and returns when it ends, with the value given to EndDialog: IDOK and IDCANCEL
   // by the buttons with these ids. -1: no such template, or the window could not be created.
+  // What an override throws outside of a message, PreTranslateMessage for one, comes out of here;
+  // the window is destroyed.
   virtual int DoModal();
   // Ends DoModal, from a handler; the window is destroyed after the handler has returned.
   void EndDialog(int nResult);

@@ -13,7 +13,7 @@ class CSize : public tagSIZE {
   CSize(SIZE initSize) : tagSIZE(initSize) {}
   CSize(POINT initPt) : tagSIZE{initPt.x, initPt.y} {}
   // The low word is the width, the high word the height; both are signed.
-  explicit CSize(DWORD dwSize)
+  CSize(DWORD dwSize)
       : tagSIZE{static_cast<short>(LOWORD(dwSize)), static_cast<short>(HIWORD(dwSize))} {}
 
   void SetSize(int CX, int CY) { cx = CX, cy = CY; }
@@ -39,7 +39,7 @@ class CPoint : public tagPOINT {
   CPoint(POINT initPt) : tagPOINT(initPt) {}
   CPoint(SIZE initSize) : tagPOINT{initSize.cx, initSize.cy} {}
   // A mouse message's parameter: the low word is x, the high word y; both are signed.
-  explicit CPoint(LPARAM dwPoint)
+  CPoint(LPARAM dwPoint)
       : tagPOINT{static_cast<short>(LOWORD(dwPoint)), static_cast<short>(HIWORD(dwPoint))} {}
 
   void Offset(int xOffset, int yOffset) { x += xOffset, y += yOffset; }

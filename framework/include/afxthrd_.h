@@ -16,7 +16,9 @@ class AFX_CORE_DATA CWinThread : public CCmdTarget {
   CWinThread(AFX_THREADPROC pfnThreadProc, LPVOID pParam);
   ~CWinThread() override;
 
-  // FALSE: the system has refused. nStackSize 0: as the program's first thread.
+  // Returns when the thread is ready to run, so it is not for a DllMain, whose end new threads wait
+  // for. FALSE: there was no memory, or the system has refused. nStackSize 0: as the program's
+  // first thread.
   BOOL CreateThread(DWORD dwCreateFlags = 0, UINT nStackSize = 0,
                     LPSECURITY_ATTRIBUTES lpSecurityAttrs = nullptr);
 
@@ -30,7 +32,7 @@ class AFX_CORE_DATA CWinThread : public CCmdTarget {
   }
 
   // A thread with windows: FALSE from InitInstance ends it before Run. ExitInstance returns the
-  // thread's exit code.
+  // thread's exit code: what PostQuitMessage was given, 0 when nobody called it.
   virtual BOOL InitInstance();
   virtual int Run();
   virtual int ExitInstance();
@@ -70,8 +72,8 @@ class AFX_CORE_DATA CWinThread : public CCmdTarget {
 };
 
 // Starts a thread that runs a function; its result is the exit code. Null when the thread could not
-// be started. The object deletes itself when the thread ends: who wants to use it afterwards starts
-// the thread with CREATE_SUSPENDED and clears m_bAutoDelete.
+// be started, see CreateThread. The object deletes itself when the thread ends: who wants to use it
+// afterwards starts the thread with CREATE_SUSPENDED and clears m_bAutoDelete.
 AFX_CORE_DATA CWinThread* AFXAPI AfxBeginThread(AFX_THREADPROC pfnThreadProc, LPVOID pParam,
                                                 int nPriority = THREAD_PRIORITY_NORMAL,
                                                 UINT nStackSize = 0, DWORD dwCreateFlags = 0,

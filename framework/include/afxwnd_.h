@@ -18,6 +18,7 @@ class CListBox;
 class CRgn;
 class CScrollBar;
 
+struct CCreateContext;
 struct _AfxModalLoop;
 
 // Options of RunModalLoop.
@@ -66,7 +67,8 @@ class AFX_CORE_DATA CWnd : public CCmdTarget {
   // Creation. FALSE when the window could not be created or its OnCreate refused.
   // lpszClassName: null for the framework's own class of child windows.
   virtual BOOL Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle,
-                      const RECT& rect, CWnd* pParentWnd, UINT nID, void* pContext = nullptr);
+                      const RECT& rect, CWnd* pParentWnd, UINT nID,
+                      CCreateContext* pContext = nullptr);
   BOOL CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle,
                 int x, int y, int nWidth, int nHeight, HWND hWndParent, HMENU nIDorHMenu,
                 LPVOID lpParam = nullptr);

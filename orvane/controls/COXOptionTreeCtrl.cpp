@@ -54,22 +54,24 @@ int COXOptionTreeCtrl::SetBox(UINT id, int checked) {
 }
 
 LRESULT COXOptionTreeCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  const HWND window = m_hWnd;  // the parent may end the tree when it is notified
   const LRESULT result = CTreeCtrl::WindowProc(message, wParam, lParam);
   if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK || message == WM_LBUTTONUP ||
       message == WM_KEYDOWN || message == WM_CHAR)
-    PostMessage(kCompareMessage);
+    ::PostMessage(window, kCompareMessage, 0, 0);
   return result;
 }
 
 LRESULT COXOptionTreeCtrl::OnCompare(WPARAM, LPARAM) {
-  // The parent may add boxes or close the window when it is told.
-  for (size_t i = 0; m_hWnd != nullptr && i < m_boxes.size(); ++i) {
+  // The parent may add boxes, close the window, or end this object when it is told.
+  const HWND window = m_hWnd;
+  for (size_t i = 0; FromHandlePermanent(window) == this && i < m_boxes.size(); ++i) {
     Box& box = m_boxes[i];
     const int checked = GetCheck(box.item) != 0;
     if (checked == box.checked) continue;
     box.checked = checked;
     GetParent()->SendMessage(WM_COMMAND, MAKEWPARAM(box.id, BN_CLICKED),
-                             reinterpret_cast<LPARAM>(m_hWnd));
+                             reinterpret_cast<LPARAM>(window));
   }
   return 0;
 }

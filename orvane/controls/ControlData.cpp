@@ -39,7 +39,7 @@ void MControlData::SetVal(int value) {
 
 void MControlData::SetIcon(HICON icon) {
   m_icon = icon;
-  if (IsOpen()) ToWindow();
+  if (IsOpen()) send(Handle(), STM_SETICON, reinterpret_cast<WPARAM>(icon));
 }
 
 void MControlData::ToWindow() {

@@ -42,7 +42,7 @@ class ORVANE_API MControlData {
   int GetVal() const { return m_value; }
   void SetVal(int value);
 
-  // An icon, which stays the caller's, and is not destroyed while it is shown.
+  // An icon, which stays the caller's, and is not destroyed while it is shown; null: none.
   void SetIcon(HICON icon);
 
   // --- For the dialog ---

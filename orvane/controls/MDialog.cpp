@@ -165,16 +165,14 @@ int MDialog::DoModal() {
   if (m_hWnd != nullptr || AssertVerifyTrace::BlockGui()) return -1;
   const DialogTemplate contents = Template();
   InitModalIndirect(contents.Get(), m_pParentWnd);
-  m_modal = true;
-  const int result = CDialog::DoModal();
-  m_modal = false;
-  m_lpDialogTemplate = nullptr;
-  return result;
+  m_modal = true;  // until PostNcDestroy, in which a derived class may delete the dialog
+  return CDialog::DoModal();
 }
 
 BOOL MDialog::Create(CWnd* owner) {
   ASSERT(m_hWnd == nullptr);
   if (m_hWnd != nullptr || AssertVerifyTrace::BlockGui()) return FALSE;
+  m_modal = false;
   return CreateIndirect(Template().Get(), owner != nullptr ? owner : m_pParentWnd);
 }
 
@@ -259,5 +257,7 @@ void MDialog::Finish(int result) {
 
 void MDialog::PostNcDestroy() {
   for (const auto& control : m_controls) control->Attach(nullptr);
+  m_modal = false;
+  m_lpDialogTemplate = nullptr;
   CDialog::PostNcDestroy();
 }

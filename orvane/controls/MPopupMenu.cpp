@@ -6,13 +6,15 @@ namespace {
 BOOL copyEntries(HMENU to, HMENU from) {
   const int count = GetMenuItemCount(from);
   for (int i = 0; i < count; ++i) {
-    char text[512];
     MENUITEMINFO info = {};
     info.cbSize = sizeof info;
-    info.fMask = MIIM_FTYPE | MIIM_STATE | MIIM_ID | MIIM_SUBMENU | MIIM_STRING;
-    info.dwTypeData = text;
-    info.cch = sizeof text;
+    info.fMask = MIIM_FTYPE | MIIM_STATE | MIIM_ID | MIIM_SUBMENU;
     if (!GetMenuItemInfo(from, i, TRUE, &info)) return FALSE;
+    CString text;
+    if (CMenu::FromHandle(from)->GetMenuString(i, text, MF_BYPOSITION) > 0) {
+      info.fMask |= MIIM_STRING;
+      info.dwTypeData = text.GetBuffer(0);
+    }
     if (info.hSubMenu != nullptr) {
       const HMENU copy = CreatePopupMenu();
       if (copy == nullptr) return FALSE;

@@ -10,17 +10,6 @@
 namespace {
 
 using CommonControls = ControlTest;
-TEST_F(CommonControls, ProgressBarsKeepRangeAndPosition) {
-  CProgressCtrl progress;
-  ASSERT_TRUE(Make(progress, WS_BORDER));
-  progress.SetRange32(-100000, 100000);
-  int lower, upper;
-  progress.GetRange(lower, upper);
-  EXPECT_EQ(lower, -100000);
-  EXPECT_EQ(upper, 100000);
-  progress.SetPos(90000);
-  EXPECT_EQ(progress.GetPos(), 90000);
-}
 
 TEST_F(CommonControls, StatusBarsKeepTextsOfAnyLength) {
   CStatusBarCtrl bar;
@@ -34,32 +23,6 @@ TEST_F(CommonControls, StatusBarsKeepTextsOfAnyLength) {
     EXPECT_EQ(text(bar.GetText(1, &type)), expected);
     EXPECT_EQ(type, SBT_POPOUT);
   }
-}
-
-TEST_F(CommonControls, ToolBarsKeepTheirButtons) {
-  CToolBarCtrl bar;
-  ASSERT_TRUE(Make(bar, CCS_NORESIZE));
-  EXPECT_EQ(bar.AddStrings("First\0Second\0"), 0);
-  TBBUTTON buttons[2] = {};
-  for (int i = 0; i < 2; ++i) {
-    buttons[i].idCommand = 100 + i;
-    buttons[i].fsState = TBSTATE_ENABLED;
-    buttons[i].fsStyle = TBSTYLE_CHECK;
-    buttons[i].iString = i;
-  }
-  EXPECT_TRUE(bar.AddButtons(2, buttons));
-  EXPECT_EQ(bar.CommandToIndex(101), 1u);
-  bar.EnableButton(100, FALSE);
-  bar.CheckButton(101);
-  EXPECT_FALSE(bar.IsButtonEnabled(100));
-  EXPECT_TRUE(bar.IsButtonEnabled(101) && bar.IsButtonChecked(101));
-  EXPECT_EQ(bar.GetState(999), -1);
-  CRect second;
-  EXPECT_TRUE(bar.GetItemRect(1, &second));
-  CPoint inside = second.CenterPoint();
-  EXPECT_EQ(bar.HitTest(&inside), 1);
-  EXPECT_TRUE(bar.DeleteButton(0));
-  EXPECT_EQ(bar.GetButtonCount(), 1);
 }
 
 // Gives its tools' texts when they are to be shown.

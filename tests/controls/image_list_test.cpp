@@ -3,31 +3,10 @@
 #include <gtest/gtest.h>
 
 #include "controls/ControlTest.h"
-#include "controls/Pixels.h"
 
 namespace {
 
 using ImageLists = ControlTest;
-
-TEST_F(ImageLists, PicturesAreDrawnWithTheirMask) {
-  // Two pictures beside each other, whose upper halves are to be transparent.
-  Canvas strip(32, 16);
-  strip.FillSolidRect(0, 0, 32, 8, kGreen);
-  strip.FillSolidRect(0, 8, 16, 8, kRed);
-  strip.FillSolidRect(16, 8, 16, 8, kBlue);
-  CImageList list;
-  ASSERT_TRUE(list.Create(16, 16, ILC_COLOR24 | ILC_MASK, 0, 4));
-  EXPECT_EQ(list.Add(&strip.Picture(), kGreen), 0);
-  EXPECT_EQ(list.GetImageCount(), 2);
-
-  Canvas canvas;
-  EXPECT_TRUE(list.Draw(&canvas, 1, CPoint(10, 20), ILD_TRANSPARENT));
-  EXPECT_EQ(canvas.Find(kBlue), CRect(10, 28, 26, 36)) << "the upper half is transparent";
-  EXPECT_EQ(canvas.Find(kRed), CRect(0, 0, 0, 0));
-  EXPECT_EQ(canvas.GetPixel(12, 22), kWhite);
-
-  EXPECT_FALSE(list.Draw(&canvas, 7, CPoint(0, 0), ILD_NORMAL));
-}
 
 TEST_F(ImageLists, ObjectsOwnWhatTheyHold) {
   CImageList list;

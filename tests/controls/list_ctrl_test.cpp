@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -89,76 +88,6 @@ TEST_F(List, ItemsKeepTextsOfAnyLengthAndData) {
   EXPECT_EQ(list.GetItemText(0, 0, buffer, sizeof buffer), 4);
   EXPECT_STREQ(buffer, "0123");
   EXPECT_FALSE(list.DeleteItem(1000));
-}
-
-int CALLBACK byData(LPARAM left, LPARAM right, LPARAM factor) {
-  return static_cast<int>((left - right) * factor);
-}
-
-TEST_F(List, SortsByData) {
-  CListCtrl list;
-  ASSERT_TRUE(Make(list, LVS_REPORT));
-  list.InsertColumn(0, "Text", LVCFMT_LEFT, 100);
-  for (const int number : {3, 1, 2}) {
-    CString name;
-    name.Format("%d", number);
-    list.SetItemData(list.InsertItem(0, name), number);
-  }
-  const auto order = [&] {
-    std::string all;
-    for (int i = 0; i < list.GetItemCount(); ++i) all += list.GetItemText(i, 0);
-    return all;
-  };
-  list.SetExtendedStyle(LVS_EX_CHECKBOXES);
-  list.SetCheck(0);  // of "2"
-  EXPECT_TRUE(list.SortItems(byData, 1));
-  EXPECT_EQ(order(), "123");
-  EXPECT_TRUE(list.GetCheck(1) && !list.GetCheck(0));
-  EXPECT_TRUE(list.SortItems(byData, static_cast<DWORD_PTR>(-1)));
-  EXPECT_EQ(order(), "321");
-  LVFINDINFO find = {};
-  find.flags = LVFI_STRING;
-  find.psz = "2";
-  EXPECT_EQ(list.FindItem(&find), 1);
-  find.psz = "4";
-  EXPECT_EQ(list.FindItem(&find), -1);
-}
-
-TEST_F(List, ColumnsAndTheirHeaderAreInOneOrder) {
-  CListCtrl list;
-  ASSERT_TRUE(Make(list, LVS_REPORT));
-  list.SetExtendedStyle(LVS_EX_FULLROWSELECT | LVS_EX_HEADERDRAGDROP);
-  EXPECT_EQ(list.SetExtendedStyle(LVS_EX_GRIDLINES, LVS_EX_GRIDLINES),
-            static_cast<DWORD>(LVS_EX_FULLROWSELECT | LVS_EX_HEADERDRAGDROP));
-  EXPECT_TRUE(list.GetExtendedStyle() & LVS_EX_FULLROWSELECT);
-  const char* const titles[] = {"Name", "Size", "Date"};
-  for (int i = 0; i < 3; ++i) EXPECT_EQ(list.InsertColumn(i, titles[i], LVCFMT_LEFT, 50 + i, i), i);
-
-  CHeaderCtrl* const header = list.GetHeaderCtrl();
-  ASSERT_NE(header, nullptr);
-  int order[] = {2, 0, 1};
-  EXPECT_TRUE(list.SetColumnOrderArray(3, order));
-  int read[3] = {};
-  EXPECT_TRUE(header->GetOrderArray(read));
-  EXPECT_TRUE(std::equal(order, order + 3, read));
-  EXPECT_EQ(header->OrderToIndex(0), 2);
-  EXPECT_TRUE(list.SetColumnWidth(1, 80));
-  CRect first, third;
-  EXPECT_TRUE(header->GetItemRect(0, &first));
-  EXPECT_TRUE(header->GetItemRect(2, &third));
-  EXPECT_EQ(first.left, third.right) << "column 2 now stands left of column 0";
-
-  list.InsertItem(0, "row");
-  CRect cell;
-  EXPECT_TRUE(list.GetSubItemRect(0, 1, LVIR_BOUNDS, cell));
-  EXPECT_EQ(cell.Width(), 80);
-  LVHITTESTINFO hit = {};
-  hit.pt = cell.CenterPoint();
-  EXPECT_EQ(list.SubItemHitTest(&hit), 0);
-  EXPECT_EQ(hit.iSubItem, 1);
-  UINT flags = 0;
-  EXPECT_EQ(list.HitTest(CPoint(2, 190), &flags), -1);
-  EXPECT_TRUE(flags & LVHT_NOWHERE);
 }
 
 // Accepts labels that are not empty.

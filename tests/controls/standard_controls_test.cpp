@@ -40,19 +40,6 @@ TEST_F(Controls, TextsOfAnyLengthComeBackWhole) {
   EXPECT_TRUE(none.IsEmpty());
 }
 
-TEST_F(Controls, ScrollBarsHaveLargeRanges) {
-  CScrollBar bar;
-  ASSERT_TRUE(Make(bar, SBS_VERT));
-  SCROLLINFO info = {};
-  info.fMask = SIF_ALL;
-  info.nMax = 1000000;
-  info.nPage = 100;
-  info.nPos = 500000;
-  bar.SetScrollInfo(&info);
-  EXPECT_EQ(bar.GetScrollPos(), 500000);
-  EXPECT_EQ(bar.GetScrollLimit(), 1000000 - 99);
-}
-
 // Sorts its items by their data, from the largest to the smallest, and draws them.
 class NumberList : public CListBox {
  public:
@@ -91,20 +78,6 @@ TEST_F(Controls, OwnerDrawnListsAnswerForThemselves) {
   EXPECT_EQ(list.deleted, 1);
   list.ResetContent();
   EXPECT_EQ(list.deleted, 3);
-}
-
-TEST_F(Controls, CombosDropAndChoose) {
-  CComboBox combo;
-  ASSERT_TRUE(Make(combo, CBS_DROPDOWNLIST));
-  for (const char* item : {"zero", "one", "two"}) combo.AddString(item);
-  EXPECT_EQ(combo.GetCurSel(), CB_ERR);
-  EXPECT_EQ(combo.SelectString(-1, "TW"), 2);
-  combo.ShowDropDown();
-  EXPECT_TRUE(combo.GetDroppedState());
-  combo.SendMessage(WM_KEYDOWN, VK_UP);
-  combo.SendMessage(WM_KEYDOWN, VK_RETURN);
-  EXPECT_FALSE(combo.GetDroppedState());
-  EXPECT_EQ(text(combo), "one");
 }
 
 }  // namespace

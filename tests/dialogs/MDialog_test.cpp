@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/Allocations.h"
 #include "support/CodePage.h"
 
 #include "dialogs/Driver.h"
@@ -119,35 +120,18 @@ TEST(Dialog, ModelessIsHiddenAtFirstAndDestroyedByItsButtons) {
   DeleteTemporaryObjects();
 }
 
-// A window that follows work of another thread: made hidden, run as long as its class says, and not
-// ended by its button.
-TEST(Dialog, RunsAsAProgressWindow) {
-  struct Progress : MDialog {
-    Progress() {
-      SetDialog(-1, -1, 200, 80, "0% Completed", 1, 1);
-      SetCancelButton(80, 60, 45, 15, " Stop ");
-      const CSize size = GetTextSize("Working");
-      SetTextBox(10, 5, size.cx, size.cy, "Working");
+TEST(Dialog, MayDeleteItselfWhenItsWindowGoes) {
+  struct Own : MDialog {
+    void PostNcDestroy() override {
+      MDialog::PostNcDestroy();
+      delete this;
     }
-    int DoModal() override {
-      const HWND owner = PreModal();
-      EXPECT_TRUE(Create(CWnd::FromHandle(owner)));
-      EXPECT_FALSE(IsWindowVisible());
-      RunModalLoop(MLF_SHOWONIDLE);
-      EXPECT_TRUE(IsWindowVisible());
-      DestroyWindow();
-      PostModal();
-      return stops;
-    }
-    BOOL ContinueModal() override { return !done; }
-    void OnCancel() override { ++stops; }
-    bool done = false;
-    int stops = 0;
-  } progress;
-  Driver driver({Driver::Press(VK_ESCAPE), Driver::Click(IDCANCEL), Driver::Press(VK_RETURN),
-                 Driver::Close(), [&](HWND) { progress.done = true; }});
-  EXPECT_EQ(progress.DoModal(), 3);  // Enter is for an OK button
-  EXPECT_EQ(progress.m_hWnd, nullptr);
+  };
+  const allocations::GuardPages guard;
+  MDialog* const dialog = new Own;
+  dialog->SetDialog(-1, -1, 100, 60, "Own", 1, 1);
+  Driver driver({Driver::Close()});
+  EXPECT_EQ(dialog->DoModal(), IDCANCEL);
 }
 
 TEST(Dialog, TextsAreAsLongAsTheyAre) {

@@ -4,9 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "dialogs/Driver.h"
+#include "support/Allocations.h"
 
 namespace {
 
@@ -22,24 +24,24 @@ class Parent : public CWnd {
     DeleteTemporaryObjects();
   }
   void Open() {
-    tree.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 200, 200), this, 5);
-    for (const UINT id : {1, 2}) EXPECT_TRUE(tree.AddCheckBox(id, "box", id == 2));
+    tree->Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 200, 200), this, 5);
+    for (const UINT id : {1, 2}) EXPECT_TRUE(tree->AddCheckBox(id, "box", id == 2));
   }
   // As the user does it.
   void Toggle() {
-    tree.SelectItem(tree.GetRootItem());
-    tree.SendMessage(WM_KEYDOWN, VK_SPACE);
+    tree->SelectItem(tree->GetRootItem());
+    tree->SendMessage(WM_KEYDOWN, VK_SPACE);
     for (MSG message; PeekMessage(&message, nullptr, 0, 0, PM_REMOVE);) DispatchMessage(&message);
   }
 
-  COXOptionTreeCtrl tree;
+  std::unique_ptr<COXOptionTreeCtrl> tree = std::make_unique<COXOptionTreeCtrl>();
   std::vector<int> told;  // ids, and what the box has then
   std::function<void()> act = [] {};
 
  protected:
   BOOL OnCommand(WPARAM wParam, LPARAM) override {
     told.push_back(LOWORD(wParam));
-    told.push_back(tree.GetBox(LOWORD(wParam)));
+    told.push_back(tree->GetBox(LOWORD(wParam)));
     act();
     return TRUE;
   }
@@ -52,10 +54,10 @@ class Parent : public CWnd {
 
 TEST(OptionTree, TellsItsParentOfTheUsersChanges) {
   Parent parent;
-  EXPECT_EQ(parent.tree.GetBox(2), 1);
-  EXPECT_EQ(parent.tree.GetBox(3), -1);
-  EXPECT_FALSE(parent.tree.SetBox(3, 1));
-  EXPECT_TRUE(parent.tree.SetBox(2, 0));
+  EXPECT_EQ(parent.tree->GetBox(2), 1);
+  EXPECT_EQ(parent.tree->GetBox(3), -1);
+  EXPECT_FALSE(parent.tree->SetBox(3, 1));
+  EXPECT_TRUE(parent.tree->SetBox(2, 0));
   parent.Toggle();
   parent.Toggle();
   EXPECT_EQ(parent.told, (std::vector<int>{1, 1, 1, 0}));
@@ -64,17 +66,23 @@ TEST(OptionTree, TellsItsParentOfTheUsersChanges) {
 TEST(OptionTree, TheParentMayChangeOrEndIt) {
   Parent parent;
   parent.act = [&] {
-    for (UINT id = 10; id < 100; ++id) EXPECT_TRUE(parent.tree.AddCheckBox(id, "more", 1));
-    parent.tree.SetBox(2, 0);
+    for (UINT id = 10; id < 100; ++id) EXPECT_TRUE(parent.tree->AddCheckBox(id, "more", 1));
+    parent.tree->SetBox(2, 0);
   };
   parent.Toggle();
-  EXPECT_EQ(parent.tree.GetBox(99), 1);
-  parent.act = [&] { parent.tree.DestroyWindow(); };
+  EXPECT_EQ(parent.tree->GetBox(99), 1);
+  parent.act = [&] { parent.tree->DestroyWindow(); };
   parent.Toggle();
   EXPECT_EQ(parent.told, (std::vector<int>{1, 1, 1, 0}));
   // The next window has its own boxes.
   parent.act = [] {};
   parent.Open();
-  EXPECT_EQ(parent.tree.GetBox(99), -1);
-  EXPECT_EQ(parent.tree.GetBox(2), 1);
+  EXPECT_EQ(parent.tree->GetBox(99), -1);
+  EXPECT_EQ(parent.tree->GetBox(2), 1);
+  const allocations::GuardPages guard;
+  parent.tree->DestroyWindow();
+  parent.tree = std::make_unique<COXOptionTreeCtrl>();
+  parent.Open();
+  parent.act = [&] { parent.tree.reset(); };
+  parent.Toggle();
 }

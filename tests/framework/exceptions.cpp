@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <errno.h>
-
 namespace {
 
 class CCountedException : public CException {
@@ -17,6 +15,7 @@ class CCountedException : public CException {
 };
 IMPLEMENT_DYNAMIC(CCountedException, CException)
 
+// clang-format off: it takes the macros' braces for its own.
 TEST(Exception, CatchMacrosDeleteWhatTheyCaught) {
   const char* caught = "none";
   TRY { THROW(new CCountedException); }
@@ -42,6 +41,7 @@ END_CATCH
 EXPECT_STREQ(caught, "again");
 EXPECT_EQ(CCountedException::alive, 0);
 }
+// clang-format on
 
 TEST(Exception, TextsFitTheBuffer) {
   struct Case {
@@ -76,16 +76,6 @@ TEST(Exception, TextsFitTheBuffer) {
   CCountedException silent;
   EXPECT_FALSE(silent.GetErrorMessage(text, sizeof text));
   EXPECT_STREQ(text, "");
-}
-
-TEST(Exception, CausesFollowTheSystemsErrors) {
-  EXPECT_EQ(CFileException::OsErrorToException(NO_ERROR), CFileException::none);
-  EXPECT_EQ(CFileException::OsErrorToException(ERROR_DISK_FULL), CFileException::diskFull);
-  EXPECT_EQ(CFileException::OsErrorToException(ERROR_WRITE_PROTECT), CFileException::accessDenied);
-  EXPECT_EQ(CFileException::OsErrorToException(123456), CFileException::genericException);
-  EXPECT_EQ(CFileException::ErrnoToException(ENOENT), CFileException::fileNotFound);
-  EXPECT_EQ(CFileException::ErrnoToException(ENOSPC), CFileException::diskFull);
-  EXPECT_EQ(CFileException::ErrnoToException(12345), CFileException::genericException);
 }
 
 }  // namespace

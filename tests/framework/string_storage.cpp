@@ -35,18 +35,6 @@ TEST(StringConstruction, FromEveryKindOfText) {
   EXPECT_EQ((withNull + withNull).GetLength(), 6);
 }
 
-TEST(StringAssignment, FromEveryKindOfText) {
-  CString s("before");
-  s = 'c';
-  EXPECT_STREQ(s, "c");
-  s = L"wide";
-  EXPECT_STREQ(s, "wide");
-  s = reinterpret_cast<const unsigned char*>("bytes");
-  EXPECT_STREQ(s, "bytes");
-  s = static_cast<LPCSTR>(nullptr);
-  EXPECT_TRUE(s.IsEmpty());
-}
-
 TEST(StringSharing, EveryWriterGetsCharactersOfItsOwn) {
   struct Case {
     const char* name;

@@ -25,7 +25,6 @@ class DialogTemplate {
   DialogTemplate& Edit(const char* text, WORD id) {
     return Item(0x0081, text, id, WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL);
   }
-  DialogTemplate& Static(const char* text, WORD id) { return Item(0x0082, text, id, SS_LEFT); }
 
   // A control of a system class (its number in templates), one below the other.
   DialogTemplate& Item(WORD systemClass, const char* text, WORD id, DWORD style) {
@@ -42,7 +41,6 @@ class DialogTemplate {
   }
 
   operator LPCDLGTEMPLATE() const { return reinterpret_cast<LPCDLGTEMPLATE>(m_words.data()); }
-  size_t Size() const { return m_words.size() * sizeof(WORD); }
 
  private:
   WORD& Count() { return m_words[4]; }

@@ -49,6 +49,15 @@ TEST_F(Program, ObjectIsKnownWhileItLives) {
   EXPECT_EQ(AfxGetThread(), nullptr);
 }
 
+// The way of a program that is one dialog: the latest message says nothing about its exit code.
+TEST_F(Program, ExitCodeIsNobodyElsesNumber) {
+  CWinApp app("exit code");
+  StepDialog dialog(DialogTemplate("Main").Button("OK", IDOK));
+  dialog.Then([&] { dialog.PostMessage(WM_COMMAND, IDOK); });
+  EXPECT_EQ(dialog.DoModal(), IDOK);
+  EXPECT_EQ(app.ExitInstance(), 0);
+}
+
 TEST_F(Program, MessageBoxes) {
   BoxAnswer box(IDNO);
   EXPECT_EQ(AfxMessageBox("Really?", MB_YESNO), IDNO);

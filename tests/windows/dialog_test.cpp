@@ -64,6 +64,24 @@ TEST_F(Dialog, ExceptionOfOnInitDialogIsShown) {
   EXPECT_EQ(box.text, "the reason");
 }
 
+// Outside of a message, the exception is the caller's.
+TEST_F(Dialog, ExceptionOfPreTranslateMessageEndsTheDialog) {
+  class Throwing : public StepDialog {
+   public:
+    using StepDialog::StepDialog;
+    BOOL PreTranslateMessage(MSG*) override { AfxThrowUserException(); }
+  };
+  StepDialog owner(simple());
+  owner.Then([&] {
+    Throwing dialog(simple(), &owner);
+    dialog.Then([&] { dialog.PostMessage(WM_NULL); });
+    EXPECT_THROW(dialog.DoModal(), CUserException*);
+    EXPECT_EQ(dialog.m_hWnd, nullptr);
+    EXPECT_TRUE(owner.IsWindowEnabled());
+  });
+  EXPECT_EQ(owner.DoModal(), StepDialog::kStepsDone);
+}
+
 TEST_F(Dialog, EndedInOnInitDialogNeverShows) {
   InitialDialog dialog(simple(), [](InitialDialog& self) {
     self.EndDialog(5);

@@ -228,9 +228,3 @@ TEST_F(Handlers, RefusedCreationEndsOnce) {
     EXPECT_EQ(window.ends, 1) << how;
   }
 }
-
-TEST_F(Handlers, ClassOfRegisteredProperties) {
-  const CString name = AfxRegisterWndClass(CS_DBLCLKS);
-  EXPECT_EQ(name, AfxRegisterWndClass(CS_DBLCLKS));
-  EXPECT_NE(name, AfxRegisterWndClass(CS_HREDRAW));
-}

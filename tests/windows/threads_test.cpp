@@ -3,6 +3,7 @@
 
 #include <atomic>
 
+#include "support/Allocations.h"
 #include "windows/BoxAnswer.h"
 #include "windows/Steps.h"
 
@@ -14,9 +15,8 @@ class Threads : public WindowTest {};
 class Started {
  public:
   template <class... How>
-  explicit Started(How... how) : m_thread(AfxBeginThread(how..., 0, 0, CREATE_SUSPENDED)) {
-    m_thread->m_bAutoDelete = FALSE;
-  }
+  explicit Started(How... how) : Started(AfxBeginThread(how..., 0, 0, CREATE_SUSPENDED)) {}
+  explicit Started(CWinThread* suspended) : m_thread(suspended) { m_thread->m_bAutoDelete = FALSE; }
   ~Started() { delete m_thread; }
   CWinThread* operator->() const { return m_thread; }
   DWORD ExitCode() {
@@ -44,6 +44,32 @@ TEST_F(Threads, ExitCodes) {
   for (bool endsEarly : {false, true}) {
     EXPECT_EQ(Started(&work, &endsEarly).ExitCode(), endsEarly ? 41u : 40u);
   }
+}
+
+// What a thread needs for itself is there before anybody is told that it has started.
+TEST_F(Threads, WithoutMemoryOneIsNotStarted) {
+  CWinApp app("threads");
+  CWnd window;
+  window.CreateEx(0, nullptr, "Main", WS_POPUP, CRect(0, 0, 9, 9), nullptr, 0);
+  app.m_pMainWnd = &window;  // each thread remembers it
+  bool endsEarly = false;
+  for (unsigned n = 1, happened = 1; happened; ++n) {
+    CWinThread* thread = nullptr;
+    {
+      allocations::FailNth failure(n);
+      try {
+        thread = AfxBeginThread(&work, &endsEarly, 0, 0, CREATE_SUSPENDED);
+      } catch (CMemoryException* e) {
+        e->Delete();
+      }
+      happened = failure.Happened();
+    }
+    ASSERT_EQ(thread == nullptr, happened) << n;
+    if (thread == nullptr) continue;
+    EXPECT_GT(n, 2u) << "the thread's own memory has not been asked for";
+    EXPECT_EQ(Started(thread).ExitCode(), 40u);
+  }
+  app.m_pMainWnd = nullptr;
 }
 
 namespace {

@@ -35,7 +35,10 @@ void CWinThread::Delete() {
 
 BOOL CWinThread::InitInstance() { return FALSE; }
 
-int CWinThread::ExitInstance() { return static_cast<int>(m_msgCur.wParam); }
+// A program whose InitInstance shows a dialog and is done has had other messages.
+int CWinThread::ExitInstance() {
+  return m_msgCur.message == WM_QUIT ? static_cast<int>(m_msgCur.wParam) : 0;
+}
 
 int CWinThread::Run() {
   bool idling = true;

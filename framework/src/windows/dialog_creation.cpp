@@ -154,9 +154,17 @@ int CDialog::DoModal() {
   DisabledOwner disabled(owner);
   m_nModalResult = -1;
   m_nFlags |= WF_CONTINUEMODAL;  // OnInitDialog may end the dialog already
-  if (CreateDlgIndirect(contents, CWnd::FromHandle(owner), module) && life.hasWindow &&
-      (m_nFlags & WF_CONTINUEMODAL) != 0)
-    RunModalLoop(MLF_SHOWONIDLE | ((GetStyle() & DS_NOIDLEMSG) != 0 ? MLF_NOIDLEMSG : 0));
+  try {
+    if (CreateDlgIndirect(contents, CWnd::FromHandle(owner), module) && life.hasWindow &&
+        (m_nFlags & WF_CONTINUEMODAL) != 0)
+      RunModalLoop(MLF_SHOWONIDLE | ((GetStyle() & DS_NOIDLEMSG) != 0 ? MLF_NOIDLEMSG : 0));
+  } catch (...) {
+    // An override has thrown outside of a message: the caller gets it, without the window.
+    disabled.Enable();
+    if (life.object != nullptr) DestroyWindow();
+    if (life.object != nullptr) PostModal();
+    throw;
+  }
 
   // The owner comes back while the dialog is there, or the system would activate another program.
   disabled.Enable();
