@@ -15,7 +15,8 @@ class CCountedException : public CException {
 };
 IMPLEMENT_DYNAMIC(CCountedException, CException)
 
-// clang-format off: it takes the macros' braces for its own.
+// clang-format takes the macros' braces for its own.
+// clang-format off
 TEST(Exception, CatchMacrosDeleteWhatTheyCaught) {
   const char* caught = "none";
   TRY { THROW(new CCountedException); }
@@ -25,21 +26,21 @@ TEST(Exception, CatchMacrosDeleteWhatTheyCaught) {
   EXPECT_STREQ(caught, "counted");
   EXPECT_EQ(CCountedException::alive, 0);
 
-  TRY{TRY{THROW(new CCountedException);
-}
-CATCH_ALL(e) {
-  EXPECT_TRUE(e->IsKindOf(RUNTIME_CLASS(CCountedException)));
-  THROW_LAST();
-}
-END_CATCH_ALL
-}  // namespace
-CATCH(CException, e) {
-  EXPECT_EQ(CCountedException::alive, 1);
-  caught = "again";
-}
-END_CATCH
-EXPECT_STREQ(caught, "again");
-EXPECT_EQ(CCountedException::alive, 0);
+  TRY {
+    TRY { THROW(new CCountedException); }
+    CATCH_ALL(e) {
+      EXPECT_TRUE(e->IsKindOf(RUNTIME_CLASS(CCountedException)));
+      THROW_LAST();
+    }
+    END_CATCH_ALL
+  }
+  CATCH(CException, e) {
+    EXPECT_EQ(CCountedException::alive, 1);
+    caught = "again";
+  }
+  END_CATCH
+  EXPECT_STREQ(caught, "again");
+  EXPECT_EQ(CCountedException::alive, 0);
 }
 // clang-format on
 
