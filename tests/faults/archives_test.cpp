@@ -37,7 +37,7 @@ void WriteArchive(const TempFolder& folder, const char* name) {
     std::string bytes;
   } entries[] = {{"large", kLarge}, {"sub/text", kText}, {"read-only", "new"}};
   for (const auto& entry : entries) {
-    EXPECT_EQ(ZipAdd(archive, entry.name, const_cast<char*>(entry.bytes.data()),
+    EXPECT_EQ(ZipAdd(archive, entry.name, entry.bytes.data(),
                      static_cast<unsigned>(entry.bytes.size()), kZipMemory),
               kZipOk);
   }
@@ -85,10 +85,10 @@ TEST(Faults, ArchiveOverAnArchive) {
             Path path(folder, "a.zip");
             const HZIP archive = CreateZipZ(path, 0, kZipFileName);
             if (archive == nullptr) return false;
-            results[0] = ZipAdd(archive, "large", const_cast<char*>(large.data()),
-                                static_cast<unsigned>(large.size()), kZipMemory);
-            results[1] = ZipAdd(archive, "text", const_cast<char*>(text.data()),
-                                static_cast<unsigned>(text.size()), kZipMemory);
+            results[0] = ZipAdd(archive, "large", large.data(), static_cast<unsigned>(large.size()),
+                                kZipMemory);
+            results[1] = ZipAdd(archive, "text", text.data(), static_cast<unsigned>(text.size()),
+                                kZipMemory);
             results[2] = CloseZipZ(archive);
             return results[0] == kZipOk && results[1] == kZipOk && results[2] == kZipOk;
           },

@@ -216,8 +216,7 @@ TEST_F(ZipOpTest, NothingToExtract) {
 TEST_F(ZipOpTest, WhatIsNotExtractedIsReported) {
   const std::string archive = m_folder / "evil.zip";
   HZIP zip = CreateZipZ(const_cast<char*>(archive.c_str()), 0, kZipFileName);
-  for (const char* name : {"../outside", "taken", "good"})
-    ZipAdd(zip, name, const_cast<char*>("text"), 4, kZipMemory);
+  for (const char* name : {"../outside", "taken", "good"}) ZipAdd(zip, name, "text", 4, kZipMemory);
   CloseZipZ(zip);
   std::filesystem::create_directories(m_folder / "out\\taken\\folder");
 
