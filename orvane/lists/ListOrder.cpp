@@ -5,7 +5,10 @@
 
 namespace {
 
-int compareNumbers(uint32_t one, uint32_t two) { return one < two ? -1 : one > two; }
+template <class Number>
+int compareNumbers(Number one, Number two) {
+  return one < two ? -1 : one > two;
+}
 
 }  // namespace
 
@@ -35,12 +38,22 @@ int ListOrder::Compare(uint32_t one, uint32_t two) const {
   return m_descending ? -std::max(result, -INT_MAX) : result;
 }
 
-// A merge sort needs few comparisons, and stays within its rows whatever a comparison says.
-template <class CompareFirst>
-void ListOrder::SortEntries(std::vector<Entry>& entries, CompareFirst compareFirst) const {
+// A merge sort needs few comparisons, and stays within its rows whatever a comparison says. What
+// the first keys compare is at hand; the others, from `next` on, are looked up.
+template <class ValueOf, class CompareValue>
+void ListOrder::SortBy(ValueOf valueOf, CompareValue compareValue, int next,
+                       std::vector<uint32_t>& records) const {
+  struct Entry {
+    decltype(valueOf(0u)) value;
+    uint32_t record;
+  };
+  std::vector<Entry> entries(records.size());
+  std::transform(records.begin(), records.end(), entries.begin(), [&](uint32_t record) {
+    return Entry{valueOf(record), record};
+  });
   const auto compare = [&](const Entry& one, const Entry& two) {
-    const int result = compareFirst(one.value, two.value);
-    return result != 0 ? result : CompareFrom(1, one.record, two.record);
+    const int result = compareValue(one.value, two.value);
+    return result != 0 ? result : CompareFrom(next, one.record, two.record);
   };
   if (m_descending)
     std::stable_sort(entries.begin(), entries.end(),
@@ -48,40 +61,35 @@ void ListOrder::SortEntries(std::vector<Entry>& entries, CompareFirst compareFir
   else
     std::stable_sort(entries.begin(), entries.end(),
                      [&](const Entry& one, const Entry& two) { return compare(one, two) < 0; });
+  std::transform(entries.begin(), entries.end(), records.begin(),
+                 [](const Entry& entry) { return entry.record; });
 }
 
 void ListOrder::Sort(std::vector<uint32_t>& records) const {
-  using Value = ListDataMap::Value;
   if (m_count == 0) return;
   const Key& first = m_keys[0];
-  static char empty[] = "";
-  std::vector<Entry> entries(records.size());
-  std::transform(records.begin(), records.end(), entries.begin(), [&](uint32_t record) {
-    Value value = {};
-    if (first.kind == kTexts || first.kind == kNumbers) value = m_map.Slot(record, first.slot);
-    if (first.kind == kTexts && value.text == nullptr) value.text = empty;
-    if (first.kind == kIds) value.number = m_map.Id(record);
-    return Entry{value, record};
-  });
+  const auto number = [this](uint32_t record, const Key& key) {
+    return m_map.Slot(record, key.slot).number;
+  };
   switch (first.kind) {
     case kTexts:
-      SortEntries(entries, [fn = first.compareTexts](Value one, Value two) {
-        return fn(one.text, two.text);
-      });
-      break;
+      return SortBy([&](uint32_t record) { return m_map.Text(record, first.slot); },
+                    first.compareTexts, 1, records);
     case kIds:
-      SortEntries(entries, [fn = first.compareValues](Value one, Value two) {
-        return fn(one.number, two.number);
-      });
-      break;
+      return SortBy([&](uint32_t record) { return m_map.Id(record); }, first.compareValues, 1,
+                    records);
     case kNumbers:
-      SortEntries(entries,
-                  [](Value one, Value two) { return compareNumbers(one.number, two.number); });
-      break;
+      // Of few different ones, the states of documents for example, the next key decides mostly.
+      if (const Key& second = m_keys[1]; m_count > 1 && second.kind == kNumbers) {
+        return SortBy(
+            [&](uint32_t record) {
+              return uint64_t{number(record, first)} << 32 | number(record, second);
+            },
+            compareNumbers<uint64_t>, 2, records);
+      }
+      return SortBy([&](uint32_t record) { return number(record, first); },
+                    compareNumbers<uint32_t>, 1, records);
     case kNothing:
-      SortEntries(entries, [](Value, Value) { return 0; });
-      break;
+      return SortBy([](uint32_t) { return 0u; }, compareNumbers<uint32_t>, 1, records);
   }
-  std::transform(entries.begin(), entries.end(), records.begin(),
-                 [](const Entry& entry) { return entry.record; });
 }

@@ -38,18 +38,13 @@ class ListOrder {
     CompareTexts compareTexts;
     CompareValues compareValues;
   };
-  // A row to be sorted, with what its first key compares at hand.
-  struct Entry {
-    ListDataMap::Value value;
-    uint32_t record;
-  };
-
   void Add(const Key& key) {
     if (m_count < 4) m_keys[m_count++] = key;
   }
   int CompareFrom(int key, uint32_t one, uint32_t two) const;
-  template <class CompareFirst>
-  void SortEntries(std::vector<Entry>& entries, CompareFirst compareFirst) const;
+  template <class ValueOf, class CompareValue>
+  void SortBy(ValueOf valueOf, CompareValue compareValue, int next,
+              std::vector<uint32_t>& records) const;
 
   const ListDataMap& m_map;
   Key m_keys[4];
