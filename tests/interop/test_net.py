@@ -108,6 +108,10 @@ def an_uploaded_form(orv, folder):
             ]
             check_equal(head, expected, "the head of the form's part")
             check(payload == BYTES, f"{name}: other bytes arrived")
+            # Under Wine 8 one of about a hundred posts comes twice, as nginx's log of requests shows,
+            # although there was one HttpSendRequest: both have to be whole.
+            check(all(form == (head, payload) for form in web.forms), "another form came, too")
+            web.forms.clear()
         run(orv, "send", folder / "none", web.address, "/page/upload").expect(1)
         run(orv, "send", folder / "plain.zip", web.address, "/unchanged").expect(1)
         check_equal(web.forms, [], "forms")
