@@ -109,7 +109,7 @@ def an_uploaded_form(orv, folder):
             check_equal(head, expected, "the head of the form's part")
             check(payload == BYTES, f"{name}: other bytes arrived")
             # Under Wine 8 one of about a hundred posts comes twice, as nginx's log of requests shows,
-            # although there was one HttpSendRequest: both have to be whole.
+            # although WinInet's trace has one connection and one request: both have to be whole.
             check(all(form == (head, payload) for form in web.forms), "another form came, too")
             web.forms.clear()
         run(orv, "send", folder / "none", web.address, "/page/upload").expect(1)
